@@ -1,0 +1,111 @@
+#include "base/files.h"
+
+#include "base/code_page.h"
+#include "base/errors.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+
+namespace base {
+namespace fs = std::filesystem;
+namespace {
+
+bool isFile(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
+template <typename Wanted>
+std::vector<fs::path> filesWhere(const fs::path& folder, Wanted wanted) {
+    std::vector<fs::path> found;
+    std::error_code error;
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+        if (wanted(textOf(it->path().filename())) && isFile(it->path()))
+            found.push_back(it->path());
+    return found;
+}
+
+[[noreturn]] void failWriting(const fs::path& path) {
+    throw FileError("Can not write " + textOf(path) + "\nPlease check that the disk is not full and that you may write there");
+}
+
+}
+
+std::optional<fs::path> findFile(const fs::path& folder, std::string_view name) {
+    const auto exact = folder / pathOf(name);
+    if (isFile(exact))
+        return exact;
+    const auto found = filesWhere(folder, [&](const std::string& other) { return equalIgnoringCase(other, name); });
+    if (found.empty())
+        return std::nullopt;
+    return *std::min_element(found.begin(), found.end());
+}
+
+fs::path filePath(const fs::path& folder, std::string_view name) {
+    return findFile(folder, name).value_or(folder / pathOf(name));
+}
+
+std::vector<fs::path> filesEndingWith(const fs::path& folder, std::string_view ending) {
+    auto found = filesWhere(folder, [&](const std::string& name) {
+        return name.size() >= ending.size() && equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+    });
+    std::sort(found.begin(), found.end(), [](const fs::path& a, const fs::path& b) {
+        const auto upperA = upper(textOf(a.filename()));
+        const auto upperB = upper(textOf(b.filename()));
+        return upperA != upperB ? upperA < upperB : a < b;
+    });
+    return found;
+}
+
+std::optional<std::string> readFile(const fs::path& path) {
+    if (!isFile(path))
+        return std::nullopt;
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    if (!file)
+        return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
+    file.seekg(0);
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file)
+        return std::nullopt;
+    return bytes;
+}
+
+void replaceFile(const fs::path& path, std::string_view bytes) {
+    std::error_code error;
+    const auto target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
+    const auto beside = fs::path(target).concat(".new");
+    {
+        std::ofstream file(beside, std::ios::binary | std::ios::trunc);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        file.close();
+        if (file) {
+            if (isFile(target))
+                fs::permissions(beside, fs::status(target, error).permissions(), error);
+            fs::rename(beside, target, error);
+            if (!error)
+                return;
+        }
+    }
+    fs::remove(beside, error);
+    failWriting(path);
+}
+
+void overwriteFile(const fs::path& path, std::string_view bytes) {
+    std::error_code error;
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    if (!file)
+        file.open(path, std::ios::binary | std::ios::out | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        failWriting(path);
+    if (fs::file_size(path, error) != bytes.size())
+        fs::resize_file(path, bytes.size(), error);
+    if (error)
+        failWriting(path);
+}
+
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Whole files, and names that match without regard to case on every platform.
+namespace base {
+
+/// The file of that name in the folder, in whatever letter case it is stored; an exact match wins.
+/// The name is the program's own, so it holds no separator.
+[[nodiscard]] std::optional<std::filesystem::path> findFile(const std::filesystem::path& folder,
+                                                            std::string_view name);
+
+/// As `findFile`; where there is none, the path that the name would have.
+[[nodiscard]] std::filesystem::path filePath(const std::filesystem::path& folder, std::string_view name);
+
+/// The regular files of the folder whose names end so (".zip"), ascending without regard to case.
+/// A folder that cannot be read has none.
+[[nodiscard]] std::vector<std::filesystem::path> filesEndingWith(const std::filesystem::path& folder,
+                                                                 std::string_view ending);
+
+/// The bytes of a file; nothing if it cannot be opened or read.
+[[nodiscard]] std::optional<std::string> readFile(const std::filesystem::path& path);
+
+/// Writes beside the file and renames, so that a crash or a full disk never leaves half a file.
+/// Throws FileError and leaves the old file as it was.
+void replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// Writes over the old bytes and cuts to length: the fastest way for a page that is written at every
+/// step through the grid and is worth nothing after it. Throws FileError.
+void overwriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "catalog/code_index.h"
+#include "catalog/memo_file.h"
+#include "catalog/parameters.h"
+#include "catalog/record_file.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace catalog {
+
+/// The data files of a catalogue, by the names under which they stand in `DataFolder`.
+inline constexpr std::string_view parametersFile = "PrdPrm.dat";
+inline constexpr std::string_view productsFile = "Prdlst.dat";
+inline constexpr std::string_view groupsFile = "GrpIdx.idx";
+inline constexpr std::string_view indexFile = "PrdIdx.idx";
+inline constexpr std::string_view memosFile = "PrdMem.Dat";
+
+/// The three folders of a run. `DataFolder` and `UserFolder` are empty until a supplier is chosen.
+struct Folders {
+    std::filesystem::path ProgramFolder; ///< holds the program file
+    std::filesystem::path DataFolder;    ///< the chosen supplier's catalogue
+    std::filesystem::path UserFolder;    ///< User.ini, Basket.dat and the scratch page
+};
+
+/// One supplier's catalogue, open for reading as long as this object lives. The views that its tables
+/// hand out live as long.
+struct Catalog {
+    Parameters parameters;
+    ProductTable products;
+    GroupTable groups;
+    CodeIndex codes;
+    MemoFile memos;
+
+    /// The name of the group with this record number, trimmed; empty outside the file.
+    [[nodiscard]] std::string_view groupName(std::int32_t group) const { return groups.at(group).name(); }
+};
+
+/// Opens all files of the folder; the first one missing throws base::MissingFile.
+[[nodiscard]] Catalog openCatalog(const std::filesystem::path& dataFolder);
+
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "catalog/record_file.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+namespace catalog {
+
+/// PrdIdx.idx, from product code to record number (docs/file-formats.md, "Product index").
+/// Searched where it lies; nothing is built. Opening a missing file throws base::MissingFile.
+class CodeIndex {
+public:
+    explicit CodeIndex(const std::filesystem::path& path) : m_entries(path) {}
+
+    /// The record number of the product with this code, cut to 20 bytes and in any letter case;
+    /// 0 when there is none. In an index that is out of order the answer may be 0.
+    [[nodiscard]] std::int32_t find(std::string_view code) const;
+
+private:
+    Table<IndexRecord> m_entries;
+};
+
+}

@@ -1,0 +1,43 @@
+#include "catalog/parameters.h"
+
+#include "base/code_page.h"
+#include "base/errors.h"
+#include "base/files.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace catalog {
+
+Parameters::Parameters(const std::filesystem::path& path) {
+    const auto bytes = base::readFile(path);
+    if (!bytes)
+        throw base::MissingFile(path);
+    if (bytes->size() < recordCount * ParameterHeader::length)
+        throw base::DamagedFile(path);
+    const auto records = std::as_bytes(std::span(*bytes));
+    std::copy_n(records.begin(), m_header.size(), m_header.begin());
+    for (std::size_t number = 2; number <= recordCount; ++number)
+        m_texts[number] = base::trim(
+            base::readText(records, (number - 1) * ParameterHeader::length, ParameterHeader::length));
+    std::erase(m_texts[static_cast<std::size_t>(ParameterText::taxName)], '%');
+}
+
+const std::string& Parameters::text(ParameterText which) const {
+    return m_texts.at(static_cast<std::size_t>(which));
+}
+
+void storeCatalogPassword(const std::filesystem::path& path, std::string_view password) {
+    constexpr auto field = ParameterHeader::catalogPasswordField;
+    std::array<char, field.width> stored{};
+    base::writeText(std::as_writable_bytes(std::span(stored)), 0, field.width, base::upper(password));
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(field.offset);
+    file.write(stored.data(), stored.size());
+    file.close();
+    if (!file)
+        throw base::FileError("Can not write the password to " + base::textOf(path) +
+                              "\nPlease check that you may write to this file");
+}
+
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "catalog/records.h"
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace catalog {
+
+/// The parameter texts by their record numbers in PrdPrm.dat.
+enum class ParameterText : std::size_t {
+    supplierName = 2,
+    supplierEmail,
+    supplierFax,
+    catalogName,
+    supplierStreet,
+    supplierCity,
+    supplierState,
+    supplierZip,
+    supplierCountry,
+    supplierPhone,
+    supplierCell,
+    supplierWeb,
+    codeCaption,
+    descriptionCaption,
+    extraCaption,
+    taxName,
+    priceCaption,
+    currency
+};
+
+/// PrdPrm.dat, read whole (docs/file-formats.md, "Parameters").
+class Parameters {
+public:
+    static constexpr std::size_t recordCount = 19;
+
+    /// A missing file throws base::MissingFile, one with fewer than 19 records base::DamagedFile.
+    explicit Parameters(const std::filesystem::path& path);
+
+    [[nodiscard]] ParameterHeader header() const { return ParameterHeader(m_header); }
+
+    /// Trimmed; the tax name without its "%" signs.
+    [[nodiscard]] const std::string& text(ParameterText which) const;
+
+    /// Only "N" means that the catalogue charges no tax.
+    [[nodiscard]] bool chargesTax() const { return header().taxSwitch() != 'N'; }
+
+private:
+    std::array<std::byte, ParameterHeader::length> m_header{};
+    std::array<std::string, recordCount + 1> m_texts; // by record number; 0 and 1 stay empty
+};
+
+/// Puts a password into the file in place: upper case, cut to nine characters, padded with blanks. An
+/// empty one clears it. Only these nine bytes are written, in one go. Throws base::FileError and
+/// leaves the file as it was where it cannot be written.
+void storeCatalogPassword(const std::filesystem::path& path, std::string_view password);
+
+}

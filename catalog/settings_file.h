@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace catalog {
+
+/// The two settings files and their places.
+inline constexpr std::string_view userSettingsFile = "User.ini";   ///< in `UserFolder`
+inline constexpr std::string_view startSettingsFile = "Start.ini"; ///< in `ProgramFolder`
+
+/// One settings file (docs/file-formats.md, "Settings files"), read and written a key at a time; it is
+/// never held open. Section and key match without regard to case.
+class SettingsFile {
+public:
+    explicit SettingsFile(std::filesystem::path path) : m_path(std::move(path)) {}
+
+    /// Trimmed, at most 249 characters; empty where file, section or key is missing.
+    [[nodiscard]] std::string read(std::string_view section, std::string_view key) const;
+
+    /// Changes this value and no other byte of the file; makes file, section and key as needed. The file
+    /// is replaced in one step. A failure is not reported and leaves the file as it was. A line break
+    /// inside the value would start another line of the file, so it is written as a blank.
+    void write(std::string_view section, std::string_view key, std::string_view value) const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+}

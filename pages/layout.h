@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace pages {
+
+/// Three texts that follow from the screen's size and stand for {LS}, {FS1} and {FS2} in every
+/// template: a layout size and two steps of font size.
+struct LayoutSizes {
+    std::string LS;
+    std::string FS1;
+    std::string FS2;
+};
+
+/// Whether the order is charged with tax.
+enum class TaxStatus { taxed, exempt };
+
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace platform {
+
+/// A browser control that shows pages from files.
+class Browser {
+public:
+    virtual ~Browser() = default;
+
+    /// Shows the page under the file's own address. The bytes are those just written to the file, and
+    /// they are what is shown, whatever the file holds by the time the browser gets to it.
+    /// Returns at once; of several calls in a burst only the last need be shown.
+    virtual void show(const std::filesystem::path& file, std::string_view bytes) = 0;
+};
+
+}

@@ -1,0 +1,61 @@
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace {
+
+TEST(Text, TrimTakesBlanksOnly) {
+    EXPECT_EQ(base::trim("  a b  "), "a b");
+    EXPECT_EQ(base::trim("\n a\t\xA0 "), "\n a\t\xA0");
+    EXPECT_EQ(base::trim("   "), "");
+}
+
+TEST(Text, UpperCaseStaysInsideTheCodePage) {
+    EXPECT_EQ(base::upper("aZ\xE9\xFC\xFF\x9C"), "AZ\xC9\xDC\x9F\x8C");
+    EXPECT_EQ(base::upper("\xDF\xB5\xF7\xD7"), "\xDF\xB5\xF7\xD7");
+}
+
+TEST(Text, ReplacingDoesNotLookAtWhatItPutIn) {
+    EXPECT_EQ(base::replaceAll("aXbX", "X", "XX"), "aXXbXX");
+    EXPECT_EQ(base::replaceAll("abc", "", "x"), "abc");
+}
+
+TEST(CodePage, EveryByteSurvivesTheRoundTrip) {
+    std::string all;
+    for (int i = 0; i < 256; ++i)
+        all += static_cast<char>(i);
+    EXPECT_EQ(base::fromUtf8(base::toUtf8(all)), all);
+}
+
+TEST(CodePage, CharactersOutsideItAreHeldAsReferencesAndShownAgain) {
+    const std::string typed = "π & €5 \U0001F600 &#65;";
+    const auto held = base::fromUtf8(typed);
+    EXPECT_EQ(held, "&#960; & \x80" "5 &#128512; &#65;");
+    EXPECT_EQ(base::shownAsUtf8(held), typed);
+    EXPECT_EQ(base::shownAsUtf8("&#55296; &#; &#x3c0; &#99999999; &"), "&#55296; &#; &#x3c0; &#99999999; &");
+}
+
+TEST(CodePage, BytesThatAreNotUtf8StayAsTheyAre) {
+    EXPECT_EQ(base::fromUtf8("a\xFF\xC3(\xC0\xAF\xED\xA0\x80"), "a\xFF\xC3(\xC0\xAF\xED\xA0\x80");
+}
+
+TEST(Files, NamesMatchWithoutRegardToCase) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / "files_test";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    for (const char* name : {"b.ZIP", "A.zip", "PRDPRM.DAT", "Über.zip"})
+        std::ofstream(folder / name) << name;
+    EXPECT_EQ(base::findFile(folder, "PrdPrm.dat"), folder / "PRDPRM.DAT");
+    EXPECT_EQ(base::findFile(folder, "Other.dat"), std::nullopt);
+    EXPECT_EQ(base::filesEndingWith(folder, ".zip"),
+              (std::vector{folder / "A.zip", folder / "b.ZIP", folder / "Über.zip"}));
+    base::overwriteFile(folder / "page.htm", "a longer page");
+    base::overwriteFile(folder / "page.htm", "short");
+    EXPECT_EQ(base::readFile(folder / "page.htm"), "short");
+}
+
+}
