@@ -11,14 +11,20 @@ class Archive {
 public:
     virtual ~Archive() = default;
 
-    enum class Result { extracted, nothingMatched, failed, tooLarge };
+    enum class Result {
+        extracted,      ///< at least one entry matched, and every one that did is complete on the disk
+        nothingMatched, ///< the archive is readable and holds no such entry
+        failed,         ///< damaged, encrypted, or packed in a way that is not known
+        notWritten,     ///< the folder cannot be written, or the disk is full
+        tooLarge, ///< all its entries together unpack to more than 2 GiB, or there are more than 100,000
+        cancelled ///< the user has closed the window meanwhile
+    };
 
-    /// Extracts the entries that match the mask into the folder, over files that are there already.
-    /// "*" means everything, sub-folders kept; any other mask ("ACME.sup", "*PrdPrm.dat") is compared
-    /// with the names of top-level entries, without regard to case. Entries whose path would leave the
-    /// folder are passed over. `extracted` means that at least one entry matched and every one that
-    /// did is complete on the disk. An archive that would unpack to more than 2 GiB or 100,000 files
-    /// is `tooLarge` and leaves nothing.
+    /// Extracts the entries that match the mask into the folder, over files that are there already in
+    /// whatever letter case. "*" means everything, sub-folders kept; any other mask ("ACME.sup",
+    /// "*PrdPrm.dat") is compared with the names of top-level entries, without regard to case. Entries
+    /// whose path would leave the folder are passed over. Unless everything that matches is extracted,
+    /// nothing is.
     /// The caller waits; the windows stay alive meanwhile.
     virtual Result extract(const std::filesystem::path& archive, std::string_view mask,
                            const std::filesystem::path& folder) = 0;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/archive.h"
+#include "platform/message_box.h"
+
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace app {
+
+class WelcomeWindow;
+
+/// Turns the zip files that lie in `ProgramFolder` into supplier folders, new or updated
+/// (docs/supplier-folders.md). An install or update is all or nothing; what goes wrong with one zip is
+/// told in one message and does not stop the others.
+class CatalogZips {
+public:
+    CatalogZips(std::filesystem::path programFolder, platform::Archive& archive,
+                platform::MessageBox& messages, WelcomeWindow& window);
+
+    /// Puts an installation that was interrupted back to what it was, then takes the zips one by one.
+    /// Throws base::Quit when the user closes the window meanwhile.
+    void installAll();
+
+private:
+    struct Zip;
+
+    [[nodiscard]] std::optional<std::filesystem::path> nextZip() const;
+    void process(const std::filesystem::path& path);
+    [[nodiscard]] bool install(const Zip& zip);
+    [[nodiscard]] bool isUpdateWanted(const Zip& zip, const std::filesystem::path& installed);
+    void remove(const std::filesystem::path& zip);
+
+    std::filesystem::path m_programFolder;
+    platform::Archive& m_archive;
+    platform::MessageBox& m_messages;
+    WelcomeWindow& m_window;
+    std::set<std::filesystem::path> m_processed;
+    std::filesystem::path m_lastInstalledParameters;
+};
+
+}

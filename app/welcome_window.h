@@ -1,0 +1,40 @@
+#pragma once
+
+#include "app/session.h"
+
+#include <string_view>
+
+namespace app {
+
+/// What start-up asks of the window `Welcome`. Texts are in the code page; a line feed starts a new line.
+class WelcomeWindow {
+public:
+    virtual ~WelcomeWindow() = default;
+
+    virtual void setCaption(std::string_view caption) = 0;
+
+    /// The status label's text; seen before the call returns, since unpacking follows.
+    virtual void setStatus(std::string_view text) = 0;
+
+    /// Shows `lbPassword` with this prompt, `txtPassword` and `cbNext` 0. Both entries are empty, and
+    /// what belongs to setting a password is hidden, whatever was shown for another supplier before.
+    virtual void showPasswordEntry(std::string_view prompt) = 0;
+
+    /// Puts the focus into `txtPassword` as soon as the page is up (`Timer1`).
+    virtual void focusPasswordOncePageIsUp() = 0;
+
+    /// Hides `cbNext` 0, shows `cbNext` 1, `lbConfirm` and `txtConfirm`, and puts the focus into
+    /// `txtConfirm`.
+    virtual void showPasswordConfirmation() = 0;
+
+    /// Empties `txtPassword` and puts the focus into it.
+    virtual void retryPassword() = 0;
+
+    /// Empties `txtConfirm` and `txtPassword` and puts the focus into `txtPassword`.
+    virtual void retryPasswordAndConfirmation() = 0;
+
+    /// Shows the main window on this catalogue and hides this one, which stays in being.
+    virtual void openMainWindow(const Session& session) = 0;
+};
+
+}
