@@ -13,7 +13,7 @@ class ExtractionProgress {
 public:
     virtual ~ExtractionProgress() = default;
 
-    /// Called about once a megabyte, on the extracting thread. False cancels.
+    /// Called for every entry and every megabyte, on the extracting thread. False cancels.
     virtual bool advanced(std::uint64_t done, std::uint64_t total) = 0;
 };
 
@@ -32,7 +32,7 @@ public:
     explicit ZipExtractor(ExtractionLimits limits = {}) : m_limits(limits) {}
 
     /// Nothing of a cancelled or failed extraction stays: what is unpacked waits in a folder of its own
-    /// inside the target and moves to its place when all of it is complete.
+    /// inside the target, which must be there, and moves to its place when all of it is complete.
     [[nodiscard]] Result extract(const std::filesystem::path& archive, std::string_view mask,
                                  const std::filesystem::path& folder,
                                  ExtractionProgress* progress = nullptr) const;
