@@ -11,7 +11,9 @@
 
 namespace app {
 
+class StagedFolder;
 class WelcomeWindow;
+struct CatalogIdentity;
 
 /// Turns the zip files that lie in `ProgramFolder` into supplier folders, new or updated
 /// (docs/supplier-folders.md). An install or update is all or nothing; what goes wrong with one zip is
@@ -29,10 +31,15 @@ private:
     struct Zip;
 
     [[nodiscard]] std::optional<std::filesystem::path> nextZip() const;
-    void process(const std::filesystem::path& path);
-    [[nodiscard]] bool install(const Zip& zip);
-    [[nodiscard]] bool isUpdateWanted(const Zip& zip, const std::filesystem::path& installed);
-    void remove(const std::filesystem::path& zip);
+    void process(const Zip& zip);
+    void install(const Zip& zip);
+    void add(const Zip& zip);
+    void update(const Zip& zip, const std::filesystem::path& installedParameters);
+    [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
+    void unpackInto(const Zip& zip, StagedFolder& staged);
+    [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
+    void refreshLogo(const Zip& zip);
+    void complain(std::string_view text);
 
     std::filesystem::path m_programFolder;
     platform::Archive& m_archive;

@@ -29,6 +29,10 @@ struct Surroundings {
     std::filesystem::path ownFolder; ///< the user's own folder, made when it is needed
 };
 
+/// Whether an address, as a person reads it, is the program's own page, the only one that the start-up
+/// browser may load.
+[[nodiscard]] bool isOwnPage(std::string_view target);
+
 /// From the program's start until the main window opens. The window calls `run` once when it loads and
 /// the others for what the user does. Every call may throw base::ProgramEnd, base::Quit or
 /// base::FileError; after a FileError the user is where he was.
@@ -40,8 +44,8 @@ public:
     void run();
 
     /// A link in the start-up browser, as a person reads it: escapes decoded, no "file:", separators as
-    /// backslashes. True when the browser may load it, which holds for the program's own page only.
-    /// Choosing a supplier shows another page in the browser, so call it outside the browser's own event.
+    /// backslashes. True when the browser may load it, as `isOwnPage` tells beforehand: boxes, unpacking
+    /// and another page may follow from the click, so call this outside the browser's own event.
     [[nodiscard]] bool linkClicked(std::string_view target);
 
     /// `cbNext` 0, with the text of `txtPassword`.
@@ -57,13 +61,12 @@ private:
     void askForEmailOnFirstRun();
     void choosePageSizes();
     void showSupplierList();
-    void chooseOnlySupplier(const std::string& folderName);
-    void chooseFromList(const Supplier& supplier);
-    void openSupplier();
-    void showWelcomePage();
-    void removeSupplier(const Supplier& supplier);
-    void openMainWindow();
-    [[nodiscard]] std::filesystem::path writableUserFolder() const;
+    void open(const Supplier& supplier, bool isReadOnly);
+    void showWelcomePage(const catalog::Parameters& parameters);
+    void showPage(const std::filesystem::path& folder, const std::string& page);
+    void remove(const Supplier& supplier);
+    void offerAnotherTry(std::string_view complaint);
+    [[nodiscard]] std::filesystem::path parametersPath() const;
 
     Surroundings m_out;
     Session m_session;

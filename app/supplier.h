@@ -37,12 +37,11 @@ class MarkerFiles {
 public:
     MarkerFiles(std::filesystem::path programFolder, platform::MessageBox& messages);
 
-    /// In order of their names without regard to case. A single marker is not read: its supplier is
-    /// known by the folder's name alone.
+    /// In order of their names without regard to case. A single marker always counts, since no list is
+    /// shown; what it does not tell is the folder's name.
     [[nodiscard]] std::vector<Supplier> suppliers();
 
 private:
-    [[nodiscard]] std::optional<Supplier> read(const std::filesystem::path& marker);
     void reportOnce(const std::filesystem::path& marker);
 
     std::filesystem::path m_programFolder;

@@ -20,6 +20,9 @@ public:
     /// what belongs to setting a password is hidden, whatever was shown for another supplier before.
     virtual void showPasswordEntry(std::string_view prompt) = 0;
 
+    /// Hides everything of the password step; the supplier list has none.
+    virtual void hidePasswordEntry() = 0;
+
     /// Puts the focus into `txtPassword` as soon as the page is up (`Timer1`).
     virtual void focusPasswordOncePageIsUp() = 0;
 
