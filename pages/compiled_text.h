@@ -1,0 +1,61 @@
+#pragma once
+
+#include "pages/decided_values.h"
+#include "pages/fields.h"
+#include "pages/render_guard.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace pages {
+
+/// A text of bytes and of marks that stand for the values of decided blocks.
+using MarkedText = std::u16string;
+
+[[nodiscard]] MarkedText markedText(std::string_view bytes);
+[[nodiscard]] char16_t markOf(unsigned field);
+[[nodiscard]] bool isMark(char16_t character);
+/// The bytes; the text must hold no mark.
+[[nodiscard]] std::string bytesOf(const MarkedText& text);
+
+/// A text taken apart once into literals and fields. Filling it gives what replacing its tags one after
+/// the other gives, as long as no value holds a "{".
+class CompiledText {
+public:
+    CompiledText() = default;
+    CompiledText(const MarkedText& text, const Fields& fields);
+
+    /// The text's tags cannot be told before the values are there ("{a{b}"): replace them one by one.
+    [[nodiscard]] bool isPlainOnly() const { return m_plainOnly; }
+
+    /// A "{" with no "}" behind it remains, which text that follows could close.
+    [[nodiscard]] bool endsOpen() const { return m_endsOpen; }
+
+    /// How many different tags it has.
+    [[nodiscard]] std::size_t replacements() const { return m_replacements; }
+
+    /// Appends the filled text. False when a value holds a "{": what was appended is then worth nothing.
+    [[nodiscard]] bool append(const Fields& fields, const DecidedValues& decided, std::string& out,
+                              RenderGuard& guard) const;
+
+private:
+    enum class Source : unsigned char { literal, field, decided };
+
+    struct Piece {
+        Source source;
+        unsigned field;
+        std::size_t start; // of the literal
+        std::size_t size;
+    };
+
+    void addText(const MarkedText& text, std::size_t start, std::size_t end);
+
+    std::string m_literals;
+    std::vector<Piece> m_pieces;
+    std::size_t m_replacements = 0;
+    bool m_plainOnly = false;
+    bool m_endsOpen = false;
+};
+
+}

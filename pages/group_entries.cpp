@@ -1,0 +1,60 @@
+#include "pages/group_entries.h"
+
+#include "base/text.h"
+
+namespace pages {
+namespace {
+
+constexpr std::size_t mostEntries = 50;
+constexpr std::string_view tableOfContents = "TABLE OF CONTENTS";
+constexpr std::int32_t firstTopLevelGroup = 2;
+
+using RecordNumbers = std::vector<std::int32_t>;
+
+// The own records of a group and of the groups behind it with the same parent.
+RecordNumbers siblingsFrom(const catalog::GroupTable& groups, std::int32_t first) {
+    RecordNumbers numbers;
+    const auto parent = groups.at(first).parent();
+    for (auto group = first; group <= groups.count() && numbers.size() < mostEntries; ++group) {
+        if (groups.at(group).parent() != parent)
+            break;
+        numbers.push_back(groups.at(group).headerRecord());
+    }
+    return numbers;
+}
+
+RecordNumbers productsBehind(const catalog::ProductTable& products, std::int32_t header) {
+    RecordNumbers numbers;
+    if (header < 1)
+        return numbers;
+    const auto group = products.at(header).group();
+    for (auto number = header; number < products.count() && numbers.size() < mostEntries; ++number) {
+        // Deliberate: the first record behind the header is listed whatever its group.
+        if (!numbers.empty() && products.at(number + 1).group() != group)
+            break;
+        numbers.push_back(number + 1);
+    }
+    return numbers;
+}
+
+}
+
+std::int32_t groupOf(const catalog::ProductRecord& record) {
+    return record.group() == 0 ? 1 : record.group();
+}
+
+std::string_view groupDescription(const catalog::Catalog& catalog, const catalog::ProductRecord& record) {
+    const auto group = groupOf(record);
+    return catalog.groupName(record.isProduct() ? group : catalog.groups.at(group).parent());
+}
+
+std::vector<std::int32_t> groupEntries(const catalog::Catalog& catalog, std::int32_t recordNumber) {
+    const auto group = catalog.groups.at(groupOf(catalog.products.at(recordNumber)));
+    if (base::equalIgnoringCase(group.name(), tableOfContents))
+        return siblingsFrom(catalog.groups, firstTopLevelGroup);
+    if (group.firstChild() >= 1)
+        return siblingsFrom(catalog.groups, group.firstChild());
+    return productsBehind(catalog.products, recordNumber);
+}
+
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "catalog/catalog.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace pages {
+
+/// The group that a record of the product list belongs to; group number 0 means group 1.
+[[nodiscard]] std::int32_t groupOf(const catalog::ProductRecord& record);
+
+/// The name that stands for {GRPDESC}: a product's group, or the parent of a group. Empty for a group
+/// without a parent.
+[[nodiscard]] std::string_view groupDescription(const catalog::Catalog& catalog,
+                                                const catalog::ProductRecord& record);
+
+/// The records of the product list that the page of a group's own record lists, at most 50: for the table
+/// of contents the groups of the top level, for a group with sub-groups these, else the products that
+/// follow the record.
+[[nodiscard]] std::vector<std::int32_t> groupEntries(const catalog::Catalog& catalog,
+                                                     std::int32_t recordNumber);
+
+}

@@ -1,0 +1,169 @@
+#include "pages/prepared_template.h"
+
+#include "pages/plain_rendering.h"
+#include "pages/template_text.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace pages {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+
+/// For pages without rows.
+class NoEntries : public Entries {
+public:
+    explicit NoEntries(const Fields& page) : m_page(page) {}
+
+    [[nodiscard]] std::size_t count() const override { return 0; }
+
+    [[nodiscard]] const Fields& entry(std::size_t /*index*/) override { return m_page; }
+
+private:
+    const Fields& m_page;
+};
+
+// Few enough to be looked through, and to keep a huge template from filling the memory.
+std::size_t mostVariantsOf(std::size_t templateSize) {
+    constexpr std::size_t mostBytes = 4 * 1024 * 1024;
+    constexpr std::size_t most = 32;
+    return std::clamp<std::size_t>(mostBytes / (templateSize + 1), 1, most);
+}
+
+// A value put in the place of such a mark could complete a row marker.
+bool marksFollowMarkerStart(const MarkedText& text) {
+    static constexpr std::u16string_view starts[] = {u"<",   u"</",  u"<R",   u"</R",
+                                                     u"<R1", u"<R2", u"</R1", u"</R2"};
+    const auto follows = [&](std::size_t at) {
+        const auto before = std::u16string_view(text).substr(0, at);
+        return std::any_of(std::begin(starts), std::end(starts),
+                           [&](auto start) { return before.ends_with(start); });
+    };
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (isMark(text[i]) && follows(i))
+            return true;
+    return false;
+}
+
+}
+
+PreparedTemplate::PreparedTemplate(std::filesystem::path path, std::string text, RowBlocks rows,
+                                   unsigned columns)
+    : m_path(std::move(path)),
+      m_text(std::move(text)),
+      m_rows(rows),
+      m_columns(columns == 0 ? std::numeric_limits<std::size_t>::max() : columns),
+      m_mostVariants(mostVariantsOf(m_text.size())) {}
+
+void PreparedTemplate::render(const Fields& fields, std::string& out) {
+    NoEntries entries(fields);
+    render(fields, entries, out);
+}
+
+void PreparedTemplate::render(const Fields& fields, Entries& entries, std::string& out) {
+    const auto start = out.size();
+    m_decided.clear();
+    const auto& variant = variantFor(fields);
+    if (append(variant, fields, entries, out))
+        return;
+    out.resize(start);
+    renderPlainly(m_path, m_text, m_rows, m_columns, fields, entries, out);
+}
+
+const PreparedTemplate::Variant& PreparedTemplate::variantFor(const Fields& fields) {
+    for (const auto& variant : m_variants)
+        if (matches(variant, fields))
+            return variant;
+    if (m_variants.size() >= m_mostVariants)
+        m_variants.clear();
+    return m_variants.emplace_back(compile(fields));
+}
+
+bool PreparedTemplate::matches(const Variant& variant, const Fields& fields) {
+    return std::all_of(variant.decisions.begin(), variant.decisions.end(), [&](const Decision& decision) {
+        return m_decided.keeps(decision.field, fields) == decision.kept;
+    });
+}
+
+PreparedTemplate::Variant PreparedTemplate::compile(const Fields& fields) {
+    RenderGuard guard(m_path);
+    Variant variant;
+    auto text = markedText(m_text);
+    while (auto block = firstBlock(text, guard)) {
+        variant.plainOnly = std::any_of(block->tag.begin(), block->tag.end(), isMark);
+        if (variant.plainOnly)
+            return variant;
+        const auto field = fields.number(bytesOf(block->tag));
+        const bool kept = m_decided.keeps(field, fields);
+        if (field != 0)
+            variant.decisions.push_back({field, kept});
+        settleBlock(text, *std::move(block), kept ? MarkedText(1, markOf(field)) : MarkedText(), guard);
+        ++variant.blocks;
+    }
+    compileParts(variant, text, fields);
+    return variant;
+}
+
+void PreparedTemplate::compileParts(Variant& variant, const MarkedText& text, const Fields& fields) const {
+    RowParts<MarkedText> parts;
+    if (m_rows == RowBlocks::none)
+        parts.header = text;
+    else
+        parts = splitAtRows(text, RenderGuard(m_path));
+    variant.header = CompiledText(parts.header, fields);
+    variant.trailer = CompiledText(parts.trailer, fields);
+    variant.hasRows = parts.hasRows && m_rows == RowBlocks::repeated;
+    if (variant.hasRows) {
+        variant.rowsAreEqual = !parts.secondRow;
+        variant.firstRow = CompiledText(parts.firstRow, fields);
+        variant.secondRow = CompiledText(parts.secondRow.value_or(parts.firstRow), fields);
+    }
+    variant.plainOnly = marksFollowMarkerStart(text) || variant.header.isPlainOnly() ||
+                        variant.trailer.isPlainOnly() || variant.firstRow.isPlainOnly() ||
+                        variant.secondRow.isPlainOnly() || variant.firstRow.endsOpen() ||
+                        variant.secondRow.endsOpen();
+}
+
+bool PreparedTemplate::append(const Variant& variant, const Fields& fields, Entries& entries,
+                              std::string& out) {
+    if (variant.plainOnly || m_decided.holdTemplateText())
+        return false;
+    RenderGuard guard(m_path);
+    guard.countReplacements(variant.blocks);
+    return variant.header.append(fields, m_decided, out, guard) &&
+           (!variant.hasRows || appendRows(variant, entries, out, guard)) &&
+           variant.trailer.append(fields, m_decided, out, guard);
+}
+
+bool PreparedTemplate::appendRows(const Variant& variant, Entries& entries, std::string& out,
+                                  RenderGuard& guard) {
+    const auto count = entries.count();
+    for (std::size_t i = 0; i < count;) {
+        m_secondLine.clear();
+        out += lineEnd;
+        const auto rowEnd = i + std::min(m_columns, count - i);
+        for (; i < rowEnd; ++i)
+            if (!appendCell(variant, entries.entry(i), out, guard))
+                return false;
+        out.append(lineEnd).append(lineEnd).append(m_secondLine).append(lineEnd);
+        guard.checkSize(out.size());
+    }
+    return true;
+}
+
+bool PreparedTemplate::appendCell(const Variant& variant, const Fields& entry, std::string& out,
+                                  RenderGuard& guard) {
+    const auto start = out.size();
+    if (!variant.firstRow.append(entry, m_decided, out, guard))
+        return false;
+    if (!variant.rowsAreEqual)
+        return variant.secondRow.append(entry, m_decided, m_secondLine, guard);
+    guard.countReplacements(variant.firstRow.replacements());
+    m_secondLine.append(out, start);
+    guard.checkSize(m_secondLine.size());
+    return true;
+}
+
+}

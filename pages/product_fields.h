@@ -1,0 +1,46 @@
+#pragma once
+
+#include "catalog/memo_file.h"
+#include "catalog/records.h"
+#include "pages/fields.h"
+#include "pages/layout.h"
+#include "pages/parameter_fields.h"
+
+#include <string>
+#include <string_view>
+
+namespace pages {
+
+/// All tags of catalogue pages, for one record at a time (docs/template-language.md, "Tags").
+/// Parameters and memos must live as long.
+class ProductFields : public Fields {
+public:
+    ProductFields(const ParameterFields& parameters, const catalog::MemoFile& memos)
+        : m_parameters(parameters), m_memos(memos) {}
+
+    /// The record whose values are told from now on; nothing may be told before. The record's bytes and
+    /// the group's name must live as long as values are asked for.
+    void show(const catalog::ProductRecord& record, std::string_view groupDescription, TaxStatus tax);
+
+    [[nodiscard]] unsigned number(std::string_view tag) const override;
+    void append(unsigned number, std::string& out) const override;
+
+private:
+    void appendPicture(std::string& out) const;
+    void appendTaxRate(std::string& out) const;
+    void appendTax(std::string& out) const;
+    void appendPriceWithTax(std::string& out) const;
+    void appendLongDescription(std::string& out) const;
+
+    const ParameterFields& m_parameters;
+    const catalog::MemoFile& m_memos;
+    catalog::ProductRecord m_record{catalog::RecordBytes()};
+    // The record's text is cut once and used often.
+    std::string_view m_code;
+    std::string_view m_description;
+    std::string_view m_other;
+    std::string_view m_groupDescription;
+    TaxStatus m_tax = TaxStatus::taxed;
+};
+
+}
