@@ -20,7 +20,7 @@ MappedFile::MappedFile(const std::filesystem::path& path) {
         throw MissingFile(path);
     try {
         ipc::file_mapping file(path.string().c_str(), ipc::read_only);
-        if (std::filesystem::file_size(path) == 0)
+        if (std::filesystem::file_size(path, error) == 0)
             return; // an empty file cannot be mapped
         ipc::mapped_region region(file, ipc::read_only);
         m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};
