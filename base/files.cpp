@@ -35,13 +35,6 @@ fs::path behindLinks(const fs::path& path) {
     return error ? path : target;
 }
 
-// A rename would pass over the protection of a file that nobody may write.
-bool isWriteProtected(const fs::path& path) {
-    constexpr auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    std::error_code ignored;
-    return isFile(path) && (fs::status(path, ignored).permissions() & write) == fs::perms::none;
-}
-
 // Writes a file anew; what was written of it goes when that fails.
 bool writeNew(const fs::path& path, std::string_view bytes) {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -104,11 +97,17 @@ std::optional<std::string> readFile(const fs::path& path) {
     return bytes;
 }
 
+bool isReadOnly(const fs::path& path) {
+    constexpr auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code ignored;
+    return isFile(path) && (fs::status(path, ignored).permissions() & write) == fs::perms::none;
+}
+
 void replaceFile(const fs::path& path, std::string_view bytes) {
     std::error_code error;
     const auto target = behindLinks(path);
     const auto beside = fs::path(target).concat(".new");
-    if (isWriteProtected(target) || !writeNew(beside, bytes))
+    if (isReadOnly(target) || !writeNew(beside, bytes))
         failWriting(path);
     if (isFile(target))
         fs::permissions(beside, fs::status(target, error).permissions(), error);

@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/errors.h"
+#include "base/files.h"
 #include "base/mapped_file.h"
 
 #include <algorithm>
@@ -30,7 +31,9 @@ void storeCatalogPassword(const std::filesystem::path& path, std::string_view pa
     constexpr auto field = ParameterHeader::catalogPasswordField;
     std::array<char, field.width> stored{};
     base::writeText(std::as_writable_bytes(std::span(stored)), 0, field.width, base::upper(password));
-    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    std::fstream file;
+    if (!base::isReadOnly(path))
+        file.open(path, std::ios::binary | std::ios::in | std::ios::out);
     file.seekp(field.offset);
     file.write(stored.data(), stored.size());
     file.close();
