@@ -1,4 +1,5 @@
 #include "base/code_page.h"
+#include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
 
@@ -42,6 +43,24 @@ TEST(CodePage, CharactersOutsideItAreHeldAsReferencesAndShownAgain) {
 
 TEST(CodePage, BytesThatAreNotUtf8StayAsTheyAre) {
     EXPECT_EQ(base::fromUtf8("a\xFF\xC3(\xC0\xAF\xED\xA0\x80"), "a\xFF\xC3(\xC0\xAF\xED\xA0\x80");
+}
+
+TEST(Files, ReplacingWritesThroughALinkAndLeavesReadOnlyFilesAlone) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / "files_replace_test";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder / "real");
+    base::replaceFile(folder / "real" / "a.txt", "old");
+    std::filesystem::create_symlink(folder / "real" / "a.txt", folder / "link.txt");
+    base::replaceFile(folder / "link.txt", "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.txt"));
+    EXPECT_EQ(base::readFile(folder / "real" / "a.txt"), "new");
+
+    std::filesystem::permissions(folder / "real" / "a.txt", std::filesystem::perms::owner_read);
+    EXPECT_THROW(base::replaceFile(folder / "link.txt", "newer"), base::FileError);
+    EXPECT_THROW(base::replaceFile(folder / "none" / "b.txt", "b"), base::FileError);
+    EXPECT_EQ(base::readFile(folder / "link.txt"), "new");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "real"), {}), 1);
+    EXPECT_EQ(base::readFile(folder), std::nullopt);
 }
 
 TEST(Files, NamesMatchWithoutRegardToCase) {
