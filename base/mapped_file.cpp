@@ -23,11 +23,17 @@ MappedFile::MappedFile(const std::filesystem::path& path) {
         if (std::filesystem::file_size(path, error) == 0)
             return; // an empty file cannot be mapped
         ipc::mapped_region region(file, ipc::read_only);
+        region.advise(ipc::mapped_region::advice_random);
         m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};
         m_mapping = std::make_unique<Mapping>(Mapping{std::move(file), std::move(region)});
     } catch (const ipc::interprocess_exception&) {
         throw MissingFile(path);
     }
+}
+
+void MappedFile::readAhead() const {
+    if (m_mapping)
+        m_mapping->region.advise(ipc::mapped_region::advice_sequential);
 }
 
 MappedFile::~MappedFile() = default;
