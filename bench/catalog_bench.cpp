@@ -1,3 +1,4 @@
+#include "bench/file_cache.h"
 #include "bench/heap_count.h"
 #include "bench/large_catalog.h"
 #include "bench/row_database.h"
@@ -44,6 +45,45 @@ void openDatabaseAndReadRows(benchmark::State& state) {
         benchmark::DoNotOptimize(bench::readFromDatabase(database, rowsShown));
 }
 
+// The first time after a restart: nothing of the files is in memory.
+void openCatalogFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(readFromFiles(folder, rowsShown));
+    }
+}
+
+void openDatabaseFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto database = bench::rowDatabase(folder);
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(bench::readFromDatabase(database, rowsShown));
+    }
+}
+
+// A search through a file that is not in memory, without and with reading ahead.
+void readAllFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(fullCatalog);
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        const catalog::ProductTable products(folder / catalog::productsFile);
+        if (state.range(0) != 0)
+            products.readAhead();
+        float sum = 0;
+        for (std::int32_t number = 1; number <= products.count(); ++number)
+            sum += products.at(number).price();
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
 void findCode(benchmark::State& state) {
     const auto count = static_cast<std::int32_t>(state.range(0));
     const catalog::CodeIndex index(bench::largeCatalog(count) / catalog::indexFile);
@@ -62,6 +102,17 @@ void findCode(benchmark::State& state) {
 
 BENCHMARK(openCatalogAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
 BENCHMARK(openDatabaseAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openCatalogFromDisk)
+    ->Arg(smallCatalog)
+    ->Arg(fullCatalog)
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseFromDisk)
+    ->Arg(smallCatalog)
+    ->Arg(fullCatalog)
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(findCode)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
 
 }
