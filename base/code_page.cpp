@@ -57,10 +57,19 @@ struct Decoded {
     std::size_t length;
 };
 
+// The bytes of the character that begins with this byte; 0 for a byte that begins none.
+std::size_t lengthFrom(unsigned char first) {
+    if (first < 0x80)
+        return 1;
+    if (first < 0xC2 || first > 0xF4)
+        return 0;
+    return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+}
+
 // The well-formed character at the start of the text, if there is one.
 std::optional<Decoded> decode(std::string_view utf8) {
     const auto first = static_cast<unsigned char>(utf8[0]);
-    const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 0;
+    const auto length = lengthFrom(first);
     if (length == 0 || utf8.size() < length)
         return std::nullopt;
     constexpr std::array<unsigned, 5> leadMask = {0, 0x7F, 0x1F, 0x0F, 0x07};

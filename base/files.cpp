@@ -10,6 +10,7 @@
 
 namespace base {
 namespace fs = std::filesystem;
+
 namespace {
 
 bool isFile(const fs::path& path) {
@@ -27,8 +28,28 @@ std::vector<fs::path> filesWhere(const fs::path& folder, Wanted wanted) {
     return found;
 }
 
+// What a rename must replace: the file that a symbolic link leads to, not the link.
+fs::path behindLinks(const fs::path& path) {
+    std::error_code error;
+    auto target = fs::weakly_canonical(path, error);
+    return error ? path : target;
+}
+
+// Writes a file anew; what was written of it goes when that fails.
+bool writeNew(const fs::path& path, std::string_view bytes) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (file)
+        return true;
+    std::error_code ignored;
+    fs::remove(path, ignored);
+    return false;
+}
+
 [[noreturn]] void failWriting(const fs::path& path) {
-    throw FileError("Can not write " + textOf(path) + "\nPlease check that the disk is not full and that you may write there");
+    throw FileError("Can not write " + textOf(path) +
+                    "\nPlease check that the disk is not full and that you may write there");
 }
 
 }
@@ -37,7 +58,8 @@ std::optional<fs::path> findFile(const fs::path& folder, std::string_view name) 
     const auto exact = folder / pathOf(name);
     if (isFile(exact))
         return exact;
-    const auto found = filesWhere(folder, [&](const std::string& other) { return equalIgnoringCase(other, name); });
+    const auto found =
+        filesWhere(folder, [&](const std::string& other) { return equalIgnoringCase(other, name); });
     if (found.empty())
         return std::nullopt;
     return *std::min_element(found.begin(), found.end());
@@ -49,7 +71,8 @@ fs::path filePath(const fs::path& folder, std::string_view name) {
 
 std::vector<fs::path> filesEndingWith(const fs::path& folder, std::string_view ending) {
     auto found = filesWhere(folder, [&](const std::string& name) {
-        return name.size() >= ending.size() && equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+        return name.size() >= ending.size() &&
+               equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
     });
     std::sort(found.begin(), found.end(), [](const fs::path& a, const fs::path& b) {
         const auto upperA = upper(textOf(a.filename()));
@@ -63,9 +86,10 @@ std::optional<std::string> readFile(const fs::path& path) {
     if (!isFile(path))
         return std::nullopt;
     std::ifstream file(path, std::ios::binary | std::ios::ate);
-    if (!file)
+    const std::streamoff size = file.tellg();
+    if (size < 0)
         return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(file.tellg()), '\0');
+    std::string bytes(static_cast<std::size_t>(size), '\0');
     file.seekg(0);
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (!file)
@@ -73,22 +97,23 @@ std::optional<std::string> readFile(const fs::path& path) {
     return bytes;
 }
 
+bool isReadOnly(const fs::path& path) {
+    constexpr auto write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    std::error_code ignored;
+    return isFile(path) && (fs::status(path, ignored).permissions() & write) == fs::perms::none;
+}
+
 void replaceFile(const fs::path& path, std::string_view bytes) {
     std::error_code error;
-    const auto target = fs::is_symlink(path, error) ? fs::canonical(path, error) : path;
+    const auto target = behindLinks(path);
     const auto beside = fs::path(target).concat(".new");
-    {
-        std::ofstream file(beside, std::ios::binary | std::ios::trunc);
-        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        file.close();
-        if (file) {
-            if (isFile(target))
-                fs::permissions(beside, fs::status(target, error).permissions(), error);
-            fs::rename(beside, target, error);
-            if (!error)
-                return;
-        }
-    }
+    if (isReadOnly(target) || !writeNew(beside, bytes))
+        failWriting(path);
+    if (isFile(target))
+        fs::permissions(beside, fs::status(target, error).permissions(), error);
+    fs::rename(beside, target, error);
+    if (!error)
+        return;
     fs::remove(beside, error);
     failWriting(path);
 }

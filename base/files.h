@@ -26,8 +26,12 @@ namespace base {
 /// The bytes of a file; nothing if it cannot be opened or read.
 [[nodiscard]] std::optional<std::string> readFile(const std::filesystem::path& path);
 
-/// Writes beside the file and renames, so that a crash or a full disk never leaves half a file.
-/// Throws FileError and leaves the old file as it was.
+/// A file that nobody may write: the read-only attribute, or no write permission at all. It protects a
+/// file even from those who may write everything.
+[[nodiscard]] bool isReadOnly(const std::filesystem::path& path);
+
+/// Writes beside the file and renames, so that a crash or a full disk never leaves half a file. A file
+/// that is read-only is not replaced. Throws FileError and leaves the old file as it was.
 void replaceFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// Writes over the old bytes and cuts to length: the fastest way for a page that is written at every

@@ -4,7 +4,6 @@
 
 #include <boost/interprocess/file_mapping.hpp>
 #include <boost/interprocess/mapped_region.hpp>
-
 #include <system_error>
 
 namespace base {
@@ -21,14 +20,20 @@ MappedFile::MappedFile(const std::filesystem::path& path) {
         throw MissingFile(path);
     try {
         ipc::file_mapping file(path.string().c_str(), ipc::read_only);
-        if (std::filesystem::file_size(path) == 0)
+        if (std::filesystem::file_size(path, error) == 0)
             return; // an empty file cannot be mapped
         ipc::mapped_region region(file, ipc::read_only);
+        region.advise(ipc::mapped_region::advice_random);
         m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};
         m_mapping = std::make_unique<Mapping>(Mapping{std::move(file), std::move(region)});
     } catch (const ipc::interprocess_exception&) {
         throw MissingFile(path);
     }
+}
+
+void MappedFile::readAhead() const {
+    if (m_mapping)
+        m_mapping->region.advise(ipc::mapped_region::advice_sequential);
 }
 
 MappedFile::~MappedFile() = default;

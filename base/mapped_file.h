@@ -7,9 +7,9 @@
 
 namespace base {
 
-/// A file's bytes, mapped for reading: opening costs the same for any size, and pages are read when
-/// they are looked at. The bytes live as long as this object. Opening a file that is missing or
-/// cannot be read throws MissingFile. The file must not be shortened while it is mapped.
+/// A file's bytes, mapped for reading: opening costs the same for any size, and only those pages are
+/// read from the disk that are looked at. The bytes live as long as this object. Opening a file that is
+/// missing or cannot be read throws MissingFile. The file must not be shortened while it is mapped.
 class MappedFile {
 public:
     explicit MappedFile(const std::filesystem::path& path);
@@ -20,6 +20,9 @@ public:
     MappedFile& operator=(const MappedFile&) = delete;
 
     [[nodiscard]] std::span<const std::byte> bytes() const { return m_bytes; }
+
+    /// To be called before the whole file is gone through: from then on the disk reads ahead.
+    void readAhead() const;
 
 private:
     struct Mapping;

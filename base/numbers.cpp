@@ -1,5 +1,6 @@
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -25,8 +26,9 @@ Decimal shortest(float value) {
         return decimal;
     decimal.negative = value < 0;
     std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                   std::chars_format::scientific).ptr;
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                       std::chars_format::scientific);
+    const char* const end = written.ptr;
     const char* at = buffer.data();
     for (; at != end && *at != 'e'; ++at)
         if (*at != '.')

@@ -14,8 +14,9 @@ class CodeIndex {
 public:
     explicit CodeIndex(const std::filesystem::path& path) : m_entries(path) {}
 
-    /// The record number of the product with this code, cut to 20 bytes and in any letter case;
-    /// 0 when there is none. In an index that is out of order the answer may be 0.
+    /// The record number of the product with this code, cut to 20 bytes and in any letter case; the
+    /// first entry's where several have it, 0 where none has. In an index that is out of order the
+    /// answer may be 0. The number is the file's own: it may lie outside the products.
     [[nodiscard]] std::int32_t find(std::string_view code) const;
 
 private:

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/mapped_file.h"
 
 #include <algorithm>
 #include <fstream>
@@ -10,12 +11,10 @@
 namespace catalog {
 
 Parameters::Parameters(const std::filesystem::path& path) {
-    const auto bytes = base::readFile(path);
-    if (!bytes)
-        throw base::MissingFile(path);
-    if (bytes->size() < recordCount * ParameterHeader::length)
+    const base::MappedFile file(path);
+    const auto records = file.bytes();
+    if (records.size() < recordCount * ParameterHeader::length)
         throw base::DamagedFile(path);
-    const auto records = std::as_bytes(std::span(*bytes));
     std::copy_n(records.begin(), m_header.size(), m_header.begin());
     for (std::size_t number = 2; number <= recordCount; ++number)
         m_texts[number] = base::trim(
@@ -28,16 +27,19 @@ const std::string& Parameters::text(ParameterText which) const {
 }
 
 void storeCatalogPassword(const std::filesystem::path& path, std::string_view password) {
+    static_cast<void>(Parameters(path)); // a file that is no parameters file stays as it is
     constexpr auto field = ParameterHeader::catalogPasswordField;
     std::array<char, field.width> stored{};
     base::writeText(std::as_writable_bytes(std::span(stored)), 0, field.width, base::upper(password));
-    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    std::fstream file;
+    if (!base::isReadOnly(path))
+        file.open(path, std::ios::binary | std::ios::in | std::ios::out);
     file.seekp(field.offset);
     file.write(stored.data(), stored.size());
     file.close();
     if (!file)
         throw base::FileError("Can not write the password to " + base::textOf(path) +
-                              "\nPlease check that you may write to this file");
+                              "\nPlease check that the file is not read-only and that you may change it");
 }
 
 }

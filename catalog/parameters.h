@@ -40,6 +40,7 @@ public:
     /// A missing file throws base::MissingFile, one with fewer than 19 records base::DamagedFile.
     explicit Parameters(const std::filesystem::path& path);
 
+    /// A view of this object.
     [[nodiscard]] ParameterHeader header() const { return ParameterHeader(m_header); }
 
     /// Trimmed; the tax name without its "%" signs.
@@ -54,8 +55,9 @@ private:
 };
 
 /// Puts a password into the file in place: upper case, cut to nine characters, padded with blanks. An
-/// empty one clears it. Only these nine bytes are written, in one go. Throws base::FileError and
-/// leaves the file as it was where it cannot be written.
+/// empty one clears it. Only these nine bytes are written, in one go: the file is never cut or renamed,
+/// so a crash leaves the old password or the new one. A missing or damaged file throws as in
+/// `Parameters`, one that cannot be written base::FileError; it then stays as it was.
 void storeCatalogPassword(const std::filesystem::path& path, std::string_view password);
 
 }

@@ -29,11 +29,9 @@ struct Line {
 };
 
 Line lineAt(std::string_view file, std::size_t start) {
-    const auto lineFeed = file.find('\n', start);
-    if (lineFeed == std::string_view::npos)
-        return {start, file.size(), file.size()};
+    const auto lineFeed = std::min(file.find('\n', start), file.size());
     const bool carriageReturn = lineFeed > start && file[lineFeed - 1] == '\r';
-    return {start, lineFeed - (carriageReturn ? 1 : 0), lineFeed + 1};
+    return {start, lineFeed - (carriageReturn ? 1 : 0), std::min(lineFeed + 1, file.size())};
 }
 
 std::optional<std::string_view> sectionName(std::string_view line) {
@@ -84,14 +82,15 @@ Place find(std::string_view file, std::string_view section, std::string_view key
 }
 
 std::string_view withoutQuotes(std::string_view value) {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == '"' || value.front() == '\'');
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
 std::string oneLine(std::string_view value) {
     std::string line(value);
-    std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     return line;
 }
 
@@ -112,14 +111,11 @@ void insertLine(std::string& file, std::size_t at, std::string line) {
 
 }
 
-std::string SettingsFile::read(std::string_view section, std::string_view key) const {
-    const auto file = base::readFile(m_path);
-    if (!file)
-        return {};
-    const auto entry = find(*file, section, key).entry;
+std::string settingIn(std::string_view file, std::string_view section, std::string_view key) {
+    const auto entry = find(file, section, key).entry;
     if (!entry)
         return {};
-    const auto line = std::string_view(*file).substr(entry->start, entry->end - entry->start);
+    const auto line = file.substr(entry->start, entry->end - entry->start);
     const auto equals = line.find('=');
     if (equals == std::string_view::npos)
         return {};
@@ -127,22 +123,31 @@ std::string SettingsFile::read(std::string_view section, std::string_view key) c
     return std::string(base::trim(value.substr(0, longestValue)));
 }
 
+std::string withSetting(std::string file, std::string_view section, std::string_view key,
+                        std::string_view value) {
+    const auto place = find(file, section, key);
+    const auto written = oneLine(value);
+    const auto entry = std::string(key) + "=" + written;
+    if (place.entry)
+        putValue(file, *place.entry, written);
+    else if (place.section)
+        insertLine(file, place.insertAt, entry);
+    else
+        insertLine(file, file.size(), "[" + std::string(section) + "]" + std::string(newLine) + entry);
+    return file;
+}
+
+std::string SettingsFile::read(std::string_view section, std::string_view key) const {
+    return settingIn(base::readFile(m_path).value_or(std::string()), section, key);
+}
+
 void SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
     std::error_code error;
     auto file = base::readFile(m_path);
     if (!file && std::filesystem::exists(m_path, error))
         return; // never replace settings that cannot be read
-    auto text = file.value_or(std::string());
-    const auto place = find(text, section, key);
-    const auto line = oneLine(value);
-    if (place.entry)
-        putValue(text, *place.entry, line);
-    else if (place.section)
-        insertLine(text, place.insertAt, std::string(key) + "=" + line);
-    else
-        insertLine(text, text.size(), "[" + std::string(section) + "]" + std::string(newLine) + std::string(key) + "=" + line);
     try {
-        base::replaceFile(m_path, text);
+        base::replaceFile(m_path, withSetting(std::move(file).value_or(std::string()), section, key, value));
     } catch (const base::FileError&) {
         // Deliberate: a setting that cannot be kept stops nobody.
     }

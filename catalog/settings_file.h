@@ -11,7 +11,8 @@ inline constexpr std::string_view userSettingsFile = "User.ini";   ///< in `User
 inline constexpr std::string_view startSettingsFile = "Start.ini"; ///< in `ProgramFolder`
 
 /// One settings file (docs/file-formats.md, "Settings files"), read and written a key at a time; it is
-/// never held open. Section and key match without regard to case.
+/// never held open. Section and key match without regard to case. Find the path with base::filePath,
+/// so that `START.INI` is the same file.
 class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path path) : m_path(std::move(path)) {}
@@ -27,5 +28,10 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+/// What `SettingsFile` reads and writes, on a file's bytes.
+[[nodiscard]] std::string settingIn(std::string_view file, std::string_view section, std::string_view key);
+[[nodiscard]] std::string withSetting(std::string file, std::string_view section, std::string_view key,
+                                      std::string_view value);
 
 }

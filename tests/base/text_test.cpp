@@ -1,4 +1,5 @@
 #include "base/code_page.h"
+#include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
 
@@ -34,13 +35,32 @@ TEST(CodePage, EveryByteSurvivesTheRoundTrip) {
 TEST(CodePage, CharactersOutsideItAreHeldAsReferencesAndShownAgain) {
     const std::string typed = "π & €5 \U0001F600 &#65;";
     const auto held = base::fromUtf8(typed);
-    EXPECT_EQ(held, "&#960; & \x80" "5 &#128512; &#65;");
+    EXPECT_EQ(held, "&#960; & \x80"
+                    "5 &#128512; &#65;");
     EXPECT_EQ(base::shownAsUtf8(held), typed);
     EXPECT_EQ(base::shownAsUtf8("&#55296; &#; &#x3c0; &#99999999; &"), "&#55296; &#; &#x3c0; &#99999999; &");
 }
 
 TEST(CodePage, BytesThatAreNotUtf8StayAsTheyAre) {
     EXPECT_EQ(base::fromUtf8("a\xFF\xC3(\xC0\xAF\xED\xA0\x80"), "a\xFF\xC3(\xC0\xAF\xED\xA0\x80");
+}
+
+TEST(Files, ReplacingWritesThroughALinkAndLeavesReadOnlyFilesAlone) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / "files_replace_test";
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder / "real");
+    base::replaceFile(folder / "real" / "a.txt", "old");
+    std::filesystem::create_symlink(folder / "real" / "a.txt", folder / "link.txt");
+    base::replaceFile(folder / "link.txt", "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.txt"));
+    EXPECT_EQ(base::readFile(folder / "real" / "a.txt"), "new");
+
+    std::filesystem::permissions(folder / "real" / "a.txt", std::filesystem::perms::owner_read);
+    EXPECT_THROW(base::replaceFile(folder / "link.txt", "newer"), base::FileError);
+    EXPECT_THROW(base::replaceFile(folder / "none" / "b.txt", "b"), base::FileError);
+    EXPECT_EQ(base::readFile(folder / "link.txt"), "new");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "real"), {}), 1);
+    EXPECT_EQ(base::readFile(folder), std::nullopt);
 }
 
 TEST(Files, NamesMatchWithoutRegardToCase) {

@@ -1,5 +1,6 @@
 #include "base/files.h"
 #include "catalog/settings_file.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +10,6 @@ namespace {
 
 class Settings : public testing::Test {
 protected:
-    Settings() { std::filesystem::remove(path); }
-
     std::string read(std::string_view content, std::string_view section, std::string_view key) {
         base::replaceFile(path, content);
         return settings.read(section, key);
@@ -23,7 +22,7 @@ protected:
         return base::readFile(path).value_or("no file");
     }
 
-    std::filesystem::path path = std::filesystem::path(testing::TempDir()) / "settings_test.ini";
+    std::filesystem::path path = support::testFolder() / "User.ini";
     catalog::SettingsFile settings{path};
 };
 
@@ -51,8 +50,14 @@ TEST_F(Settings, ReadsAsThePlatformsCallsDo) {
         {"missing bracket", "[Order\nCity=Rome\n", "Rome"},
         {"byte-order mark", "\xEF\xBB\xBF[Order]\nCity=Oslo\n", ""},
         {"no equals sign", "[Order]\nCity\n", ""},
+        {"equals sign in a value", "[Order]\nCity=a=b\n", "a=b"},
+        {"empty pair of quotes", "[Order]\nCity=\"\"\n", ""},
+        {"one quotation mark", "[Order]\nCity=\"\n", "\""},
+        {"only one pair of quotes goes", "[Order]\nCity=''Rome''\n", "'Rome'"},
+        {"carriage return at the end", "[Order]\r\nCity=Rome\r", "Rome"},
         {"backslashes and commas", "[Order]\nCity=C:\\temp\\new, x\n", "C:\\temp\\new, x"},
     };
+
     for (const auto& c : cases)
         EXPECT_EQ(read(c.content, "Order", "City"), c.value) << c.what;
     EXPECT_EQ(read("[Order]\nCity=" + std::string(300, 'x'), "Order", "City"), std::string(249, 'x'));
@@ -71,8 +76,16 @@ TEST_F(Settings, WritingChangesOneValueAndNoOtherByte) {
          "[Order]\nZip=1\nCity=Bonn\r\n\n; next\n[Find]\nTop=1\n"},
         {"no line end", "[Order]\nZip=1", "[Order]\nZip=1\r\nCity=Bonn\r\n"},
         {"new section", "[Find]\nTop=1", "[Find]\nTop=1\r\n[Order]\r\nCity=Bonn\r\n"},
+        {"only the first section of the name", "[Order]\nZip=1\n[Order]\nCity=Rome\n",
+         "[Order]\nZip=1\nCity=Bonn\r\n[Order]\nCity=Rome\n"},
+        {"a comment is no key", "[Order]\n;City=Rome\n", "[Order]\nCity=Bonn\r\n;City=Rome\n"},
+        {"missing bracket", "[Order\nZip=1\n", "[Order\nZip=1\nCity=Bonn\r\n"},
+        {"hidden by a byte-order mark", "\xEF\xBB\xBF[Order]\nCity=Rome\n",
+         "\xEF\xBB\xBF[Order]\nCity=Rome\n[Order]\r\nCity=Bonn\r\n"},
+        {"carriage return at the end", "[Order]\r\nCity=Rome\r", "[Order]\r\nCity=Bonn\r"},
         {"empty section", "[Order]\n[Find]\n", "[Order]\nCity=Bonn\r\n[Find]\n"},
     };
+
     for (const auto& c : cases)
         EXPECT_EQ(written(c.before, "Order", "City", "Bonn"), c.after) << c.what;
 }
@@ -86,6 +99,11 @@ TEST_F(Settings, AMissingFileReadsAsEmptyAndAnUnwritableOneIsLeftAlone) {
     const catalog::SettingsFile nowhere(path / "none" / "User.ini");
     nowhere.write("Order", "City", "Bonn");
     EXPECT_EQ(nowhere.read("Order", "City"), "");
+
+    base::replaceFile(path, "[Order]\nCity=Rome\n");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read);
+    settings.write("Order", "City", "Bonn");
+    EXPECT_EQ(settings.read("Order", "City"), "Rome");
 }
 
 }

@@ -1,0 +1,118 @@
+#include "bench/file_cache.h"
+#include "bench/heap_count.h"
+#include "bench/large_catalog.h"
+#include "bench/row_database.h"
+#include "catalog/catalog.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+namespace {
+
+constexpr std::int32_t rowsShown = 40;
+constexpr std::int32_t smallCatalog = 1'000;
+constexpr std::int32_t fullCatalog = 999'999;
+
+bench::Rows readFromFiles(const std::filesystem::path& folder, std::int32_t rows) {
+    const auto catalog = catalog::openCatalog(folder);
+    bench::Rows result;
+    for (std::int32_t number = 1; number <= std::min(rows, catalog.products.count()); ++number) {
+        const auto product = catalog.products.at(number);
+        result.push_back({std::string(product.code()), std::string(product.description()),
+                          std::string(product.other()), product.taxRate(), product.price()});
+    }
+    return result;
+}
+
+void openCatalogAndReadRows(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto heapBefore = bench::heapBytes();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readFromFiles(folder, rowsShown));
+    state.counters["heapBytes"] = benchmark::Counter(static_cast<double>(bench::heapBytes() - heapBefore),
+                                                     benchmark::Counter::kAvgIterations);
+}
+
+void openDatabaseAndReadRows(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto database = bench::rowDatabase(folder);
+    if (bench::readFromDatabase(database, rowsShown) != readFromFiles(folder, rowsShown))
+        state.SkipWithError("the database holds other rows");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bench::readFromDatabase(database, rowsShown));
+}
+
+// The first time after a restart: nothing of the files is in memory.
+void openCatalogFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(readFromFiles(folder, rowsShown));
+    }
+}
+
+void openDatabaseFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto database = bench::rowDatabase(folder);
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(bench::readFromDatabase(database, rowsShown));
+    }
+}
+
+// A search through a file that is not in memory, without and with reading ahead.
+void readAllFromDisk(benchmark::State& state) {
+    const auto& folder = bench::largeCatalog(fullCatalog);
+    for (auto _ : state) {
+        state.PauseTiming();
+        bench::forgetFiles(folder);
+        state.ResumeTiming();
+        const catalog::ProductTable products(folder / catalog::productsFile);
+        if (state.range(0) != 0)
+            products.readAhead();
+        float sum = 0;
+        for (std::int32_t number = 1; number <= products.count(); ++number)
+            sum += products.at(number).price();
+        benchmark::DoNotOptimize(sum);
+    }
+}
+
+void findCode(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const catalog::CodeIndex index(bench::largeCatalog(count) / catalog::indexFile);
+    std::vector<std::int32_t> records(static_cast<std::size_t>(count));
+    std::iota(records.begin(), records.end(), 1);
+    std::shuffle(records.begin(), records.end(), std::mt19937(1));
+    std::vector<std::string> codes(records.size());
+    std::transform(records.begin(), records.end(), codes.begin(), bench::codeOf);
+    std::size_t at = 0;
+    for (auto _ : state) {
+        if (index.find(codes[at]) != records[at])
+            state.SkipWithError("wrong record");
+        at = (at + 1) % codes.size();
+    }
+}
+
+BENCHMARK(openCatalogAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openCatalogFromDisk)
+    ->Arg(smallCatalog)
+    ->Arg(fullCatalog)
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseFromDisk)
+    ->Arg(smallCatalog)
+    ->Arg(fullCatalog)
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(findCode)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
+
+}
