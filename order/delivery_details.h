@@ -1,0 +1,29 @@
+#pragma once
+
+#include "catalog/settings_file.h"
+
+#include <string>
+
+namespace order {
+
+/// What of an order's head is kept between runs, in the section Order of User.ini.
+struct DeliveryDetails {
+    bool taxExempt = false;
+    std::string attention;
+    std::string city;
+    std::string country;
+    std::string business;
+    std::string phone;
+    std::string state;
+    std::string street;
+    std::string zip;
+};
+
+/// A missing value reads as empty, and as not exempt.
+[[nodiscard]] DeliveryDetails readDetails(const catalog::SettingsFile& settings);
+
+/// Writes the nine keys, Tax first. A text that begins and ends with the same quotation mark is written
+/// inside one more pair, because reading takes one off.
+void saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
+
+}

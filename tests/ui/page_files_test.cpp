@@ -1,0 +1,50 @@
+#include "ui/page_files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+namespace fs = std::filesystem;
+
+class PageFilesTest : public testing::Test {
+protected:
+    PageFilesTest() : root(makeFiles()), files({root / "prog", root / "not there"}) {}
+
+    static fs::path makeFiles() {
+        const auto root = fs::canonical(testing::TempDir()) / "page_files_test";
+        fs::remove_all(root);
+        for (const char* folder : {"prog/ACME/Pics", "prog/ACME2", "secret"})
+            fs::create_directories(root / folder);
+        for (const char* name : {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini",
+                                 "prog/ACME/PrdPrm.DAT", "prog/ACME/Banner.Ect", "prog/x.zip", "secret/key.jpg"})
+            std::ofstream(root / name) << "x";
+        fs::create_symlink(root / "secret", root / "prog/ACME/out");
+        return root;
+    }
+
+    fs::path root;
+    ui::PageFiles files;
+};
+
+TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
+    const auto find = [&](const char* name) { return files.find(root / name, ui::Resource::picture); };
+    EXPECT_EQ(find("prog/ACME/Bolt.JPG"), root / "prog/ACME/Bolt.JPG");
+    EXPECT_EQ(find("prog/acme/BOLT.jpg"), root / "prog/ACME/Bolt.JPG");
+    EXPECT_EQ(find("prog/ACME/x/../PICS/nut.JPG"), root / "prog/ACME/Pics/Nut.jpg");
+    EXPECT_EQ(find("prog/ACME/Missing.jpg"), std::nullopt);
+    EXPECT_EQ(find("prog/ACME/Pics"), std::nullopt);
+}
+
+TEST_F(PageFilesTest, KeepsPagesInsideTheFoldersAndAwayFromData) {
+    for (const char* name : {"secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
+                             "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
+        EXPECT_EQ(files.find(root / name, ui::Resource::picture), std::nullopt) << name;
+    EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", ui::Resource::other), std::nullopt);
+    EXPECT_TRUE(files.contains(root / "prog/ACME/Tmp.htm"));
+    EXPECT_FALSE(files.contains(root / "prog2/Tmp.htm"));
+    EXPECT_FALSE(files.contains(root / "prog/ACME/out/Tmp.htm"));
+}
+
+}

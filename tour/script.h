@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QWebEngineView>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace tour {
+
+/// A person in front of the windows: steps that are done one after another, each as soon as what it waits
+/// for is on the screen. It goes on while message boxes are up.
+class Script final : public QObject {
+    Q_OBJECT
+
+public:
+    using Condition = std::function<bool()>;
+    using Action = std::function<void()>;
+
+    Script& when(const QString& what, Condition ready, Action act);
+
+    /// Runs the event loop until the last step is done (true), or a step waited too long or the program
+    /// left its event loop before (false; says which step on standard error).
+    [[nodiscard]] bool run();
+
+private:
+    struct Step {
+        QString what;
+        Condition ready;
+        Action act;
+    };
+
+    void tick();
+
+    std::vector<Step> m_steps;
+    std::size_t m_next = 0;
+    int m_waitedMs = 0;
+    bool m_failed = false;
+};
+
+/// The visible widget of that object name, in any window.
+template <typename Widget>
+[[nodiscard]] Widget* visible(const QString& name);
+[[nodiscard]] QWidget* visibleWidget(const QString& name);
+
+template <typename Widget>
+Widget* visible(const QString& name) {
+    return qobject_cast<Widget*>(visibleWidget(name));
+}
+
+/// The message box that waits for an answer, if it has this text in its title.
+[[nodiscard]] QMessageBox* messageBox(const QString& title);
+void press(QMessageBox& box, QMessageBox::StandardButton button);
+
+/// Presses the mouse on the first element that the style selector finds in the page. What it finds out on
+/// the way comes later, so a step must wait for what the click does.
+void clickInPage(QWebEngineView& view, const QString& selector, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+/// The page's visible text, as far as it has become known; empty at first. For conditions that are asked
+/// again and again.
+[[nodiscard]] QString pageText(QWebEngineView& view);
+
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ui {
+
+/// Addresses as the link rules read them.
+struct LinkAddress {
+    /// As a person would read it: escapes decoded, `file:` prefix gone, separators as backslashes, in
+    /// the code page ("\home\anna\prog\ACME\Tmp.htm?AB 1", "mailto:a@b").
+    std::string text;
+    bool isFile = false; ///< a file of this computer
+};
+
+/// From the address as the browser encodes it. A broken escape stays as it stands; one that the browser
+/// escaped once more is read as it was written. Everything behind the first "?" is in the page's
+/// encoding, Windows-1252; everything before it is UTF-8.
+[[nodiscard]] LinkAddress readAddress(std::string_view encoded);
+
+}

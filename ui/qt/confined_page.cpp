@@ -1,0 +1,113 @@
+#include "ui/qt/confined_page.h"
+
+#include "ui/qt/page_scripts.h"
+
+#include <QTimer>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineFullScreenRequest>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+
+#include <array>
+#include <utility>
+
+namespace ui::qt {
+namespace {
+
+using Attribute = QWebEngineSettings::WebAttribute;
+
+constexpr std::array attributes{
+    std::pair{QWebEngineSettings::JavascriptEnabled, true},
+    std::pair{QWebEngineSettings::ShowScrollBars, true},
+    std::pair{QWebEngineSettings::LocalContentCanAccessFileUrls, true},
+    std::pair{QWebEngineSettings::LocalContentCanAccessRemoteUrls, false},
+    std::pair{QWebEngineSettings::PluginsEnabled, false},
+    std::pair{QWebEngineSettings::PdfViewerEnabled, false},
+    std::pair{QWebEngineSettings::FullScreenSupportEnabled, false},
+    std::pair{QWebEngineSettings::LocalStorageEnabled, false},
+    std::pair{QWebEngineSettings::JavascriptCanOpenWindows, false},
+    std::pair{QWebEngineSettings::JavascriptCanAccessClipboard, false},
+    std::pair{QWebEngineSettings::JavascriptCanPaste, false},
+    std::pair{QWebEngineSettings::ScreenCaptureEnabled, false},
+    std::pair{QWebEngineSettings::WebGLEnabled, false},
+    std::pair{QWebEngineSettings::Accelerated2dCanvasEnabled, false},
+    std::pair{QWebEngineSettings::HyperlinkAuditingEnabled, false},
+    std::pair{QWebEngineSettings::DnsPrefetchEnabled, false},
+    std::pair{QWebEngineSettings::NavigateOnDropEnabled, false},
+    std::pair{QWebEngineSettings::AutoLoadIconsForPage, false},
+    std::pair{QWebEngineSettings::ErrorPageEnabled, false},
+    std::pair{QWebEngineSettings::FocusOnNavigationEnabled, false},
+    std::pair{QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
+};
+
+// A page for a window that a link asked for: it hands the address over and is gone.
+class PassingPage final : public QWebEnginePage {
+public:
+    PassingPage(QWebEngineProfile* profile, QObject* parent, std::function<void(const QUrl&)> follow)
+        : QWebEnginePage(profile, parent), m_follow(std::move(follow)) {
+        QTimer::singleShot(5000, this, &QObject::deleteLater);
+    }
+
+protected:
+    bool acceptNavigationRequest(const QUrl& url, NavigationType, bool) override {
+        if (!std::exchange(m_passed, true))
+            m_follow(url);
+        deleteLater();
+        return false;
+    }
+
+private:
+    std::function<void(const QUrl&)> m_follow;
+    bool m_passed = false;
+};
+
+}
+
+ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(profile, parent) {
+    connect(this, &QWebEnginePage::featurePermissionRequested, this, [this](const QUrl& origin, Feature feature) {
+        setFeaturePermission(origin, feature, PermissionDeniedByUser);
+    });
+    connect(this, &QWebEnginePage::fullScreenRequested, this,
+            [](QWebEngineFullScreenRequest request) { request.reject(); });
+}
+
+void ConfinedPage::startLoad(const std::function<void()>& load) {
+    m_ownLoad = true;
+    load();
+}
+
+bool ConfinedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+    if (!isMainFrame)
+        return url.isLocalFile() || url.scheme() == "about" || url.scheme() == "data";
+    if (type == NavigationTypeTyped && std::exchange(m_ownLoad, false))
+        return true;
+    if (type != NavigationTypeReload && type != NavigationTypeBackForward)
+        follow(url, type == NavigationTypeLinkClicked);
+    return false;
+}
+
+// Out of the browser's own call, since what follows may show the next page or a message.
+void ConfinedPage::follow(const QUrl& url, bool clicked) {
+    QTimer::singleShot(0, this, [this, url, clicked] {
+        if (m_linkHandler)
+            m_linkHandler(url, clicked);
+    });
+}
+
+QWebEnginePage* ConfinedPage::createWindow(WebWindowType) {
+    return new PassingPage(profile(), this, [this](const QUrl& url) { follow(url, true); });
+}
+
+ConfinedProfile::ConfinedProfile(PageFiles files, QObject* parent)
+    : QWebEngineProfile(parent), m_filter(std::move(files)) {
+    setUrlRequestInterceptor(&m_filter);
+    setHttpCacheType(MemoryHttpCache);
+    for (const auto& [attribute, on] : attributes)
+        settings()->setAttribute(attribute, on);
+    settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    scripts()->insert(missingPictureScript());
+    connect(this, &QWebEngineProfile::downloadRequested, this,
+            [](QWebEngineDownloadRequest* download) { download->cancel(); });
+}
+
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/session.h"
+#include "catalog/catalog.h"
+#include "order/delivery_details.h"
+#include "ui/browsing.h"
+#include "ui/qt/guard.h"
+#include "ui/qt/page_browser.h"
+#include "ui/qt/page_turner.h"
+#include "ui/qt/product_grid.h"
+#include "ui/qt/toolbar.h"
+#include "ui/qt/window_memory.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QSplitter>
+
+namespace ui::qt {
+
+/// The main window, open on one catalogue. Making it opens the catalogue's files, and they stay open as
+/// long as it lives; a missing one throws base::MissingFile. Closing it saves what is kept.
+class Form1 final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    Form1(const app::Session& session, Guard& guard);
+    ~Form1() override;
+
+signals:
+    /// The window has been closed and its settings are saved.
+    void closed();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void layOut();
+    QWidget* totalsBar();
+    void fill();
+    void connectControls();
+    void openPages();
+    void restoreSplitter();
+    void runCommand(Command command);
+    void saveSettings();
+
+    app::Session m_session;
+    Guard& m_guard;
+    WindowMemory m_memory;
+    catalog::SettingsFile m_userSettings;
+    catalog::Catalog m_catalog;
+    order::DeliveryDetails m_details;
+
+    Toolbar* m_toolbar;
+    PageBrowser* m_banner;
+    QSplitter* m_splitter;
+    ProductGrid* m_grid;
+    PageBrowser* m_page;
+    QCheckBox* m_tax;
+    QLabel* m_taxTotalCaption;
+    QLabel* m_taxTotal;
+    QLabel* m_orderTotal;
+
+    Browsing m_browsing;
+    PageTurner* m_turner;
+    ToolbarState m_toolbarState;
+};
+
+}

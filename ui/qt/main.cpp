@@ -1,0 +1,33 @@
+#include "ui/qt/icons.h"
+#include "ui/qt/program.h"
+#include "ui/system/browser_start.h"
+#include "ui/system/instance_lock.h"
+#include "ui/system/program_file.h"
+#include "ui/system/screen.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+int main(int argc, char* argv[]) {
+    if (ui::system::browserRefusesThisUser()) {
+        std::fputs("Tavorine can not run as root: start it as an ordinary user, or in a container set "
+                   "QTWEBENGINE_DISABLE_SANDBOX=1.\n",
+                   stderr);
+        return 1;
+    }
+    ui::system::prepareBrowser();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Tavorine");
+    QApplication::setApplicationVersion(TAVORINE_VERSION);
+    QApplication::setQuitOnLastWindowClosed(false); // the windows end the program themselves
+    QApplication::setWindowIcon(ui::qt::programIcon());
+
+    ui::system::RunningProgramFile programFile;
+    ui::system::PrimaryScreen screen;
+    ui::system::FileInstanceLock instanceLock;
+    ui::qt::Program program({programFile, screen, instanceLock, ui::system::ownFolder()});
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/browser.h"
+#include "ui/page_files.h"
+#include "ui/qt/confined_page.h"
+
+#include <QWebEngineView>
+#include <QWidget>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace ui::qt {
+
+/// A place in a window where pages are shown. The web view in it is made when the first page comes, so
+/// that a window can be painted before the browser starts. One load is in flight at a time; of the pages
+/// shown meanwhile only the last is loaded.
+class PageBrowser final : public QWidget, public platform::Browser {
+    Q_OBJECT
+
+public:
+    /// `name` becomes the view's object name.
+    PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent);
+    ~PageBrowser() override;
+
+    /// Must be called before the first page is shown.
+    void confineTo(PageFiles files);
+    void onLink(LinkHandler handler);
+
+    void show(const std::filesystem::path& file, std::string_view bytes) override;
+    using QWidget::show;
+
+    /// No page is being loaded or waits for it.
+    [[nodiscard]] bool idle() const { return !m_loading && !m_next; }
+    [[nodiscard]] QWebEngineView* view() const { return m_view; }
+
+signals:
+    /// The page shown last has been loaded.
+    void loaded();
+
+private:
+    struct Page {
+        std::filesystem::path file;
+        std::string bytes;
+    };
+
+    void makeView();
+    void load();
+    void loadHandedOver();
+    void loadFromCopy();
+    void finish();
+    void restoreAfterBlank(const QUrl& url);
+
+    QString m_name;
+    QString m_accessibleName;
+    std::optional<PageFiles> m_files;
+    LinkHandler m_linkHandler;
+    ConfinedProfile* m_profile = nullptr;
+    ConfinedPage* m_page = nullptr;
+    QWebEngineView* m_view = nullptr;
+    std::optional<Page> m_next;
+    Page m_current;
+    bool m_loading = false;
+    int m_copies = 0;
+};
+
+}

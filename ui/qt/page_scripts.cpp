@@ -1,0 +1,45 @@
+#include "ui/qt/page_scripts.h"
+
+namespace ui::qt {
+namespace {
+
+constexpr auto source = R"JS(
+(function () {
+    var placeholder = "data:image/svg+xml," + encodeURIComponent(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='160' height='120' viewBox='0 0 160 120'>" +
+        "<rect width='160' height='120' fill='#f3f4f5'/>" +
+        "<g fill='none' stroke='#c3c8cc' stroke-width='3' stroke-linejoin='round'>" +
+        "<rect x='48' y='32' width='64' height='56' rx='6'/>" +
+        "<path d='M48 78 L70 56 L86 72 L96 62 L112 78'/><circle cx='92' cy='48' r='5'/></g></svg>");
+    var failures = new WeakMap();
+    var mostFailures = 3;
+
+    window.addEventListener("error", function (event) {
+        var picture = event.target;
+        if (!(picture instanceof HTMLImageElement))
+            return;
+        var count = (failures.get(picture) || 0) + 1;
+        failures.set(picture, count);
+        if (count > mostFailures)
+            event.stopImmediatePropagation();
+        setTimeout(function () {
+            if (count > mostFailures || (picture.complete && picture.naturalWidth === 0))
+                picture.src = placeholder;
+        }, 0);
+    }, true);
+})();
+)JS";
+
+}
+
+QWebEngineScript missingPictureScript() {
+    QWebEngineScript script;
+    script.setName("missing pictures");
+    script.setSourceCode(source);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    return script;
+}
+
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QWebEngineScript>
+
+namespace ui::qt {
+
+/// Puts a quiet placeholder where a picture is missing, after the page's own error handling has had its
+/// turn, and stops a page that swaps missing pictures for missing pictures without end. Runs in a world
+/// of its own, out of the page's reach.
+[[nodiscard]] QWebEngineScript missingPictureScript();
+
+}

@@ -1,0 +1,53 @@
+#include "ui/qt/program.h"
+
+#include "order/basket_file.h"
+
+#include <QTimer>
+
+namespace ui::qt {
+
+Program::Program(const Machine& machine)
+    : m_guard(m_messages),
+      m_welcome(m_guard),
+      m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
+                 m_welcome.browser(), m_welcome, machine.ownFolder}),
+      m_programFolder(machine.programFile.path().parent_path()) {
+    m_welcome.browser().confineTo(PageFiles({m_programFolder, machine.ownFolder}));
+    m_welcome.drive(m_startUp);
+    m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
+    connect(&m_welcome, &Welcome::painted, this, m_guard([this] { startUp(); }));
+    connect(&m_welcome, &Welcome::closeAsked, this, m_guard([this] { leave(); }));
+    connect(&m_archive, &system::BackgroundArchive::progress, &m_welcome, &Welcome::showProgress);
+}
+
+void Program::start() {
+    m_welcome.show();
+}
+
+void Program::startUp() {
+    m_startUp.run();
+    m_welcome.hideProgress();
+}
+
+void Program::openMainWindow(const app::Session& session) {
+    m_form1 = std::make_unique<Form1>(session, m_guard);
+    connect(m_form1.get(), &Form1::closed, this, [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
+    m_form1->show();
+}
+
+// The end of the closing sequence: all files are closed before the basket goes.
+void Program::closeMainWindow() {
+    m_form1.reset();
+    order::deleteProgramFolderBasket(m_programFolder);
+    m_guard.end(0);
+}
+
+// While a catalogue is being unpacked the start-up ends itself as soon as that has stopped.
+void Program::leave() {
+    if (m_archive.busy())
+        m_archive.cancel();
+    else
+        m_guard.end(0);
+}
+
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/start_up.h"
+#include "ui/qt/form1.h"
+#include "ui/qt/guard.h"
+#include "ui/qt/message_boxes.h"
+#include "ui/qt/welcome.h"
+#include "ui/system/background_archive.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace ui::qt {
+
+/// What the program finds on the machine; it outlives the `Program`.
+struct Machine {
+    platform::ProgramFile& programFile;
+    platform::Screen& screen;
+    platform::InstanceLock& instanceLock;
+    std::filesystem::path ownFolder; ///< the user's own folder, used where the catalogue's is read-only
+};
+
+/// Wires the windows and what drives them, and keeps them while the program runs.
+class Program final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Program(const Machine& machine);
+
+    /// Shows the start-up window and starts up once it is painted. The event loop must run then.
+    void start();
+
+    [[nodiscard]] Welcome& welcome() { return m_welcome; }
+    /// Nothing until the main window is open.
+    [[nodiscard]] Form1* mainWindow() { return m_form1.get(); }
+
+private:
+    void startUp();
+    void openMainWindow(const app::Session& session);
+    void closeMainWindow();
+    void leave();
+
+    MessageBoxes m_messages;
+    Guard m_guard;
+    system::BackgroundArchive m_archive;
+    Welcome m_welcome;
+    app::StartUp m_startUp;
+    std::filesystem::path m_programFolder;
+    std::unique_ptr<Form1> m_form1;
+};
+
+}

@@ -1,0 +1,23 @@
+#include "ui/qt/text.h"
+
+#include "base/code_page.h"
+
+namespace ui::qt {
+
+QString toQt(std::string_view text) {
+    return QString::fromStdString(base::shownAsUtf8(text));
+}
+
+std::string fromQt(const QString& text) {
+    return base::fromUtf8(text.toStdString());
+}
+
+QString pathToQt(const std::filesystem::path& path) {
+    return QString::fromStdU16String(path.u16string());
+}
+
+std::filesystem::path pathFromQt(const QString& path) {
+    return {path.toStdU16String()};
+}
+
+}

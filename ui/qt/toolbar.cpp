@@ -1,0 +1,40 @@
+#include "ui/qt/toolbar.h"
+
+#include "ui/qt/icons.h"
+#include "ui/qt/text.h"
+
+namespace ui::qt {
+
+Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
+    setObjectName("Toolbar1");
+    setWindowTitle("Commands");
+    setMovable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    setIconSize({24, 24});
+    for (const auto& button : toolbarButtons) {
+        auto* item = addAction(commandIcon(button.command), toQt(button.caption));
+        item->setObjectName(toQt(button.key));
+        item->setToolTip(toQt(button.tip));
+        connect(item, &QAction::triggered, this, [this, command = button.command] { emit clicked(command); });
+        if (auto* widget = widgetForAction(item)) {
+            widget->setObjectName(toQt(button.key));
+            widget->setFocusPolicy(Qt::TabFocus);
+        }
+        m_actions.at(static_cast<std::size_t>(button.command) - 1) = item;
+    }
+    action(Command::exit)->setShortcut(QKeySequence("Ctrl+Q"));
+}
+
+QAction* Toolbar::action(Command command) const {
+    return m_actions.at(static_cast<std::size_t>(command) - 1);
+}
+
+void Toolbar::show(const ToolbarState& state) {
+    for (const auto& button : toolbarButtons) {
+        action(button.command)->setEnabled(state.enabled(button.command));
+        action(button.command)->setVisible(state.visible(button.command));
+    }
+}
+
+}

@@ -1,0 +1,217 @@
+#include "ui/qt/welcome.h"
+
+#include "ui/link_address.h"
+#include "ui/qt/icons.h"
+#include "ui/qt/text.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace ui::qt {
+namespace {
+
+constexpr QSize designedSize{860, 620};
+constexpr QSize smallestSize{480, 360};
+constexpr int workPanelWidth = 460;
+constexpr int progressSteps = 1000;
+
+}
+
+Welcome::Welcome(Guard& guard)
+    : m_guard(guard),
+      m_stack(new QStackedWidget(this)),
+      m_status(new QLabel(this)),
+      m_progress(new QProgressBar(this)),
+      m_browser(new PageBrowser("WebBrowser1", "Suppliers", this)),
+      m_passwordPanel(new QWidget(this)),
+      m_prompt(new QLabel(this)),
+      m_password(new QLineEdit(this)),
+      m_confirmLabel(new QLabel("&Confirm password", this)),
+      m_confirm(new QLineEdit(this)),
+      m_next(new QPushButton("&Next", this)),
+      m_setPassword(new QPushButton("&Set password and enter", this)) {
+    setObjectName("Welcome");
+    setWindowTitle("Tavorine Catalog Viewer");
+    auto* pages = new QWidget(this);
+    auto* pagesLayout = new QVBoxLayout(pages);
+    pagesLayout->setContentsMargins(0, 0, 0, 0);
+    pagesLayout->setSpacing(0);
+    pagesLayout->addWidget(m_browser, 1);
+    pagesLayout->addWidget(passwordPanel());
+    m_stack->addWidget(workPanel());
+    m_stack->addWidget(pages);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_stack);
+    setMinimumSize(smallestSize);
+    resize(designedSize);
+    m_memory.restore(*this);
+    connect(m_browser, &PageBrowser::loaded, this, [this] {
+        m_stack->setCurrentIndex(1);
+        if (std::exchange(m_focusPassword, false))
+            m_password->setFocus();
+    });
+}
+
+QWidget* Welcome::workPanel() {
+    auto* picture = new QLabel(this);
+    picture->setPixmap(programIcon().pixmap(64));
+    auto* name = new QLabel("Tavorine", this);
+    auto large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.8);
+    name->setFont(large);
+    m_status->setObjectName("lbStatus");
+    m_status->setTextFormat(Qt::PlainText);
+    m_status->setWordWrap(true);
+    m_status->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_status->setFixedWidth(workPanelWidth);
+    m_status->setMinimumHeight(fontMetrics().lineSpacing() * 4);
+    m_progress->setObjectName("pbProgress");
+    m_progress->setAccessibleName("Progress");
+    m_progress->setRange(0, progressSteps);
+    m_progress->setFixedWidth(workPanelWidth);
+    auto policy = m_progress->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_progress->setSizePolicy(policy);
+    m_progress->hide();
+
+    auto* panel = new QWidget(this);
+    auto* layout = new QVBoxLayout(panel);
+    layout->addStretch(2);
+    for (QWidget* item : {static_cast<QWidget*>(picture), static_cast<QWidget*>(name), static_cast<QWidget*>(m_status), static_cast<QWidget*>(m_progress)})
+        layout->addWidget(item, 0, Qt::AlignHCenter);
+    layout->addStretch(3);
+    return panel;
+}
+
+QWidget* Welcome::passwordPanel() {
+    m_prompt->setObjectName("lbPassword");
+    m_prompt->setTextFormat(Qt::PlainText);
+    m_prompt->setWordWrap(true);
+    m_password->setObjectName("txtPassword");
+    m_password->setAccessibleName("Password");
+    m_confirmLabel->setObjectName("lbConfirm");
+    m_confirmLabel->setBuddy(m_confirm);
+    m_confirm->setObjectName("txtConfirm");
+    m_confirm->setAccessibleName("Confirm password");
+    m_next->setObjectName("cbNext(0)");
+    m_setPassword->setObjectName("cbNext(1)");
+    for (auto* entry : {m_password, m_confirm}) {
+        entry->setEchoMode(QLineEdit::Password);
+        entry->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
+        entry->setMaximumWidth(fontMetrics().averageCharWidth() * 30);
+    }
+    auto* row = new QHBoxLayout;
+    for (QWidget* item : {static_cast<QWidget*>(m_password), static_cast<QWidget*>(m_confirmLabel), static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_next), static_cast<QWidget*>(m_setPassword)})
+        row->addWidget(item);
+    row->addStretch();
+    auto* layout = new QVBoxLayout(m_passwordPanel);
+    layout->setContentsMargins(16, 10, 16, 14);
+    layout->addWidget(m_prompt);
+    layout->addLayout(row);
+    m_passwordPanel->hide();
+    setConfirming(false);
+    return m_passwordPanel;
+}
+
+void Welcome::drive(app::StartUp& startUp) {
+    const auto next = m_guard([this, &startUp] { startUp.next(fromQt(m_password->text())); });
+    const auto confirm = m_guard([this, &startUp] { startUp.confirm(fromQt(m_password->text()), fromQt(m_confirm->text())); });
+    connect(m_password, &QLineEdit::returnPressed, this, next);
+    connect(m_next, &QPushButton::clicked, this, next);
+    connect(m_confirm, &QLineEdit::returnPressed, this, confirm);
+    connect(m_setPassword, &QPushButton::clicked, this, confirm);
+    m_browser->onLink(m_guard([this, &startUp](const QUrl& address, bool clicked) {
+        if (clicked)
+            followLink(startUp, address);
+    }));
+}
+
+// The program's own page is up already; nothing is ever loaded by a link.
+void Welcome::followLink(app::StartUp& startUp, const QUrl& address) {
+    const auto target = readAddress(address.toEncoded().toStdString());
+    if (target.isFile)
+        static_cast<void>(startUp.linkClicked(target.text));
+}
+
+void Welcome::showProgress(quint64 done, quint64 total) {
+    m_progress->setVisible(true);
+    m_progress->setValue(total == 0 ? 0 : static_cast<int>(done * progressSteps / total));
+}
+
+void Welcome::hideProgress() {
+    m_progress->hide();
+}
+
+void Welcome::setCaption(std::string_view caption) {
+    setWindowTitle(toQt(caption));
+}
+
+void Welcome::setStatus(std::string_view text) {
+    m_status->setText(toQt(text));
+    m_status->repaint();
+}
+
+void Welcome::setConfirming(bool on) {
+    m_next->setVisible(!on);
+    for (QWidget* item : {static_cast<QWidget*>(m_confirmLabel), static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_setPassword)})
+        item->setVisible(on);
+}
+
+void Welcome::showPasswordEntry(std::string_view prompt) {
+    m_prompt->setText(toQt(prompt));
+    m_password->clear();
+    m_confirm->clear();
+    setConfirming(false);
+    m_passwordPanel->show();
+}
+
+void Welcome::hidePasswordEntry() {
+    m_focusPassword = false;
+    m_passwordPanel->hide();
+}
+
+void Welcome::focusPasswordOncePageIsUp() {
+    m_focusPassword = true;
+}
+
+void Welcome::showPasswordConfirmation() {
+    setConfirming(true);
+    m_confirm->setFocus();
+}
+
+void Welcome::retryPassword() {
+    m_password->clear();
+    m_password->setFocus();
+}
+
+void Welcome::retryPasswordAndConfirmation() {
+    m_confirm->clear();
+    retryPassword();
+}
+
+void Welcome::openMainWindow(const app::Session& session) {
+    m_openMainWindow(session);
+    m_memory.save(*this);
+    hide();
+}
+
+void Welcome::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (!std::exchange(m_painted, true))
+        QTimer::singleShot(0, this, &Welcome::painted);
+}
+
+// The program decides when the window goes: work that is under way is given up first.
+void Welcome::closeEvent(QCloseEvent* event) {
+    m_memory.save(*this);
+    event->ignore();
+    emit closeAsked();
+}
+
+}

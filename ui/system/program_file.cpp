@@ -1,0 +1,21 @@
+#include "ui/system/program_file.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace ui::system {
+
+std::filesystem::path RunningProgramFile::path() const {
+    return QFileInfo(QCoreApplication::applicationFilePath()).filesystemAbsoluteFilePath();
+}
+
+bool RunningProgramFile::isReadOnly() const {
+    return !QFileInfo(path()).isWritable();
+}
+
+std::filesystem::path ownFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdU16String();
+}
+
+}
