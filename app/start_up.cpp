@@ -1,0 +1,196 @@
+#include "app/start_up.h"
+
+#include "app/page_sizes.h"
+#include "app/supplier_page.h"
+#include "app/supplier_removal.h"
+#include "app/user_folder.h"
+#include "base/caseless_tree.h"
+#include "base/code_page.h"
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "catalog/parameters.h"
+#include "catalog/settings_file.h"
+#include "pages/parameter_fields.h"
+#include "pages/scratch_page.h"
+#include "pages/whole_page.h"
+
+namespace app {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view programTitle = "Tavorine Catalog Viewer";
+constexpr std::string_view endTitle = "Terminating error";
+constexpr std::string_view ownPageEnding = "\\TMP.HTM";
+constexpr std::string_view welcomeTemplate = "Welcome.ECT";
+
+Session startingFrom(const platform::ProgramFile& programFile) {
+    Session session;
+    session.folders.ProgramFolder = programFile.path().parent_path();
+    session.programFileReadOnly = programFile.isReadOnly();
+    return session;
+}
+
+std::string_view lastPart(std::string_view target) {
+    return base::trim(target.substr(target.find_last_of('\\') + 1));
+}
+
+}
+
+bool isOwnPage(std::string_view target) {
+    return base::upper(target).ends_with(ownPageEnding);
+}
+
+StartUp::StartUp(Surroundings surroundings)
+    : m_out(std::move(surroundings)),
+      m_session(startingFrom(m_out.programFile)),
+      m_zips(m_session.folders.ProgramFolder, m_out.archive, m_out.messages, m_out.window),
+      m_markers(m_session.folders.ProgramFolder, m_out.messages) {}
+
+void StartUp::run() {
+    requireSingleInstance();
+    askForEmailOnFirstRun();
+    choosePageSizes();
+    m_zips.installAll();
+    showSupplierList();
+}
+
+void StartUp::requireSingleInstance() {
+    if (!m_out.instanceLock.acquire(m_session.folders.ProgramFolder))
+        throw base::ProgramEnd(std::string(endTitle),
+                               "Only one instance of this program can be running at one time");
+}
+
+void StartUp::askForEmailOnFirstRun() {
+    const auto& folder = m_session.folders.ProgramFolder;
+    if (base::findFile(folder, catalog::startSettingsFile))
+        return;
+    const auto answer = m_out.messages.ask(platform::Icon::none, programTitle,
+                                           "Can emails be sent from this computer?", platform::Answer::yes);
+    catalog::SettingsFile(folder / catalog::startSettingsFile)
+        .write("Email", "Status", answer == platform::Answer::yes ? "Yes" : "No");
+}
+
+void StartUp::choosePageSizes() {
+    const auto screen = m_out.screen.size();
+    if (isSmallScreen(screen))
+        m_out.messages.show(platform::Icon::exclamation, programTitle,
+                            "Tavorine is best viewed at a resolution of 800 x 600 and above");
+    m_session.layout = pageSizesFor(screen);
+}
+
+void StartUp::showSupplierList() {
+    const auto suppliers = m_markers.suppliers();
+    const auto& folder = m_session.folders.ProgramFolder;
+    if (suppliers.empty())
+        throw base::ProgramEnd(
+            std::string(programTitle),
+            "Missing Catalog files\nSave the catlog zip file emailed by your supplier to " +
+                base::textOf(folder));
+    if (suppliers.size() == 1)
+        return open(suppliers.front(), false);
+    m_out.window.hidePasswordEntry();
+    showPage(folder, supplierPage(folder, m_session.layout, suppliers));
+}
+
+bool StartUp::linkClicked(std::string_view target) {
+    if (isOwnPage(target))
+        return true;
+    const auto name = lastPart(target);
+    const bool isRemoval = name.starts_with('-');
+    const auto supplier = findSupplier(m_markers.suppliers(), isRemoval ? name.substr(1) : name);
+    if (supplier && isRemoval)
+        remove(*supplier);
+    else if (supplier)
+        open(*supplier, m_session.programFileReadOnly);
+    return false;
+}
+
+void StartUp::open(const Supplier& supplier, bool isReadOnly) {
+    auto& folders = m_session.folders;
+    m_session.SelectedSupplier = supplier.folderName;
+    folders.DataFolder = base::folderPath(folders.ProgramFolder, supplier.folderName);
+    folders.UserFolder = chooseUserFolder(folders.DataFolder, m_out.ownFolder, isReadOnly);
+    const catalog::Parameters parameters(parametersPath());
+    m_out.window.setCaption("Welcome to " + parameters.text(catalog::ParameterText::supplierName));
+    m_passwords = {parameters.header().catalogPassword(), parameters.header().resetPassword()};
+    if (m_passwords.omitsWelcome())
+        m_out.window.openMainWindow(m_session);
+    else
+        showWelcomePage(parameters);
+}
+
+void StartUp::showWelcomePage(const catalog::Parameters& parameters) {
+    const auto& folders = m_session.folders;
+    m_out.window.showPasswordEntry("Enter your supplier advised password (if any), and click Next to enter");
+    const auto path = base::filePath(folders.DataFolder, welcomeTemplate);
+    if (!base::findFile(folders.DataFolder, welcomeTemplate))
+        throw base::ProgramEnd(std::string(endTitle),
+                               "Can not find " + base::textOf(path) + "\nPlease re-install your data files");
+    const pages::ParameterFields fields(parameters, folders, m_session.programFileReadOnly);
+    showPage(folders.UserFolder,
+             pages::wholePage(folders.DataFolder, welcomeTemplate, m_session.layout, fields));
+    m_out.window.focusPasswordOncePageIsUp();
+}
+
+void StartUp::showPage(const fs::path& folder, const std::string& page) {
+    const pages::ScratchPage scratch(folder);
+    try {
+        scratch.write(page);
+    } catch (const base::FileError&) {
+        // Deliberate: the browser is given the page itself, so one that cannot be kept is shown all the same.
+    }
+    m_out.browser.show(scratch.path(), page);
+}
+
+void StartUp::remove(const Supplier& supplier) {
+    const auto answer =
+        m_out.messages.ask(platform::Icon::question, "Remove " + supplier.displayName,
+                           "Are you sure you wish to remove this supplier", platform::Answer::no);
+    if (answer == platform::Answer::no)
+        return;
+    try {
+        removeSupplierFiles(m_session.folders.ProgramFolder, supplier);
+    } catch (const base::FileError& error) {
+        m_out.messages.show(platform::Icon::exclamation, programTitle, error.what());
+    }
+    showSupplierList();
+}
+
+void StartUp::next(std::string_view entry) {
+    switch (judgePassword(entry, m_passwords)) {
+    case PasswordOutcome::clearAndOpen:
+        catalog::storeCatalogPassword(parametersPath(), "");
+        [[fallthrough]];
+    case PasswordOutcome::open:
+        return m_out.window.openMainWindow(m_session);
+    case PasswordOutcome::setPassword:
+        return m_out.window.showPasswordConfirmation();
+    case PasswordOutcome::wrong:
+        offerAnotherTry("Incorrect Password\nTry again");
+        m_out.window.retryPassword();
+    }
+}
+
+void StartUp::confirm(std::string_view entry, std::string_view confirmation) {
+    if (isConfirmed(entry, confirmation)) {
+        catalog::storeCatalogPassword(parametersPath(), confirmation);
+        return m_out.window.openMainWindow(m_session);
+    }
+    offerAnotherTry("Password and Confirm Password fields differ\nTry again");
+    m_out.window.retryPasswordAndConfirmation();
+}
+
+void StartUp::offerAnotherTry(std::string_view complaint) {
+    const auto answer =
+        m_out.messages.ask(platform::Icon::question, "Password Protection", complaint, platform::Answer::no);
+    if (answer == platform::Answer::no)
+        throw base::Quit();
+}
+
+fs::path StartUp::parametersPath() const {
+    return base::filePath(m_session.folders.DataFolder, catalog::parametersFile);
+}
+
+}

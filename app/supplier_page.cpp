@@ -1,0 +1,82 @@
+#include "app/supplier_page.h"
+
+#include "base/code_page.h"
+#include "base/errors.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "pages/template_text.h"
+
+#include <string_view>
+
+namespace app {
+namespace {
+
+using Cells = pages::RowParts<std::string>;
+
+constexpr std::string_view templateFile = "Start.ect";
+constexpr std::string_view newLine = "\r\n";
+constexpr std::string_view nextRow = "</tr>\r\n<tr>\r\n";
+
+/// Without a separator at its end, which the root folder has.
+std::string folderText(const std::filesystem::path& folder) {
+    auto text = base::textOf(folder);
+    if (text.ends_with('/') || text.ends_with('\\'))
+        text.pop_back();
+    return text;
+}
+
+Cells readCells(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes) {
+    if (!base::findFile(programFolder, templateFile))
+        throw base::ProgramEnd("Terminating error", "Can not find Start.ect\nPlease re-install your program");
+    const auto file = pages::readTemplate(programFolder, templateFile);
+    const auto text = pages::replaceLayoutSizes(file.text, sizes);
+    return pages::splitAtRows(base::replaceAll(text, "{DIR}", folderText(programFolder)),
+                              pages::RenderGuard(file.path));
+}
+
+void appendCell(std::string& row, std::string_view cell, const Supplier& supplier) {
+    const auto named = base::replaceAll(cell, "{SUPPID}", supplier.identifier);
+    row.append(newLine).append(base::replaceAll(named, "{SUPPLIER}", supplier.displayName));
+}
+
+void moveRow(std::string& body, std::string& row) {
+    body.append(row).append(nextRow);
+    row.clear();
+}
+
+std::string rowsOf(const Cells& cells, const std::vector<Supplier>& suppliers) {
+    const int perRow = cellsPerRow(suppliers.size());
+    std::string body;
+    std::string firstRow;
+    std::string secondRow;
+    int count = 0;
+    for (const auto& supplier : suppliers) {
+        appendCell(firstRow, cells.firstRow, supplier);
+        appendCell(secondRow, cells.secondRow.value_or(""), supplier);
+        if (++count < perRow)
+            continue;
+        moveRow(body, firstRow);
+        moveRow(body, secondRow);
+        count = 0;
+    }
+    // Deliberate: behind a full last row stand two empty ones.
+    moveRow(body, firstRow);
+    moveRow(body, secondRow);
+    return body;
+}
+
+}
+
+int cellsPerRow(std::size_t suppliers) {
+    if (suppliers <= 3)
+        return 2;
+    return suppliers <= 5 ? 3 : 4;
+}
+
+std::string supplierPage(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes,
+                         const std::vector<Supplier>& suppliers) {
+    const auto cells = readCells(programFolder, sizes);
+    return cells.header + rowsOf(cells, suppliers) + cells.trailer + std::string(newLine);
+}
+
+}

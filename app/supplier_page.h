@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/supplier.h"
+#include "pages/layout.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace app {
+
+/// How many suppliers stand side by side in the list.
+[[nodiscard]] int cellsPerRow(std::size_t suppliers);
+
+/// The page that lists the suppliers, from Start.ect in `ProgramFolder`. The template's head must end
+/// inside an open table row and its tail begin by closing one. A missing template throws
+/// base::ProgramEnd, one without a row's end marker base::DamagedFile.
+[[nodiscard]] std::string supplierPage(const std::filesystem::path& programFolder,
+                                       const pages::LayoutSizes& sizes,
+                                       const std::vector<Supplier>& suppliers);
+
+}

@@ -1,0 +1,35 @@
+#include "app/user_folder.h"
+
+#include "base/errors.h"
+#include "base/files.h"
+
+#include <system_error>
+
+namespace app {
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isWritable(const fs::path& folder) {
+    const auto probe = folder / "Write.tmp";
+    try {
+        base::replaceFile(probe, {});
+    } catch (const base::FileError&) {
+        return false;
+    }
+    std::error_code ignored;
+    fs::remove(probe, ignored);
+    return true;
+}
+
+}
+
+fs::path chooseUserFolder(const fs::path& dataFolder, const fs::path& ownFolder, bool isReadOnly) {
+    if (!isReadOnly && isWritable(dataFolder))
+        return dataFolder;
+    std::error_code ignored;
+    fs::create_directories(ownFolder, ignored);
+    return ownFolder;
+}
+
+}
