@@ -26,11 +26,22 @@ Script& Script::when(const QString& what, Condition ready, Action act) {
 }
 
 bool Script::run() {
-    QTimer::singleShot(intervalMs, this, &Script::tick);
+    m_failed = false;
+    m_waitedMs = 0;
+    order();
     QApplication::exec();
+    ++m_run;
     if (m_next < m_steps.size() && !m_failed)
         std::fprintf(stderr, "the program ended before: %s\n", qPrintable(m_steps[m_next].what));
     return m_next == m_steps.size();
+}
+
+// A tick that was ordered in an earlier run is none of this one's.
+void Script::order() {
+    QTimer::singleShot(intervalMs, this, [this, run = m_run] {
+        if (run == m_run)
+            tick();
+    });
 }
 
 // The next tick is ordered before the step is done, since a step may open a box and come back late.
@@ -40,7 +51,7 @@ void Script::tick() {
         return;
     }
     auto& step = m_steps[m_next];
-    QTimer::singleShot(intervalMs, this, &Script::tick);
+    order();
     if (step.ready()) {
         m_waitedMs = 0;
         ++m_next;

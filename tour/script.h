@@ -21,7 +21,7 @@ public:
 
     Script& when(const QString& what, Condition ready, Action act);
 
-    /// Runs the event loop until the last step is done (true), or a step waited too long or the program
+    /// May be called again after more steps have been added. Runs the event loop until the last step is done (true), or a step waited too long or the program
     /// left its event loop before (false; says which step on standard error).
     [[nodiscard]] bool run();
 
@@ -32,10 +32,12 @@ private:
         Action act;
     };
 
+    void order();
     void tick();
 
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
+    int m_run = 0;
     int m_waitedMs = 0;
     bool m_failed = false;
 };

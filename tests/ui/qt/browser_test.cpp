@@ -1,0 +1,144 @@
+#include "tests/ui/qt/program_folder.h"
+#include "ui/qt/page_browser.h"
+
+#include "base/files.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QTcpServer>
+#include <QTest>
+
+namespace {
+namespace fs = std::filesystem;
+
+class BrowserTest : public testing::Test {
+protected:
+    BrowserTest() : browser("WbPage", "Page", nullptr) {
+        folder = fs::canonical(testing::TempDir()) / "browser_test";
+        fs::remove_all(folder);
+        fs::create_directories(folder / "ACME");
+        QImage picture(3, 2, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        picture.save(QString::fromStdString((folder / "ACME/Bolt.PNG").string()));
+        picture.save(QString::fromStdString((folder / "outside.png").string()));
+        browser.confineTo(ui::PageFiles({folder / "ACME"}));
+        browser.resize(400, 300);
+        static_cast<QWidget&>(browser).show();
+    }
+
+    // Shows a page and waits until it is up.
+    void show(const std::string& page) {
+        browser.show(folder / "ACME" / "Tmp.htm", page);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    }
+
+    QVariant evaluate(const QString& script, quint32 world = 0) {
+        QVariant result;
+        bool done = false;
+        browser.view()->page()->runJavaScript(script, world, [&](const QVariant& value) {
+            result = value;
+            done = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 5000));
+        return result;
+    }
+
+    bool becomes(const QString& script) {
+        return QTest::qWaitFor([&] { return evaluate(script).toBool(); }, 5000);
+    }
+
+    fs::path folder;
+    ui::qt::PageBrowser browser;
+};
+
+TEST_F(BrowserTest, ReadsPagesAsWindows1252UnlessTheyDeclareAnother) {
+    const struct {
+        const char* page;
+        const char* text;
+    } cases[] = {{"\xBD x \xBC", "½ x ¼"},
+                 {"10\xB5" "F \xB1" "5%", "10µF ±5%"},
+                 {"5\xA2 \x80", "5¢ €"},
+                 {"<meta charset=utf-8>\xC2\xBD \xCE\xA9", "½ Ω"}};
+    for (const auto& c : cases) {
+        show(c.page);
+        EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), QString::fromUtf8(c.text));
+    }
+}
+
+TEST_F(BrowserTest, ShowsAPageThatIsTooLargeToHandOverTheSameWay) {
+    show("<p id=a>\xBD</p>" + std::string(1'500'000, 'x') + "<p id=b>\xBC</p>");
+    EXPECT_EQ(evaluate("document.getElementById('a').innerText + document.getElementById('b').innerText").toString(),
+              QString::fromUtf8("½¼"));
+    EXPECT_EQ(base::filesEndingWith(folder / "ACME", ".htm").size(), 0U);
+}
+
+TEST_F(BrowserTest, FindsPicturesInAnyLetterCaseAndOnlyInItsFolders) {
+    show("<img id=in src='bolt.png'><img id=out src='../outside.png'><img id=none src='none.png'>"
+         "<img id=swap src='none.png' onerror=\"this.onerror=null;this.src='BOLT.png'\">"
+         "<img id=loop src='none.png' onerror=\"this.src='none'+Math.random()+'.png'\">");
+    const auto width = [&](const char* id) { return QString("document.getElementById('%1').naturalWidth").arg(id); };
+    EXPECT_TRUE(becomes(width("in") + " === 3"));
+    EXPECT_TRUE(becomes(width("swap") + " === 3"));
+    for (const char* id : {"out", "none", "loop"})
+        EXPECT_TRUE(becomes(width(id) + " === 160")) << id << " must show the placeholder";
+}
+
+TEST_F(BrowserTest, NothingOfAPageReachesTheNetwork) {
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    int connections = 0;
+    QObject::connect(&server, &QTcpServer::newConnection, [&] { ++connections; });
+    const auto host = "127.0.0.1:" + std::to_string(server.serverPort());
+    const auto url = "http://" + host + "/x";
+    show("<link rel=stylesheet href='" + url + "'><link rel=prefetch href='" + url + "'><img src='" + url + "'>"
+         "<iframe src='" + url + "'></iframe><script src='" + url + "'></script><video src='" + url + "'></video>"
+         "<style>@font-face{font-family:f;src:url(" + url + ")} body{font-family:f;background:url(" + url + ")}</style>"
+         "<object data='" + url + "'></object><form id=f action='" + url + "'></form>"
+         "<script>try{new WebSocket('ws://" + host + "')}catch(e){} try{fetch('" + url + "').catch(()=>{})}catch(e){}"
+         "try{navigator.sendBeacon('" + url + "')}catch(e){} try{window.open('" + url + "')}catch(e){}"
+         "try{var r=new RTCPeerConnection({iceServers:[{urls:'stun:" + host + "'}]});r.createDataChannel('c');"
+         "r.createOffer().then(o=>r.setLocalDescription(o))}catch(e){} document.getElementById('f').submit();"
+         "location='" + url + "';</script><p id=here>still here</p>");
+    QTest::qWait(1500);
+    EXPECT_EQ(connections, 0);
+    EXPECT_EQ(evaluate("document.getElementById('here').innerText").toString(), "still here");
+}
+
+TEST_F(BrowserTest, ScriptsDoNotReadFilesNorPagesDataFiles) {
+    base::replaceFile(folder / "ACME" / "User.ini", "[Order]\r\nCity=Rome\r\n");
+    base::replaceFile(folder / "ACME" / "frame.htm", "<p>frame</p>");
+    show("<iframe id=ini src='User.ini'></iframe><iframe id=ok src='FRAME.htm'></iframe>"
+         "<script>window.got='';var x=new XMLHttpRequest();x.onload=function(){window.got=x.responseText};"
+         "x.open('GET','User.ini');try{x.send()}catch(e){}</script>");
+    QTest::qWait(300);
+    EXPECT_EQ(evaluate("window.got").toString(), "");
+    EXPECT_EQ(evaluate("window.frames.length").toInt(), 2);
+}
+
+TEST_F(BrowserTest, OfPagesShownInABurstTheLastIsSeenFromItsTop) {
+    const std::string tall = "<div style='height:5000px'></div>";
+    show("<p>first</p>" + tall);
+    evaluate("window.scrollTo(0, 3000)");
+    for (int i = 0; i < 30; ++i)
+        browser.show(folder / "ACME" / "Tmp.htm", "<p>page " + std::to_string(i) + "</p>" + tall);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "page 29");
+    EXPECT_EQ(evaluate("window.scrollY").toInt(), 0);
+}
+
+TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
+    std::vector<std::string> links;
+    browser.onLink([&](const QUrl& url, bool clicked) {
+        links.push_back(url.fileName().toStdString() + (clicked ? " clicked" : ""));
+    });
+    show("<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
+         "<p id=x>x</p>");
+    for (const char* id : {"#a", "#b", "#c"}) {
+        tour::clickInPage(*browser.view(), id);
+        QTest::qWait(400);
+    }
+    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm clicked", "other.htm clicked"));
+    EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
+}
+
+}

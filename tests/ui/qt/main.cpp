@@ -1,0 +1,21 @@
+#include "ui/system/browser_start.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+// The windows need one application object for all tests, and settings that are nobody's own.
+int main(int argc, char* argv[]) {
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir own;
+    qputenv("XDG_CONFIG_HOME", own.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", own.path().toLocal8Bit());
+    ui::system::prepareBrowser();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName("Tavorine test");
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,77 @@
+#include "tests/ui/qt/program_folder.h"
+
+#include <QTest>
+
+namespace {
+using namespace tour;
+
+class SupplierTest : public ProgramTest {
+protected:
+    SupplierTest() { writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n"); }
+
+    void expectList(std::function<void()> then) {
+        script.when("the supplier list", [] { return shows(startPage(), "Suppliers"); }, std::move(then));
+    }
+};
+
+TEST_F(SupplierTest, InstallsUpdatesDeclinesAndRemovesSuppliers) {
+    auto bolts = smallCatalog("Bolts");
+    deliver("BOLTS", bolts, {{"logo.jpg", "logo"}, {"Pics/b1.jpg", "picture"}});
+    deliver("NUTS", smallCatalog("Nuts"));
+    expectList([&] {
+        EXPECT_TRUE(exists("BOLTS/Prdlst.dat") && exists("NUTS/Prdlst.dat") && exists("BOLTS/Pics/b1.jpg"));
+        EXPECT_EQ(readFile("BOLTS.jpg"), "logo");
+        clickInPage(*startPage(), "#NUTS");
+    });
+    script.when("the welcome page", [] { return shows(startPage(), "Welcome to Nuts list"); },
+                [] { visibleWidget("Welcome")->close(); });
+    EXPECT_TRUE(play());
+    EXPECT_EQ(readFile("NUTS/Tmp.htm"), "<h1>Welcome to Nuts list</h1>\r\n");
+}
+
+TEST_F(SupplierTest, AsksBeforeItReplacesACatalogueByOneThatIsNotNewer) {
+    auto bolts = smallCatalog("Bolts");
+    bolts.catalogPassword = "OMIT";
+    deliver("BOLTS", bolts);
+    closeMainWindow();
+    ASSERT_TRUE(play());
+    const auto installed = readFile("BOLTS/Prdlst.dat");
+
+    bolts.products[2].price = 99;
+    deliver("BOLTS", bolts);
+    answer("Confirm Catalog Update", QMessageBox::No);
+    closeMainWindow();
+    ASSERT_TRUE(play());
+    EXPECT_EQ(boxTexts.back(), "Would you like to replace:\n\n   Bolts catalog version 00001\n\nwith\n\n   Bolts catalog version 00001");
+    EXPECT_EQ(readFile("BOLTS/Prdlst.dat"), installed);
+    EXPECT_FALSE(exists("BOLTS.zip"));
+
+    bolts.version = "00002";
+    deliver("BOLTS", bolts);
+    closeMainWindow();
+    ASSERT_TRUE(play());
+    EXPECT_NE(readFile("BOLTS/Prdlst.dat"), installed);
+}
+
+TEST_F(SupplierTest, RemovesASupplierFromTheListOnlyWhenToldTwice) {
+    deliver("BOLTS", smallCatalog("Bolts"), {{"Pics/b1.jpg", "picture"}});
+    deliver("NUTS", smallCatalog("Nuts"));
+    deliver("PAINT", smallCatalog("Paint"));
+    expectList([] { clickInPage(*startPage(), "#remove-NUTS"); });
+    answer("Remove NUTS Trading", QMessageBox::No);
+    script.when("the list as it was", [] { return shows(startPage(), "NUTS Trading"); }, [&] {
+        EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
+        clickInPage(*startPage(), "#remove-BOLTS");
+    });
+    answer("Remove BOLTS Trading", QMessageBox::Yes);
+    script.when("the list without it",
+                [] { return shows(startPage(), "Suppliers") && !shows(startPage(), "BOLTS"); },
+                [&] {
+                    EXPECT_FALSE(exists("BOLTS") || exists("BOLTS.sup"));
+                    EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
+                });
+    EXPECT_TRUE(play());
+    EXPECT_EQ(boxTexts.front(), "Are you sure you wish to remove this supplier");
+}
+
+}
