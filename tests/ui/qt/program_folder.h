@@ -6,6 +6,7 @@
 #include "ui/system/instance_lock.h"
 #include "ui/system/screen.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
