@@ -119,7 +119,7 @@ void CatalogZips::process(const Zip& zip) {
     fs::remove(zip.path, error);
     if (error)
         complain("Can not delete " + base::textOf(zip.path) +
-                 "\nPlease delete this file, or it is installed again at every start");
+                 "\nPlease delete it yourself, or it is tried again at every start");
 }
 
 void CatalogZips::install(const Zip& zip) {
