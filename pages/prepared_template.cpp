@@ -65,20 +65,27 @@ void PreparedTemplate::render(const Fields& fields, std::string& out) {
 void PreparedTemplate::render(const Fields& fields, Entries& entries, std::string& out) {
     const auto start = out.size();
     m_decided.clear();
-    const auto& variant = variantFor(fields);
-    if (append(variant, fields, entries, out))
+    const auto* variant = variantFor(fields);
+    if (variant != nullptr && append(*variant, fields, entries, out))
         return;
     out.resize(start);
     renderPlainly(m_path, m_text, m_rows, m_columns, fields, entries, out);
 }
 
-const PreparedTemplate::Variant& PreparedTemplate::variantFor(const Fields& fields) {
-    for (const auto& variant : m_variants)
-        if (matches(variant, fields))
-            return variant;
+const PreparedTemplate::Variant* PreparedTemplate::variantFor(const Fields& fields) {
+    const auto known = std::find_if(m_variants.begin(), m_variants.end(),
+                                    [&](const Variant& variant) { return matches(variant, fields); });
+    if (m_decided.holdTemplateText())
+        return nullptr;
+    if (known != m_variants.end())
+        return known->plainOnly ? nullptr : &*known;
+    auto compiled = compile(fields);
+    if (!compiled)
+        return nullptr;
     if (m_variants.size() >= m_mostVariants)
         m_variants.clear();
-    return m_variants.emplace_back(compile(fields));
+    const auto& kept = m_variants.emplace_back(*std::move(compiled));
+    return kept.plainOnly ? nullptr : &kept;
 }
 
 bool PreparedTemplate::matches(const Variant& variant, const Fields& fields) {
@@ -87,7 +94,7 @@ bool PreparedTemplate::matches(const Variant& variant, const Fields& fields) {
     });
 }
 
-PreparedTemplate::Variant PreparedTemplate::compile(const Fields& fields) {
+std::optional<PreparedTemplate::Variant> PreparedTemplate::compile(const Fields& fields) {
     RenderGuard guard(m_path);
     Variant variant;
     auto text = markedText(m_text);
@@ -97,12 +104,16 @@ PreparedTemplate::Variant PreparedTemplate::compile(const Fields& fields) {
             return variant;
         const auto field = fields.number(bytesOf(block->tag));
         const bool kept = m_decided.keeps(field, fields);
+        if (m_decided.holdTemplateText())
+            return std::nullopt; // what follows depends on the value
         if (field != 0)
             variant.decisions.push_back({field, kept});
         settleBlock(text, *std::move(block), kept ? MarkedText(1, markOf(field)) : MarkedText(), guard);
         ++variant.blocks;
     }
-    compileParts(variant, text, fields);
+    variant.plainOnly = m_rows != RowBlocks::none && marksFollowMarkerStart(text);
+    if (!variant.plainOnly)
+        compileParts(variant, text, fields);
     return variant;
 }
 
@@ -120,16 +131,13 @@ void PreparedTemplate::compileParts(Variant& variant, const MarkedText& text, co
         variant.firstRow = CompiledText(parts.firstRow, fields);
         variant.secondRow = CompiledText(parts.secondRow.value_or(parts.firstRow), fields);
     }
-    variant.plainOnly = marksFollowMarkerStart(text) || variant.header.isPlainOnly() ||
-                        variant.trailer.isPlainOnly() || variant.firstRow.isPlainOnly() ||
-                        variant.secondRow.isPlainOnly() || variant.firstRow.endsOpen() ||
-                        variant.secondRow.endsOpen();
+    variant.plainOnly = variant.header.isPlainOnly() || variant.trailer.isPlainOnly() ||
+                        variant.firstRow.isPlainOnly() || variant.secondRow.isPlainOnly() ||
+                        variant.firstRow.endsOpen() || variant.secondRow.endsOpen();
 }
 
 bool PreparedTemplate::append(const Variant& variant, const Fields& fields, Entries& entries,
                               std::string& out) {
-    if (variant.plainOnly || m_decided.holdTemplateText())
-        return false;
     RenderGuard guard(m_path);
     guard.countReplacements(variant.blocks);
     return variant.header.append(fields, m_decided, out, guard) &&

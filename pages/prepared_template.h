@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,7 +61,7 @@ private:
     struct Variant {
         std::vector<Decision> decisions;
         std::size_t blocks = 0;
-        bool plainOnly = false; // nothing below is filled in
+        bool plainOnly = false; // the rest is worth nothing
         CompiledText header;
         CompiledText firstRow;
         CompiledText secondRow;
@@ -69,9 +70,10 @@ private:
         bool rowsAreEqual = false; // the second is the copy of the first
     };
 
-    [[nodiscard]] const Variant& variantFor(const Fields& fields);
+    // None where these values make it necessary to render plainly.
+    [[nodiscard]] const Variant* variantFor(const Fields& fields);
     [[nodiscard]] bool matches(const Variant& variant, const Fields& fields);
-    [[nodiscard]] Variant compile(const Fields& fields);
+    [[nodiscard]] std::optional<Variant> compile(const Fields& fields);
     void compileParts(Variant& variant, const MarkedText& text, const Fields& fields) const;
 
     // False where a value makes it necessary to render plainly.

@@ -1,5 +1,6 @@
 #include "catalog/catalog.h"
 #include "tests/support/catalog_builder.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ TEST(CatalogBuilder, WritesACatalogueThatTheReadersUnderstand) {
                         {"A1\nNut\n", 1, 0, 1, "memo"},
                         {"B2\nTwin\n"}};
     builder.groups = {{"Root"}, {"Bolts", 1, 0, 1}};
-    const auto folder = std::filesystem::path(testing::TempDir()) / "catalog_builder_test";
+    const auto folder = support::testFolder();
     builder.writeTo(folder);
 
     const auto catalog = catalog::openCatalog(folder);
