@@ -60,7 +60,12 @@ struct Decoded {
 // The well-formed character at the start of the text, if there is one.
 std::optional<Decoded> decode(std::string_view utf8) {
     const auto first = static_cast<unsigned char>(utf8[0]);
-    const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF5 ? 4 : 0;
+    const std::size_t length = first < 0x80   ? 1
+                               : first < 0xC2 ? 0
+                               : first < 0xE0 ? 2
+                               : first < 0xF0 ? 3
+                               : first < 0xF5 ? 4
+                                              : 0;
     if (length == 0 || utf8.size() < length)
         return std::nullopt;
     constexpr std::array<unsigned, 5> leadMask = {0, 0x7F, 0x1F, 0x0F, 0x07};

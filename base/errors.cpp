@@ -4,7 +4,8 @@
 
 namespace base {
 
-ProgramEnd::ProgramEnd(std::string title, std::string text) : m_title(std::move(title)), m_text(std::move(text)) {}
+ProgramEnd::ProgramEnd(std::string title, std::string text)
+    : m_title(std::move(title)), m_text(std::move(text)) {}
 
 MissingFile::MissingFile(const std::filesystem::path& path)
     : ProgramEnd("Terminate Tavorine", textOf(path) + " is missing. Please contact your supplier") {}

@@ -14,7 +14,9 @@ public:
     ProgramEnd(std::string title, std::string text);
 
     [[nodiscard]] const std::string& title() const { return m_title; }
+
     [[nodiscard]] const std::string& text() const { return m_text; }
+
     [[nodiscard]] const char* what() const noexcept override { return m_text.c_str(); }
 
 private:

@@ -10,6 +10,7 @@
 
 namespace base {
 namespace fs = std::filesystem;
+
 namespace {
 
 bool isFile(const fs::path& path) {
@@ -28,7 +29,8 @@ std::vector<fs::path> filesWhere(const fs::path& folder, Wanted wanted) {
 }
 
 [[noreturn]] void failWriting(const fs::path& path) {
-    throw FileError("Can not write " + textOf(path) + "\nPlease check that the disk is not full and that you may write there");
+    throw FileError("Can not write " + textOf(path) +
+                    "\nPlease check that the disk is not full and that you may write there");
 }
 
 }
@@ -37,7 +39,8 @@ std::optional<fs::path> findFile(const fs::path& folder, std::string_view name) 
     const auto exact = folder / pathOf(name);
     if (isFile(exact))
         return exact;
-    const auto found = filesWhere(folder, [&](const std::string& other) { return equalIgnoringCase(other, name); });
+    const auto found =
+        filesWhere(folder, [&](const std::string& other) { return equalIgnoringCase(other, name); });
     if (found.empty())
         return std::nullopt;
     return *std::min_element(found.begin(), found.end());
@@ -49,7 +52,8 @@ fs::path filePath(const fs::path& folder, std::string_view name) {
 
 std::vector<fs::path> filesEndingWith(const fs::path& folder, std::string_view ending) {
     auto found = filesWhere(folder, [&](const std::string& name) {
-        return name.size() >= ending.size() && equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+        return name.size() >= ending.size() &&
+               equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
     });
     std::sort(found.begin(), found.end(), [](const fs::path& a, const fs::path& b) {
         const auto upperA = upper(textOf(a.filename()));

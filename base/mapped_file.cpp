@@ -4,7 +4,6 @@
 
 #include <boost/interprocess/file_mapping.hpp>
 #include <boost/interprocess/mapped_region.hpp>
-
 #include <system_error>
 
 namespace base {

@@ -26,7 +26,8 @@ Decimal shortest(float value) {
     decimal.negative = value < 0;
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                   std::chars_format::scientific).ptr;
+                                   std::chars_format::scientific)
+                         .ptr;
     const char* at = buffer.data();
     for (; at != end && *at != 'e'; ++at)
         if (*at != '.')

@@ -34,12 +34,17 @@ public:
 
     /// Trimmed, in upper case; empty means none.
     [[nodiscard]] std::string catalogPassword() const { return password(catalogPasswordField); }
+
     [[nodiscard]] std::string resetPassword() const { return password(resetPasswordField); }
 
     /// "I" chooses the first group page, anything else the second.
     [[nodiscard]] char groupPageStyle() const { return base::readText(m_bytes, 22, 1)[0]; }
+
     [[nodiscard]] char taxSwitch() const { return base::readText(m_bytes, 24, 1)[0]; }
-    [[nodiscard]] bool orderGridHasExtraColumn() const { return base::readNumber<std::uint8_t>(m_bytes, 27) != 0; }
+
+    [[nodiscard]] bool orderGridHasExtraColumn() const {
+        return base::readNumber<std::uint8_t>(m_bytes, 27) != 0;
+    }
 
     /// 0 to 4, whatever the file says.
     [[nodiscard]] int quantityDecimals() const;
@@ -54,6 +59,7 @@ private:
     [[nodiscard]] std::string_view text(TextField field) const {
         return base::readText(m_bytes, field.offset, field.width);
     }
+
     [[nodiscard]] std::string password(TextField field) const { return base::upper(base::trim(text(field))); }
 
     RecordBytes m_bytes;
@@ -70,13 +76,16 @@ public:
     explicit ProductRecord(RecordBytes bytes) : m_bytes(bytes) {}
 
     [[nodiscard]] bool isProduct() const { return flag() == 'Y'; }
+
     [[nodiscard]] char flag() const { return base::readText(m_bytes, 1, 1)[0]; }
 
     /// Record number in GrpIdx.idx.
     [[nodiscard]] std::int16_t group() const { return base::readNumber<std::int16_t>(m_bytes, 2); }
 
     /// Code, description and other text, parted by line feeds, padded to 100 bytes.
-    [[nodiscard]] std::string_view text() const { return base::readText(m_bytes, textField.offset, textField.width); }
+    [[nodiscard]] std::string_view text() const {
+        return base::readText(m_bytes, textField.offset, textField.width);
+    }
 
     /// The text before the first line feed, trimmed; empty without a line feed.
     [[nodiscard]] std::string_view code() const;
@@ -90,6 +99,7 @@ public:
 
     /// Percent.
     [[nodiscard]] float taxRate() const { return base::readSingle(m_bytes, 104); }
+
     /// Without tax.
     [[nodiscard]] float price() const { return base::readSingle(m_bytes, 108); }
 
@@ -100,6 +110,7 @@ public:
 
     /// In PrdMem.Dat, from 1; 0 or less means that there is no long description.
     [[nodiscard]] std::int32_t memoPosition() const { return base::readNumber<std::int32_t>(m_bytes, 132); }
+
     [[nodiscard]] std::int16_t memoLength() const { return base::readNumber<std::int16_t>(m_bytes, 136); }
 
 private:
@@ -122,8 +133,10 @@ public:
 
     /// Record number of the group's own record in Prdlst.dat.
     [[nodiscard]] std::int32_t headerRecord() const { return base::readNumber<std::int32_t>(m_bytes, 60); }
+
     /// Record number of the first child group; below 1 means none.
     [[nodiscard]] std::int32_t firstChild() const { return base::readNumber<std::int32_t>(m_bytes, 64); }
+
     /// Record number of the parent group, the same for all siblings.
     [[nodiscard]] std::int32_t parent() const { return base::readNumber<std::int32_t>(m_bytes, 68); }
 
@@ -140,7 +153,10 @@ public:
 
     explicit IndexRecord(RecordBytes bytes) : m_bytes(bytes) {}
 
-    [[nodiscard]] std::string_view key() const { return base::readText(m_bytes, keyField.offset, keyField.width); }
+    [[nodiscard]] std::string_view key() const {
+        return base::readText(m_bytes, keyField.offset, keyField.width);
+    }
+
     /// Record number in Prdlst.dat.
     [[nodiscard]] std::int32_t product() const { return base::readNumber<std::int32_t>(m_bytes, 20); }
 

@@ -84,14 +84,15 @@ Place find(std::string_view file, std::string_view section, std::string_view key
 }
 
 std::string_view withoutQuotes(std::string_view value) {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == '"' || value.front() == '\'');
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
 std::string oneLine(std::string_view value) {
     std::string line(value);
-    std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     return line;
 }
 
@@ -140,7 +141,8 @@ void SettingsFile::write(std::string_view section, std::string_view key, std::st
     else if (place.section)
         insertLine(text, place.insertAt, std::string(key) + "=" + line);
     else
-        insertLine(text, text.size(), "[" + std::string(section) + "]" + std::string(newLine) + std::string(key) + "=" + line);
+        insertLine(text, text.size(),
+                   "[" + std::string(section) + "]" + std::string(newLine) + std::string(key) + "=" + line);
     try {
         base::replaceFile(m_path, text);
     } catch (const base::FileError&) {

@@ -34,7 +34,8 @@ TEST(CodePage, EveryByteSurvivesTheRoundTrip) {
 TEST(CodePage, CharactersOutsideItAreHeldAsReferencesAndShownAgain) {
     const std::string typed = "π & €5 \U0001F600 &#65;";
     const auto held = base::fromUtf8(typed);
-    EXPECT_EQ(held, "&#960; & \x80" "5 &#128512; &#65;");
+    EXPECT_EQ(held, "&#960; & \x80"
+                    "5 &#128512; &#65;");
     EXPECT_EQ(base::shownAsUtf8(held), typed);
     EXPECT_EQ(base::shownAsUtf8("&#55296; &#; &#x3c0; &#99999999; &"), "&#55296; &#; &#x3c0; &#99999999; &");
 }

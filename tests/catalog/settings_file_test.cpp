@@ -53,6 +53,7 @@ TEST_F(Settings, ReadsAsThePlatformsCallsDo) {
         {"no equals sign", "[Order]\nCity\n", ""},
         {"backslashes and commas", "[Order]\nCity=C:\\temp\\new, x\n", "C:\\temp\\new, x"},
     };
+
     for (const auto& c : cases)
         EXPECT_EQ(read(c.content, "Order", "City"), c.value) << c.what;
     EXPECT_EQ(read("[Order]\nCity=" + std::string(300, 'x'), "Order", "City"), std::string(249, 'x'));
@@ -73,6 +74,7 @@ TEST_F(Settings, WritingChangesOneValueAndNoOtherByte) {
         {"new section", "[Find]\nTop=1", "[Find]\nTop=1\r\n[Order]\r\nCity=Bonn\r\n"},
         {"empty section", "[Order]\n[Find]\n", "[Order]\nCity=Bonn\r\n[Find]\n"},
     };
+
     for (const auto& c : cases)
         EXPECT_EQ(written(c.before, "Order", "City", "Bonn"), c.after) << c.what;
 }
