@@ -15,6 +15,9 @@ namespace base {
 /// a byte that is not UTF-8 stays as it is.
 [[nodiscard]] std::string fromUtf8(std::string_view utf8);
 
+/// Whether the whole text is well-formed UTF-8.
+[[nodiscard]] bool isUtf8(std::string_view text);
+
 /// As `toUtf8`, with the references that `fromUtf8` made turned back into their characters.
 /// References to characters that the code page has are left as text.
 [[nodiscard]] std::string shownAsUtf8(std::string_view text);

@@ -5,7 +5,6 @@
 namespace catalog {
 namespace {
 
-constexpr int mostQuantityDecimals = 4;
 constexpr char fieldSeparator = '\n';
 
 // The text behind the n-th line feed, if there are so many.
@@ -22,7 +21,8 @@ std::string_view behind(std::string_view text, int lineFeeds) {
 }
 
 int ParameterHeader::quantityDecimals() const {
-    return std::min<int>(base::readNumber<std::uint8_t>(m_bytes, 28), mostQuantityDecimals);
+    return std::min<int>(base::readNumber<std::uint8_t>(m_bytes, quantityDecimalsOffset),
+                         mostQuantityDecimals);
 }
 
 std::string_view ProductRecord::code() const {

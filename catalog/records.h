@@ -28,7 +28,14 @@ public:
     static constexpr std::size_t length = 40;
     static constexpr TextField catalogPasswordField{4, 9};
     static constexpr TextField resetPasswordField{13, 9};
+    static constexpr TextField groupPageStyleField{22, 1};
+    static constexpr TextField taxSwitchField{24, 1};
+    static constexpr std::size_t optionBytesOffset = 25; // two of them, not interpreted
+    static constexpr std::size_t orderGridSwitchOffset = 27;
+    static constexpr std::size_t quantityDecimalsOffset = 28;
     static constexpr TextField versionField{29, 5};
+    static constexpr TextField extraColumnAlignmentField{35, 1};
+    static constexpr int mostQuantityDecimals = 4;
 
     explicit ParameterHeader(RecordBytes bytes) : m_bytes(bytes) {}
 
@@ -38,12 +45,12 @@ public:
     [[nodiscard]] std::string resetPassword() const { return password(resetPasswordField); }
 
     /// "I" chooses the first group page, anything else the second.
-    [[nodiscard]] char groupPageStyle() const { return base::readText(m_bytes, 22, 1)[0]; }
+    [[nodiscard]] char groupPageStyle() const { return text(groupPageStyleField)[0]; }
 
-    [[nodiscard]] char taxSwitch() const { return base::readText(m_bytes, 24, 1)[0]; }
+    [[nodiscard]] char taxSwitch() const { return text(taxSwitchField)[0]; }
 
     [[nodiscard]] bool orderGridHasExtraColumn() const {
-        return base::readNumber<std::uint8_t>(m_bytes, 27) != 0;
+        return base::readNumber<std::uint8_t>(m_bytes, orderGridSwitchOffset) != 0;
     }
 
     /// 0 to 4, whatever the file says.
@@ -53,7 +60,7 @@ public:
     [[nodiscard]] std::string_view version() const { return text(versionField); }
 
     /// "L", "R" or anything else for centred.
-    [[nodiscard]] char extraColumnAlignment() const { return base::readText(m_bytes, 35, 1)[0]; }
+    [[nodiscard]] char extraColumnAlignment() const { return text(extraColumnAlignmentField)[0]; }
 
 private:
     [[nodiscard]] std::string_view text(TextField field) const {
@@ -69,18 +76,25 @@ private:
 class ProductRecord {
 public:
     static constexpr std::size_t length = 138;
+    static constexpr TextField firstFlagField{0, 1};
+    static constexpr TextField flagField{1, 1};
+    static constexpr std::size_t groupOffset = 2;
     static constexpr TextField textField{4, 100};
+    static constexpr std::size_t taxRateOffset = 104;
+    static constexpr std::size_t priceOffset = 108;
     static constexpr TextField pictureField{112, 20};
-    static constexpr std::array textFields{TextField{0, 1}, TextField{1, 1}, textField, pictureField};
+    static constexpr std::size_t memoPositionOffset = 132;
+    static constexpr std::size_t memoLengthOffset = 136;
+    static constexpr std::array textFields{firstFlagField, flagField, textField, pictureField};
 
     explicit ProductRecord(RecordBytes bytes) : m_bytes(bytes) {}
 
     [[nodiscard]] bool isProduct() const { return flag() == 'Y'; }
 
-    [[nodiscard]] char flag() const { return base::readText(m_bytes, 1, 1)[0]; }
+    [[nodiscard]] char flag() const { return base::readText(m_bytes, flagField.offset, flagField.width)[0]; }
 
     /// Record number in GrpIdx.idx.
-    [[nodiscard]] std::int16_t group() const { return base::readNumber<std::int16_t>(m_bytes, 2); }
+    [[nodiscard]] std::int16_t group() const { return base::readNumber<std::int16_t>(m_bytes, groupOffset); }
 
     /// Code, description and other text, parted by line feeds, padded to 100 bytes.
     [[nodiscard]] std::string_view text() const {
@@ -98,10 +112,10 @@ public:
     [[nodiscard]] std::string_view other() const;
 
     /// Percent.
-    [[nodiscard]] float taxRate() const { return base::readSingle(m_bytes, 104); }
+    [[nodiscard]] float taxRate() const { return base::readSingle(m_bytes, taxRateOffset); }
 
     /// Without tax.
-    [[nodiscard]] float price() const { return base::readSingle(m_bytes, 108); }
+    [[nodiscard]] float price() const { return base::readSingle(m_bytes, priceOffset); }
 
     /// File name of the picture as stored, 20 bytes; all blanks when the code names it.
     [[nodiscard]] std::string_view pictureName() const {
@@ -109,9 +123,13 @@ public:
     }
 
     /// In PrdMem.Dat, from 1; 0 or less means that there is no long description.
-    [[nodiscard]] std::int32_t memoPosition() const { return base::readNumber<std::int32_t>(m_bytes, 132); }
+    [[nodiscard]] std::int32_t memoPosition() const {
+        return base::readNumber<std::int32_t>(m_bytes, memoPositionOffset);
+    }
 
-    [[nodiscard]] std::int16_t memoLength() const { return base::readNumber<std::int16_t>(m_bytes, 136); }
+    [[nodiscard]] std::int16_t memoLength() const {
+        return base::readNumber<std::int16_t>(m_bytes, memoLengthOffset);
+    }
 
 private:
     RecordBytes m_bytes;
@@ -122,6 +140,9 @@ class GroupRecord {
 public:
     static constexpr std::size_t length = 72;
     static constexpr TextField nameField{0, 60};
+    static constexpr std::size_t headerRecordOffset = 60;
+    static constexpr std::size_t firstChildOffset = 64;
+    static constexpr std::size_t parentOffset = 68;
     static constexpr std::array textFields{nameField};
 
     explicit GroupRecord(RecordBytes bytes) : m_bytes(bytes) {}
@@ -132,13 +153,19 @@ public:
     }
 
     /// Record number of the group's own record in Prdlst.dat.
-    [[nodiscard]] std::int32_t headerRecord() const { return base::readNumber<std::int32_t>(m_bytes, 60); }
+    [[nodiscard]] std::int32_t headerRecord() const {
+        return base::readNumber<std::int32_t>(m_bytes, headerRecordOffset);
+    }
 
     /// Record number of the first child group; below 1 means none.
-    [[nodiscard]] std::int32_t firstChild() const { return base::readNumber<std::int32_t>(m_bytes, 64); }
+    [[nodiscard]] std::int32_t firstChild() const {
+        return base::readNumber<std::int32_t>(m_bytes, firstChildOffset);
+    }
 
     /// Record number of the parent group, the same for all siblings.
-    [[nodiscard]] std::int32_t parent() const { return base::readNumber<std::int32_t>(m_bytes, 68); }
+    [[nodiscard]] std::int32_t parent() const {
+        return base::readNumber<std::int32_t>(m_bytes, parentOffset);
+    }
 
 private:
     RecordBytes m_bytes;
@@ -149,6 +176,7 @@ class IndexRecord {
 public:
     static constexpr std::size_t length = 24;
     static constexpr TextField keyField{0, 20};
+    static constexpr std::size_t productOffset = 20;
     static constexpr std::array textFields{keyField};
 
     explicit IndexRecord(RecordBytes bytes) : m_bytes(bytes) {}
@@ -158,7 +186,9 @@ public:
     }
 
     /// Record number in Prdlst.dat.
-    [[nodiscard]] std::int32_t product() const { return base::readNumber<std::int32_t>(m_bytes, 20); }
+    [[nodiscard]] std::int32_t product() const {
+        return base::readNumber<std::int32_t>(m_bytes, productOffset);
+    }
 
 private:
     RecordBytes m_bytes;

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "publish/complaint.h"
+#include "publish/source.h"
+
+namespace publish {
+
+/// The files of a source folder that complaints name.
+inline constexpr const char* parametersSource = "catalog.ini";
+inline constexpr const char* productsSource = "products.csv";
+inline constexpr const char* groupsSource = "groups.csv";
+
+/// Everything in the catalogue that the data files can not hold or the viewer would not show well.
+/// A source without errors can be written whole, with nothing cut.
+[[nodiscard]] Complaints check(const CatalogSource& source);
+
+}

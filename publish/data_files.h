@@ -1,0 +1,78 @@
+#pragma once
+
+#include "catalog/records.h"
+#include "publish/source.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <unordered_map>
+#include <vector>
+
+namespace publish {
+
+/// Writes the five data files of a catalogue (docs/file-formats.md), one product at a time, so that a
+/// million products need no more memory than their index. The tree of groups is known from the start;
+/// the products of its tree are not looked at:
+///
+///     DataFiles files(folder, parameters, contents);
+///     while (const Group* group = files.nextGroup())
+///         for (const Product& product : group->products)
+///             files.add(product);
+///     files.finish();
+///
+/// What is written must have passed `check`; texts too long for their field are cut. Writing failures
+/// and more than 32,767 groups throw base::FileError.
+class DataFiles {
+public:
+    DataFiles(const std::filesystem::path& folder, const catalog::ParameterValues& parameters,
+              const Group& contents);
+
+    /// Writes the header records up to the next group without sub-groups, whose products come now.
+    /// Nothing when all groups are done.
+    [[nodiscard]] const Group* nextGroup();
+
+    /// The next product of the group that `nextGroup` gave.
+    void add(const Product& product);
+
+    /// Writes groups and index. Call it last.
+    void finish();
+
+private:
+    struct NumberedGroup {
+        const Group* group;
+        std::int32_t parent;
+        std::int32_t firstChild = 0;
+        std::int32_t headerRecord = 0;
+    };
+
+    struct IndexEntry {
+        std::array<char, catalog::IndexRecord::keyField.width> key;
+        std::int32_t record;
+    };
+
+    void number(const Group& contents);
+    void append(const Product& product, bool isProduct);
+    [[nodiscard]] std::int32_t appendMemo(const Product& product);
+    void writeGroups();
+    void writeIndex();
+
+    std::filesystem::path m_folder;
+    std::ofstream m_products;
+    std::ofstream m_memos;
+    std::vector<NumberedGroup> m_groups; // by number - 1: siblings stand together
+    std::unordered_map<const Group*, std::int32_t> m_numbers;
+    std::vector<const Group*> m_waiting; // header records still to write, the next one last
+    std::vector<IndexEntry> m_index;
+    std::string m_text; // of the record being written
+    std::int64_t m_memoEnd = 0;
+    std::int32_t m_record = 0;
+    std::int16_t m_group = 0;
+};
+
+/// Writes all of it into the folder, over old files; the folder is made if need be.
+void writeDataFiles(const CatalogSource& source, const std::filesystem::path& folder);
+
+}

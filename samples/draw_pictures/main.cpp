@@ -1,0 +1,101 @@
+#include "base/code_page.h"
+#include "base/files.h"
+#include "publish/check.h"
+#include "publish/product_table.h"
+#include "samples/draw_pictures/house.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include <cstdio>
+
+namespace {
+
+using drawing::House;
+
+constexpr int pictureQuality = 88;
+
+QString textOf(const std::string& text) {
+    return QString::fromStdString(base::toUtf8(text));
+}
+
+/// Draws the pictures of a catalogue into a folder, under the names by which the catalogue asks for them.
+class Pictures {
+public:
+    Pictures(const House& house, const QString& folder) : m_house(house), m_folder(folder) {}
+
+    /// Returns the pictures that may stand for the group on its own picture.
+    std::vector<QImage> drawGroup(const publish::Group& group) {
+        std::vector<QImage> shown;
+        for (const auto& child : group.groups)
+            shown.push_back(drawing::collage(drawGroup(child)));
+        for (std::size_t i = 0; i < group.products.size(); ++i) {
+            const auto picture = drawProduct(group, group.products[i]);
+            if (i == group.products.size() / 2)
+                shown = {picture};
+        }
+        save(drawing::collage(shown), group.header);
+        return shown;
+    }
+
+    void save(const QImage& picture, const QString& name) {
+        const auto path = m_folder.filePath(name);
+        if (!m_folder.mkpath(QFileInfo(name).path()) || !picture.save(path, "JPEG", pictureQuality)) {
+            std::fprintf(stderr, "Can not write %s\n", qUtf8Printable(path));
+            m_failed = true;
+        }
+    }
+
+    [[nodiscard]] bool failed() const { return m_failed; }
+
+private:
+    QImage drawProduct(const publish::Group& group, const publish::Product& product) {
+        const auto drawer = m_house.drawerFor(
+            {textOf(group.name), textOf(product.code), textOf(product.description), textOf(product.other)});
+        if (!drawer) {
+            std::fprintf(stderr, "No picture is known for the group %s\n",
+                         qUtf8Printable(textOf(group.name)));
+            m_failed = true;
+            return {};
+        }
+        const auto picture = drawing::photograph(drawer, m_house.backdrop);
+        save(picture, product);
+        return picture;
+    }
+
+    void save(const QImage& picture, const publish::Product& entry) {
+        save(picture, entry.picture.empty() ? textOf(entry.code) + ".Jpg" : textOf(entry.picture));
+    }
+
+    const House& m_house;
+    QDir m_folder;
+    bool m_failed = false;
+};
+
+publish::Group readContents(const QDir& source) {
+    const auto read = [&](const char* name) {
+        return base::readFile(source.filePath(name).toStdString()).value_or("");
+    };
+    publish::Complaints complaints; // told by tavorine-publish, which reads the same files
+    return publish::readProducts(read(publish::productsSource), read(publish::groupsSource), complaints);
+}
+
+}
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    const auto arguments = QGuiApplication::arguments();
+    const auto house = arguments.size() == 3 ? drawing::houseOf(QDir(arguments[1]).dirName()) : std::nullopt;
+    if (!house) {
+        std::fputs("draw_pictures SOURCE FOLDER: draws the pictures of a sample catalogue\n", stderr);
+        return 2;
+    }
+    Pictures pictures(*house, arguments[2]);
+    (void)pictures.drawGroup(readContents(arguments[1]));
+    pictures.save(house->logo(), "logo.jpg");
+    pictures.save(drawing::noPicture(house->backdrop), "NoImg.jpg");
+    return pictures.failed() ? 1 : 0;
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+
+#include <functional>
+#include <vector>
+
+/// Where things are drawn: the paper, the light and the shadow, the same for every picture of a
+/// catalogue. Light falls from the upper left.
+namespace drawing {
+
+inline constexpr int pictureWidth = 480;
+inline constexpr int pictureHeight = 360;
+
+/// Draws one thing around the origin; a unit is a pixel of the finished picture, y points down.
+using Drawer = std::function<void(QPainter&)>;
+
+struct Backdrop {
+    QColor top;
+    QColor bottom;
+    QColor shadow;
+};
+
+/// The thing on the backdrop with a soft shadow below it, drawn larger and scaled down for smooth edges.
+[[nodiscard]] QImage photograph(const Drawer& drawer, const Backdrop& backdrop);
+
+/// Four or fewer pictures side by side and below each other, as one picture.
+[[nodiscard]] QImage collage(const std::vector<QImage>& pictures);
+
+/// Shades of a material, from the light to the shade side of a body.
+struct Material {
+    QColor light;
+    QColor body;
+    QColor shade;
+    QColor edge;
+};
+
+/// Across a cylinder whose axis is horizontal, between two heights; with `vertical` the axis is vertical
+/// and the numbers are from left to right.
+[[nodiscard]] QBrush acrossCylinder(const Material& material, qreal from, qreal to, bool vertical = false);
+
+/// From one corner of a face to the other.
+[[nodiscard]] QBrush acrossFace(const Material& material, const QRectF& face);
+
+/// Reflections around a disc, as turned metal shows them.
+[[nodiscard]] QBrush aroundDisc(const Material& material, const QPointF& centre);
+
+/// `colour` shaded as a coloured plastic, glass or lacquer.
+[[nodiscard]] Material lacquer(const QColor& colour);
+
+/// The colour seen through by that part: 0 opaque, 1 invisible.
+[[nodiscard]] QColor faded(const QColor& colour, qreal part);
+
+[[nodiscard]] QColor blend(const QColor& a, const QColor& b, qreal part);
+
+}
