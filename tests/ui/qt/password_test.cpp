@@ -1,6 +1,5 @@
 #include "tests/ui/qt/program_folder.h"
 
-#include <QApplication>
 #include <QTest>
 
 namespace {
@@ -16,12 +15,12 @@ protected:
     /// Confirms a new password as soon as the second entry has the focus.
     void confirm(const QString& password) {
         script.when("the confirmation",
-                    [] { return QApplication::focusWidget() && QApplication::focusWidget()->objectName() == "txtConfirm"; },
+                    [] { return takesKeys(visibleWidget("txtConfirm")); },
                     [password] {
                         EXPECT_EQ(visibleWidget("cbNext(0)"), nullptr);
                         EXPECT_NE(visibleWidget("cbNext(1)"), nullptr);
-                        QTest::keyClicks(QApplication::focusWidget(), password);
-                        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+                        QTest::keyClicks(visibleWidget("txtConfirm"), password);
+                        QTest::keyClick(visibleWidget("txtConfirm"), Qt::Key_Return);
                     });
     }
 
