@@ -126,6 +126,16 @@ std::string fromUtf8(std::string_view utf8) {
     return out;
 }
 
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const auto decoded = decode(text);
+        if (!decoded)
+            return false;
+        text.remove_prefix(decoded->length);
+    }
+    return true;
+}
+
 std::string shownAsUtf8(std::string_view text) {
     std::string out;
     out.reserve(text.size());

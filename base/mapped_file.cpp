@@ -16,12 +16,13 @@ struct MappedFile::Mapping {
 
 MappedFile::MappedFile(const std::filesystem::path& path) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
+    const auto size = std::filesystem::file_size(path, error);
+    if (error || (size == 0 && !std::filesystem::is_regular_file(path, error)))
         throw MissingFile(path);
+    if (size == 0)
+        return; // an empty file cannot be mapped
     try {
         ipc::file_mapping file(path.string().c_str(), ipc::read_only);
-        if (std::filesystem::file_size(path, error) == 0)
-            return; // an empty file cannot be mapped
         ipc::mapped_region region(file, ipc::read_only);
         region.advise(ipc::mapped_region::advice_random);
         m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};

@@ -18,5 +18,5 @@ add_library(tavorine_warnings INTERFACE)
 target_compile_options(tavorine_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Woverloaded-virtual -Wnon-virtual-dtor -ffp-contract=off
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>
     $<$<BOOL:${TAVORINE_WERROR}>:-Werror>)
