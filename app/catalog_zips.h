@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <optional>
 #include <set>
-#include <string>
 #include <string_view>
 
 namespace app {
