@@ -27,7 +27,7 @@ private:
 
 // Few enough to be looked through, and to keep a huge template from filling the memory.
 std::size_t mostVariantsOf(std::size_t templateSize) {
-    constexpr std::size_t mostBytes = 4 * 1024 * 1024;
+    constexpr std::size_t mostBytes = std::size_t{4} * 1024 * 1024;
     constexpr std::size_t most = 32;
     return std::clamp<std::size_t>(mostBytes / (templateSize + 1), 1, most);
 }
