@@ -17,8 +17,8 @@ constexpr char firstGroupStyle = 'I';
 /// The entries of a group page, with the values of one record at a time.
 class GroupRows : public Entries {
 public:
-    GroupRows(const catalog::ProductTable& products, std::vector<std::int32_t> numbers, ProductFields fields,
-              std::string_view groupDescription, TaxStatus tax)
+    GroupRows(const catalog::ProductTable& products, std::vector<std::int32_t> numbers,
+              const ProductFields& fields, std::string_view groupDescription, TaxStatus tax)
         : m_products(products),
           m_numbers(std::move(numbers)),
           m_fields(fields),

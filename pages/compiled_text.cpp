@@ -1,17 +1,12 @@
 #include "pages/compiled_text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <set>
 
 namespace pages {
 namespace {
 
 constexpr char16_t firstMark = 0x100;
-
-bool holdsBrace(const std::string& text, std::size_t from) {
-    return std::memchr(text.data() + from, '{', text.size() - from) != nullptr;
-}
 
 }
 
@@ -39,22 +34,18 @@ std::string bytesOf(const MarkedText& text) {
 CompiledText::CompiledText(const MarkedText& text, const Fields& fields) {
     std::set<std::string> tags;
     std::size_t at = 0;
-    for (;;) {
-        const auto open = text.find(u'{', at);
-        const auto close = open == MarkedText::npos ? open : text.find(u'}', open);
-        m_endsOpen = open != close && close == MarkedText::npos;
-        if (close == MarkedText::npos)
-            break;
-        const auto tag = text.substr(open, close - open + 1);
-        // Values could change where such a tag begins or what it says.
-        m_plainOnly = tag.find(u'{', 1) != MarkedText::npos || std::any_of(tag.begin(), tag.end(), isMark);
+    for (auto open = text.find(u'{'); open != MarkedText::npos; open = text.find(u'{', at)) {
+        const auto close = text.find(u'}', open);
+        const auto inside = text.substr(open + 1, close - open - 1);
+        m_plainOnly = close == MarkedText::npos || inside.find(u'{') != MarkedText::npos ||
+                      std::any_of(inside.begin(), inside.end(), isMark);
         if (m_plainOnly)
             return;
         addText(text, at, open);
-        const auto name = bytesOf(tag);
-        if (const auto field = fields.number(name); field != 0)
+        const auto tag = "{" + bytesOf(inside) + "}";
+        if (const auto field = fields.number(tag); field != 0)
             m_pieces.push_back({Source::field, field, 0, 0});
-        tags.insert(name);
+        tags.insert(tag);
         at = close + 1;
     }
     addText(text, at, text.size());
@@ -74,11 +65,10 @@ void CompiledText::addText(const MarkedText& text, std::size_t start, std::size_
     }
 }
 
-bool CompiledText::append(const Fields& fields, const DecidedValues& decided, std::string& out,
+void CompiledText::append(const Fields& fields, const DecidedValues& decided, std::string& out,
                           RenderGuard& guard) const {
     guard.countReplacements(m_replacements);
     for (const auto& piece : m_pieces) {
-        const auto before = out.size();
         switch (piece.source) {
         case Source::literal:
             out.append(m_literals, piece.start, piece.size);
@@ -88,13 +78,10 @@ bool CompiledText::append(const Fields& fields, const DecidedValues& decided, st
             break;
         case Source::field:
             fields.append(piece.field, out);
-            if (holdsBrace(out, before))
-                return false;
             break;
         }
         guard.checkSize(out.size());
     }
-    return true;
 }
 
 }

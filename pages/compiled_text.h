@@ -20,24 +20,23 @@ using MarkedText = std::u16string;
 [[nodiscard]] std::string bytesOf(const MarkedText& text);
 
 /// A text taken apart once into literals and fields. Filling it gives what replacing its tags one after
-/// the other gives, as long as no value holds a "{".
+/// the other gives, as long as no value holds a "{". The literals hold none either, so a "{" in a filled
+/// text tells that a value had one.
 class CompiledText {
 public:
     CompiledText() = default;
     CompiledText(const MarkedText& text, const Fields& fields);
 
-    /// The text's tags cannot be told before the values are there ("{a{b}"): replace them one by one.
+    /// The text has loose braces ("{a{b}", "{a"), so where its tags begin and end depends on the values:
+    /// replace them one by one.
     [[nodiscard]] bool isPlainOnly() const { return m_plainOnly; }
-
-    /// A "{" with no "}" behind it remains, which text that follows could close.
-    [[nodiscard]] bool endsOpen() const { return m_endsOpen; }
 
     /// How many different tags it has.
     [[nodiscard]] std::size_t replacements() const { return m_replacements; }
 
-    /// Appends the filled text. False when a value holds a "{": what was appended is then worth nothing.
-    [[nodiscard]] bool append(const Fields& fields, const DecidedValues& decided, std::string& out,
-                              RenderGuard& guard) const;
+    /// Appends the filled text.
+    void append(const Fields& fields, const DecidedValues& decided, std::string& out,
+                RenderGuard& guard) const;
 
 private:
     enum class Source : unsigned char { literal, field, decided };
@@ -55,7 +54,6 @@ private:
     std::vector<Piece> m_pieces;
     std::size_t m_replacements = 0;
     bool m_plainOnly = false;
-    bool m_endsOpen = false;
 };
 
 }

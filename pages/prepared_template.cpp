@@ -27,7 +27,7 @@ private:
 
 // Few enough to be looked through, and to keep a huge template from filling the memory.
 std::size_t mostVariantsOf(std::size_t templateSize) {
-    constexpr std::size_t mostBytes = 4 * 1024 * 1024;
+    constexpr std::size_t mostBytes = std::size_t{4} * 1024 * 1024;
     constexpr std::size_t most = 32;
     return std::clamp<std::size_t>(mostBytes / (templateSize + 1), 1, most);
 }
@@ -65,10 +65,12 @@ void PreparedTemplate::render(const Fields& fields, std::string& out) {
 void PreparedTemplate::render(const Fields& fields, Entries& entries, std::string& out) {
     const auto start = out.size();
     m_decided.clear();
-    const auto* variant = variantFor(fields);
-    if (variant != nullptr && append(*variant, fields, entries, out))
-        return;
-    out.resize(start);
+    if (const auto* variant = variantFor(fields)) {
+        append(*variant, fields, entries, out);
+        if (out.find('{', start) == std::string::npos)
+            return; // so no value held one
+        out.resize(start);
+    }
     renderPlainly(m_path, m_text, m_rows, m_columns, fields, entries, out);
 }
 
@@ -132,20 +134,20 @@ void PreparedTemplate::compileParts(Variant& variant, const MarkedText& text, co
         variant.secondRow = CompiledText(parts.secondRow.value_or(parts.firstRow), fields);
     }
     variant.plainOnly = variant.header.isPlainOnly() || variant.trailer.isPlainOnly() ||
-                        variant.firstRow.isPlainOnly() || variant.secondRow.isPlainOnly() ||
-                        variant.firstRow.endsOpen() || variant.secondRow.endsOpen();
+                        variant.firstRow.isPlainOnly() || variant.secondRow.isPlainOnly();
 }
 
-bool PreparedTemplate::append(const Variant& variant, const Fields& fields, Entries& entries,
+void PreparedTemplate::append(const Variant& variant, const Fields& fields, Entries& entries,
                               std::string& out) {
     RenderGuard guard(m_path);
     guard.countReplacements(variant.blocks);
-    return variant.header.append(fields, m_decided, out, guard) &&
-           (!variant.hasRows || appendRows(variant, entries, out, guard)) &&
-           variant.trailer.append(fields, m_decided, out, guard);
+    variant.header.append(fields, m_decided, out, guard);
+    if (variant.hasRows)
+        appendRows(variant, entries, out, guard);
+    variant.trailer.append(fields, m_decided, out, guard);
 }
 
-bool PreparedTemplate::appendRows(const Variant& variant, Entries& entries, std::string& out,
+void PreparedTemplate::appendRows(const Variant& variant, Entries& entries, std::string& out,
                                   RenderGuard& guard) {
     const auto count = entries.count();
     for (std::size_t i = 0; i < count;) {
@@ -153,25 +155,23 @@ bool PreparedTemplate::appendRows(const Variant& variant, Entries& entries, std:
         out += lineEnd;
         const auto rowEnd = i + std::min(m_columns, count - i);
         for (; i < rowEnd; ++i)
-            if (!appendCell(variant, entries.entry(i), out, guard))
-                return false;
+            appendCell(variant, entries.entry(i), out, guard);
         out.append(lineEnd).append(lineEnd).append(m_secondLine).append(lineEnd);
         guard.checkSize(out.size());
     }
-    return true;
 }
 
-bool PreparedTemplate::appendCell(const Variant& variant, const Fields& entry, std::string& out,
+void PreparedTemplate::appendCell(const Variant& variant, const Fields& entry, std::string& out,
                                   RenderGuard& guard) {
     const auto start = out.size();
-    if (!variant.firstRow.append(entry, m_decided, out, guard))
-        return false;
-    if (!variant.rowsAreEqual)
-        return variant.secondRow.append(entry, m_decided, m_secondLine, guard);
-    guard.countReplacements(variant.firstRow.replacements());
-    m_secondLine.append(out, start);
-    guard.checkSize(m_secondLine.size());
-    return true;
+    variant.firstRow.append(entry, m_decided, out, guard);
+    if (variant.rowsAreEqual) {
+        guard.countReplacements(variant.firstRow.replacements());
+        m_secondLine.append(out, start);
+        guard.checkSize(m_secondLine.size());
+    } else {
+        variant.secondRow.append(entry, m_decided, m_secondLine, guard);
+    }
 }
 
 }

@@ -76,13 +76,9 @@ private:
     [[nodiscard]] std::optional<Variant> compile(const Fields& fields);
     void compileParts(Variant& variant, const MarkedText& text, const Fields& fields) const;
 
-    // False where a value makes it necessary to render plainly.
-    [[nodiscard]] bool append(const Variant& variant, const Fields& fields, Entries& entries,
-                              std::string& out);
-    [[nodiscard]] bool appendRows(const Variant& variant, Entries& entries, std::string& out,
-                                  RenderGuard& guard);
-    [[nodiscard]] bool appendCell(const Variant& variant, const Fields& entry, std::string& out,
-                                  RenderGuard& guard);
+    void append(const Variant& variant, const Fields& fields, Entries& entries, std::string& out);
+    void appendRows(const Variant& variant, Entries& entries, std::string& out, RenderGuard& guard);
+    void appendCell(const Variant& variant, const Fields& entry, std::string& out, RenderGuard& guard);
 
     std::filesystem::path m_path;
     std::string m_text;

@@ -58,7 +58,6 @@ void ProductFields::show(const catalog::ProductRecord& record, std::string_view 
     m_record = record;
     m_code = record.code();
     m_description = record.description();
-    m_other = record.other();
     m_groupDescription = groupDescription;
     m_tax = tax;
 }
@@ -82,7 +81,7 @@ void ProductFields::append(unsigned number, std::string& out) const {
         out += m_description;
         return;
     case Field::other:
-        out += m_other;
+        out += m_record.other();
         return;
     case Field::taxRate:
         return appendTaxRate(out);
@@ -105,7 +104,7 @@ void ProductFields::appendPicture(std::string& out) const {
     // Deliberate: the name keeps the blanks behind it, as it is stored.
     if (name.find_first_not_of(' ') != std::string_view::npos)
         out += name;
-    else if (m_record.text().find('\n') != std::string_view::npos)
+    else if (!m_code.empty() || m_record.text().find('\n') != std::string_view::npos)
         out.append(m_code).append(".Jpg");
 }
 

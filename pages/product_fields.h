@@ -35,10 +35,9 @@ private:
     const ParameterFields& m_parameters;
     const catalog::MemoFile& m_memos;
     catalog::ProductRecord m_record{catalog::RecordBytes()};
-    // The record's text is cut once and used often.
+    // Cut out of the record's text once, for pages that show them several times.
     std::string_view m_code;
     std::string_view m_description;
-    std::string_view m_other;
     std::string_view m_groupDescription;
     TaxStatus m_tax = TaxStatus::taxed;
 };

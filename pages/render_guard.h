@@ -11,7 +11,7 @@ namespace pages {
 class RenderGuard {
 public:
     static constexpr std::size_t mostReplacements = 10'000; ///< tags evaluated
-    static constexpr std::size_t mostBytes = 8 * 1024 * 1024;
+    static constexpr std::size_t mostBytes = std::size_t{8} * 1024 * 1024;
 
     explicit RenderGuard(const std::filesystem::path& templatePath) : m_path(templatePath) {}
 

@@ -127,7 +127,8 @@ TEST_F(CatalogPages, RefuseATemplateThatIsTooLarge) {
 
 std::string randomBytes(std::mt19937& random, std::size_t size) {
     // Many small numbers and zero bytes, as damaged records have them, and all that templates care for.
-    static constexpr std::string_view usual("\0\0\0\0\1\2\3\377 YNAB\n{}<>R1/=|", 25);
+    using namespace std::literals;
+    static constexpr auto usual = "\0\0\0\0\1\2\3\377 YNAB\n{}<>R1/=|"sv;
     std::string bytes(size, '\0');
     for (auto& byte : bytes)
         byte = random() % 4 != 0 ? usual[random() % usual.size()] : static_cast<char>(random());
