@@ -37,7 +37,8 @@ public:
         }
         const auto shown = inTurn(offered);
         if (!shown.empty())
-            save(drawing::photograph(drawing::together(shown), m_house.backdrop), group.header);
+            save(drawing::photograph(drawing::together(shown, m_house.posture), m_house.backdrop),
+                 group.header);
         return shown;
     }
 
