@@ -25,9 +25,13 @@ QFont font(const char* family, QFont::StyleHint hint, int pixels, bool bold) {
 std::optional<House> houseOf(const QString& supplier) {
     static const QMap<QString, House> houses{
         {"ORRENDALE",
-         {{QColor(255, 255, 255), QColor(233, 236, 240), QColor(30, 42, 58, 120)}, hardware, orrendaleLogo}},
+         {{QColor(255, 255, 255), QColor(233, 236, 240), QColor(30, 42, 58, 120)},
+          Posture::lying,
+          hardware,
+          orrendaleLogo}},
         {"SONDERHAVEN",
          {{QColor(252, 248, 240), QColor(238, 226, 206), QColor(84, 54, 22, 120)},
+          Posture::standing,
           groceries,
           sonderhavenLogo}},
     };

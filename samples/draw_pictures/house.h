@@ -20,6 +20,7 @@ struct Subject {
 /// How one supplier's catalogue looks.
 struct House {
     Backdrop backdrop;
+    Posture posture;
     Drawer (*drawerFor)(const Subject& subject); ///< empty for a group that it has no picture for
     QImage (*logo)();
 };

@@ -25,17 +25,20 @@ class Pictures {
 public:
     Pictures(const House& house, const QString& folder) : m_house(house), m_folder(folder) {}
 
-    /// Returns the pictures that may stand for the group on its own picture.
-    std::vector<QImage> drawGroup(const publish::Group& group) {
-        std::vector<QImage> shown;
+    /// Returns the products that stand for the group on pictures of groups.
+    std::vector<drawing::Drawer> drawGroup(const publish::Group& group) {
+        std::vector<std::vector<drawing::Drawer>> offered;
         for (const auto& child : group.groups)
-            shown.push_back(drawing::collage(drawGroup(child)));
+            offered.push_back(drawGroup(child));
         for (std::size_t i = 0; i < group.products.size(); ++i) {
-            const auto picture = drawProduct(group, group.products[i]);
-            if (i == group.products.size() / 2)
-                shown = {picture};
+            const auto drawer = drawProduct(group, group.products[i]);
+            if (drawer && i == group.products.size() / 2)
+                offered = {{drawer}};
         }
-        save(drawing::collage(shown), group.header);
+        const auto shown = inTurn(offered);
+        if (!shown.empty())
+            save(drawing::photograph(drawing::together(shown, m_house.posture), m_house.backdrop),
+                 group.header);
         return shown;
     }
 
@@ -50,18 +53,28 @@ public:
     [[nodiscard]] bool failed() const { return m_failed; }
 
 private:
-    QImage drawProduct(const publish::Group& group, const publish::Product& product) {
+    // The first of each, then the second of each, until there are enough.
+    static std::vector<drawing::Drawer> inTurn(const std::vector<std::vector<drawing::Drawer>>& offered) {
+        constexpr std::size_t enough = 6;
+        std::vector<drawing::Drawer> chosen;
+        for (std::size_t round = 0; round < enough; ++round)
+            for (const auto& drawers : offered)
+                if (round < drawers.size() && chosen.size() < std::max<std::size_t>(4, offered.size()) &&
+                    chosen.size() < enough)
+                    chosen.push_back(drawers[round]);
+        return chosen;
+    }
+
+    drawing::Drawer drawProduct(const publish::Group& group, const publish::Product& product) {
         const auto drawer = m_house.drawerFor(
             {textOf(group.name), textOf(product.code), textOf(product.description), textOf(product.other)});
-        if (!drawer) {
-            std::fprintf(stderr, "No picture is known for the group %s\n",
-                         qUtf8Printable(textOf(group.name)));
+        if (drawer) {
+            save(drawing::photograph(drawer, m_house.backdrop), product);
+        } else {
+            std::fprintf(stderr, "No picture is known for %s\n", product.code.c_str());
             m_failed = true;
-            return {};
         }
-        const auto picture = drawing::photograph(drawer, m_house.backdrop);
-        save(picture, product);
-        return picture;
+        return drawer;
     }
 
     void save(const QImage& picture, const publish::Product& entry) {

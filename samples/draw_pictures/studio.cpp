@@ -4,6 +4,7 @@
 #include <QLinearGradient>
 
 #include <algorithm>
+#include <array>
 
 namespace drawing {
 namespace {
@@ -11,6 +12,30 @@ namespace {
 constexpr int oversampling = 2;
 constexpr int shadowBlur = 14;
 constexpr QPointF shadowOffset(10, 16);
+
+/// Where each of several things goes.
+struct Arrangement {
+    qreal scale;
+    std::vector<QPointF> places;
+};
+
+// By the number of things, from one on.
+const std::array<Arrangement, 6> lyingThings{{
+    {1, {{0, 0}}},
+    {.6, {{-100, -54}, {100, 54}}},
+    {.52, {{-118, -78}, {118, -62}, {0, 82}}},
+    {.5, {{-118, -84}, {118, -84}, {-118, 84}, {118, 84}}},
+    {.4, {{-150, -84}, {0, -84}, {150, -84}, {-78, 84}, {78, 84}}},
+    {.4, {{-152, -84}, {0, -84}, {152, -84}, {-152, 84}, {0, 84}, {152, 84}}},
+}};
+const std::array<Arrangement, 6> standingThings{{
+    {1, {{0, 0}}},
+    {.66, {{-112, -10}, {104, 10}}},
+    {.7, {{-146, -22}, {146, -14}, {0, 22}}},
+    {.64, {{-168, -24}, {58, -24}, {-58, 24}, {168, 24}}},
+    {.52, {{-152, -78}, {0, -86}, {152, -78}, {-78, 80}, {78, 80}}},
+    {.5, {{-152, -84}, {0, -84}, {152, -84}, {-152, 86}, {0, 86}, {152, 86}}},
+}};
 
 QImage layer(QSize size) {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
@@ -58,28 +83,20 @@ QImage photograph(const Drawer& drawer, const Backdrop& backdrop) {
     return picture.scaled(pictureWidth, pictureHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-QImage collage(const std::vector<QImage>& pictures) {
-    QImage whole(pictureWidth, pictureHeight, QImage::Format_RGB32);
-    whole.fill(Qt::white);
-    QPainter painter(&whole);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const int columns = pictures.size() > 1 ? 2 : 1;
-    const int rows = pictures.size() > 2 ? 2 : 1;
-    constexpr int gap = 4;
-    const int width = (pictureWidth - gap * (columns - 1)) / columns;
-    const int height = (pictureHeight - gap * (rows - 1)) / rows;
-    for (std::size_t i = 0; i < pictures.size() && i < 4; ++i) {
-        const auto column = static_cast<int>(i) % columns;
-        const auto row = static_cast<int>(i) / columns;
-        const bool wide = i + 1 == pictures.size() && column == 0 && columns == 2;
-        const QRect place(column * (width + gap), row * (height + gap), wide ? pictureWidth : width, height);
-        const auto scaled =
-            pictures[i].scaled(place.size(), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
-        const QRect part((scaled.width() - place.width()) / 2, (scaled.height() - place.height()) / 2,
-                         place.width(), place.height());
-        painter.drawImage(place, scaled, part);
-    }
-    return whole;
+Drawer together(const std::vector<Drawer>& drawers, Posture posture) {
+    if (drawers.empty())
+        return {};
+    const auto& arrangements = posture == Posture::lying ? lyingThings : standingThings;
+    const auto& arrangement = arrangements[std::min(drawers.size(), arrangements.size()) - 1];
+    return [drawers, &arrangement](QPainter& painter) {
+        for (std::size_t i = 0; i < arrangement.places.size(); ++i) {
+            painter.save();
+            painter.translate(arrangement.places[i]);
+            painter.scale(arrangement.scale, arrangement.scale);
+            drawers[i](painter);
+            painter.restore();
+        }
+    };
 }
 
 QColor faded(const QColor& colour, qreal part) {

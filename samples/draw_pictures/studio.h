@@ -26,8 +26,11 @@ struct Backdrop {
 /// The thing on the backdrop with a soft shadow below it, drawn larger and scaled down for smooth edges.
 [[nodiscard]] QImage photograph(const Drawer& drawer, const Backdrop& backdrop);
 
-/// Four or fewer pictures side by side and below each other, as one picture.
-[[nodiscard]] QImage collage(const std::vector<QImage>& pictures);
+/// Whether the things of a house lie on a bench or stand on a shelf.
+enum class Posture { lying, standing };
+
+/// Up to six things side by side and below each other, as one thing.
+[[nodiscard]] Drawer together(const std::vector<Drawer>& drawers, Posture posture);
 
 /// Shades of a material, from the light to the shade side of a body.
 struct Material {

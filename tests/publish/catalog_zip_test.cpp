@@ -2,12 +2,10 @@
 #include "base/files.h"
 #include "catalog/catalog.h"
 #include "publish/catalog_zip.h"
+#include "tests/publish/zip_entries.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <zip.h>
-
-#include <map>
 
 namespace {
 
@@ -29,29 +27,13 @@ protected:
                           {"ACME.SUP", folder / "logo.jpg"}};
     }
 
-    static std::map<std::string, std::string> entries(const fs::path& path) {
-        std::map<std::string, std::string> found;
-        zip_t* zip = zip_open(path.string().c_str(), ZIP_RDONLY, nullptr);
-        for (zip_int64_t i = 0; zip != nullptr && i < zip_get_num_entries(zip, 0); ++i) {
-            zip_stat_t stat;
-            zip_stat_index(zip, static_cast<zip_uint64_t>(i), 0, &stat);
-            std::string bytes(stat.size, '\0');
-            zip_file_t* file = zip_fopen_index(zip, static_cast<zip_uint64_t>(i), 0);
-            zip_fread(file, bytes.data(), bytes.size());
-            zip_fclose(file);
-            found[stat.name] = bytes;
-        }
-        zip_discard(zip);
-        return found;
-    }
-
     fs::path folder = fs::path(testing::TempDir()) / "catalog_zip_test";
     publish::SourceFolder source;
 };
 
 TEST_F(CatalogZip, HoldsDataFilesMarkerAndContent) {
     publish::writeZip(source, "ACME", folder / "ACME.zip");
-    const auto found = entries(folder / "ACME.zip");
+    const auto found = support::zipEntries(folder / "ACME.zip");
     std::vector<std::string> names;
     for (const auto& [name, bytes] : found)
         names.push_back(name);

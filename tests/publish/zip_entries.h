@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+namespace support {
+
+/// The bytes of every file in a zip, by name; none where it can not be read.
+[[nodiscard]] std::map<std::string, std::string> zipEntries(const std::filesystem::path& path);
+
+}
