@@ -40,62 +40,53 @@ void prepareProgramFolder(const fs::path& folder) {
             fs::copy_file(entry.path(), folder / entry.path().filename());
 }
 
-class Camera {
-public:
-    explicit Camera(fs::path folder) : m_folder(std::move(folder)) {}
-
-    void take(const QString& name) const {
-        QTest::qWait(150); // what has been loaded still has to reach the screen
-        auto* window = QApplication::activeModalWidget();
-        if (!window)
-            window = QApplication::activeWindow();
-        const auto picture = window ? QApplication::primaryScreen()->grabWindow(window->winId())
-                                    : QApplication::primaryScreen()->grabWindow(0);
-        const auto file = QString::fromStdString((m_folder / (name.toStdString() + ".png")).string());
-        if (!picture.save(file))
-            std::fprintf(stderr, "can not write %s\n", qPrintable(file));
-        else
-            std::printf("%s\n", qPrintable(file));
-    }
-
-private:
-    fs::path m_folder;
-};
-
-QWebEngineView* page() {
-    return visible<QWebEngineView>("WbPage");
+QWidget* windowInFront() {
+    if (auto* box = QApplication::activeModalWidget())
+        return box;
+    for (const char* name : {"Find", "Form1", "Welcome"})
+        if (auto* window = visibleWidget(name))
+            return window;
+    return nullptr;
 }
 
-void play(Script& script, const Camera& camera) {
-    script.when("the e-mail question", [] { return messageBox("Tavorine Catalog Viewer"); },
-                [&] {
-                    camera.take("1-first-run");
-                    press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes);
-                });
-    script.when("the supplier list",
-                [] {
-                    auto* list = visible<QWebEngineView>("WebBrowser1");
-                    return list && !pageText(*list).isEmpty();
-                },
-                [&] {
-                    camera.take("2-suppliers");
-                    clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href]");
-                });
-    script.when("the welcome page", [] { return visible<QLineEdit>("txtPassword") && QApplication::focusWidget() && QApplication::focusWidget()->objectName() == "txtPassword"; },
-                [&] {
-                    camera.take("3-welcome");
-                    QTest::keyClick(visible<QLineEdit>("txtPassword"), Qt::Key_Return);
-                });
-    script.when("the main window", [] { return page() && !pageText(*page()).isEmpty(); },
-                [&] { camera.take("4-contents"); });
-    script.when("the product grid", [] { return visible<ui::qt::ProductGrid>("ctGrid1"); },
-                [&] {
-                    auto* grid = visible<ui::qt::ProductGrid>("ctGrid1");
-                    for (int i = 0; i < 4; ++i)
-                        QTest::keyClick(grid, Qt::Key_Down);
-                    QTest::qWait(600);
-                    camera.take("5-product");
-                });
+// Waits until the window has been drawn and keeps its picture.
+void photograph(Script& script, const fs::path& folder, const std::string& name) {
+    script.pause(400);
+    script.when("a window to photograph", [] { return windowInFront() != nullptr; }, [folder, name] {
+        const auto picture = QApplication::primaryScreen()->grabWindow(windowInFront()->winId());
+        const auto file = folder / (name + ".png");
+        if (picture.save(QString::fromStdString(file.string())))
+            std::printf("%s\n", file.c_str());
+        else
+            std::fprintf(stderr, "can not write %s\n", file.c_str());
+    });
+}
+
+bool shows(const char* view) {
+    auto* found = visible<QWebEngineView>(view);
+    return found && !pageText(*found).isEmpty();
+}
+
+void play(Script& script, const fs::path& folder) {
+    script.when("the e-mail question", [] { return messageBox("Tavorine Catalog Viewer"); }, [] {});
+    photograph(script, folder, "1-first-run");
+    script.when("the question", [] { return messageBox("Tavorine Catalog Viewer"); },
+                [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes); });
+    script.when("the supplier list", [] { return shows("WebBrowser1"); }, [] {});
+    photograph(script, folder, "2-suppliers");
+    script.when("the list", [] { return true; }, [] { clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href]"); });
+    script.when("the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); }, [] {});
+    photograph(script, folder, "3-welcome");
+    script.when("the password entry", [] { return true; },
+                [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
+    script.when("the main window", [] { return shows("WbPage"); }, [] {});
+    photograph(script, folder, "4-contents");
+    script.when("the product grid", [] { return visible<ui::qt::ProductGrid>("ctGrid1"); }, [] {
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
+    });
+    script.pause(500);
+    photograph(script, folder, "5-product");
 }
 
 }
@@ -121,8 +112,7 @@ int main(int argc, char* argv[]) {
     ui::system::FileInstanceLock instanceLock;
     ui::qt::Program program({programFile, screen, instanceLock, folder / "own"});
     program.start();
-    const Camera camera(folder);
     Script script;
-    play(script, camera);
+    play(script, folder);
     return script.run() ? 0 : 1;
 }

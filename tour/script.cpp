@@ -2,10 +2,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
 
 namespace tour {
 namespace {
@@ -23,6 +25,15 @@ QString quoted(QString text) {
 Script& Script::when(const QString& what, Condition ready, Action act) {
     m_steps.push_back({what, std::move(ready), std::move(act)});
     return *this;
+}
+
+Script& Script::pause(int milliseconds) {
+    auto waited = std::make_shared<QElapsedTimer>();
+    return when("a pause", [waited, milliseconds] {
+        if (!waited->isValid())
+            waited->start();
+        return waited->elapsed() >= milliseconds;
+    }, [] {});
 }
 
 bool Script::run() {
@@ -72,6 +83,11 @@ QWidget* visibleWidget(const QString& name) {
         if (widget->objectName() == name && widget->isVisible())
             return widget;
     return nullptr;
+}
+
+bool takesKeys(const QWidget* widget) {
+    return widget && widget->isVisible() && widget->window()->focusWidget() == widget &&
+           !QApplication::activeModalWidget();
 }
 
 QMessageBox* messageBox(const QString& title) {

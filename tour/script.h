@@ -21,6 +21,9 @@ public:
 
     Script& when(const QString& what, Condition ready, Action act);
 
+    /// Gives what has been loaded time to reach the screen.
+    Script& pause(int milliseconds);
+
     /// May be called again after more steps have been added. Runs the event loop until the last step is done (true), or a step waited too long or the program
     /// left its event loop before (false; says which step on standard error).
     [[nodiscard]] bool run();
@@ -51,6 +54,10 @@ template <typename Widget>
 Widget* visible(const QString& name) {
     return qobject_cast<Widget*>(visibleWidget(name));
 }
+
+/// It is on the screen, has its window's focus, and no box is in front. (Which window is active does not
+/// count: without a window manager none is.)
+[[nodiscard]] bool takesKeys(const QWidget* widget);
 
 /// The message box that waits for an answer, if it has this text in its title.
 [[nodiscard]] QMessageBox* messageBox(const QString& title);

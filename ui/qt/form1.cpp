@@ -19,8 +19,7 @@ using catalog::ParameterText;
 constexpr int bannerHeight = 84;
 constexpr QSize designedSize{1000, 720};
 constexpr QSize smallestSize{600, 420};
-constexpr int designedGridShare = 2;
-constexpr int designedPageShare = 3;
+constexpr int designedGridHeight = 210;
 
 // The basket of a new order is started between the products and the groups, as every load does.
 catalog::Catalog open(const app::Session& session) {
@@ -70,8 +69,9 @@ void Form1::layOut() {
     m_banner->setFixedHeight(bannerHeight);
     m_splitter->setObjectName("Split");
     m_splitter->setChildrenCollapsible(false);
-    m_splitter->setStretchFactor(0, designedGridShare);
-    m_splitter->setStretchFactor(1, designedPageShare);
+    m_splitter->setStretchFactor(0, 0);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setSizes({designedGridHeight, designedSize.height()});
     m_page->setMinimumHeight(fontMetrics().height() * 4);
     m_grid->setMinimumHeight(fontMetrics().height() * 4);
 

@@ -85,10 +85,6 @@ void ProgramTest::answer(const QString& title, QMessageBox::StandardButton butto
                 });
 }
 
-bool ProgramTest::takesKeys(QWidget* widget) {
-    return widget && widget->window()->focusWidget() == widget && !QApplication::activeModalWidget();
-}
-
 void ProgramTest::enterPassword(const QString& password) {
     script.when("the password entry",
                 [] {

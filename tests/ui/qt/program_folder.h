@@ -37,9 +37,6 @@ protected:
 
     void answer(const QString& title, QMessageBox::StandardButton button);
     void answerEmailQuestion() { answer("Tavorine Catalog Viewer", QMessageBox::Yes); }
-    /// It has its window's focus, and no box is in front. (Without a screen no window is ever active.)
-    [[nodiscard]] static bool takesKeys(QWidget* widget);
-
     /// Types into the password entry as soon as the welcome page is up, and presses Enter.
     void enterPassword(const QString& password);
     void closeMainWindow();
