@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "pages/catalog_pages.h"
+#include "pages/plain_rendering.h"
 #include "pages/product_fields.h"
 #include "tests/support/catalog_builder.h"
 
@@ -318,13 +319,32 @@ void tavorineExpansion(benchmark::State& state, std::int32_t record) {
     }
 }
 
+/// What a page costs whose values hold braces.
+void plainExpansion(benchmark::State& state, std::int32_t record) {
+    const pages::ParameterFields parameters(setting().catalog().parameters, setting().folders(), false);
+    const pages::ProductFields fields(parameters, setting().catalog().memos);
+    const bool isGroup = record == groupRecord;
+    const auto text = isGroup ? groupPage() : productPage();
+    const ReadyFields page(fields, record);
+    ReadyEntries entries(fields);
+    std::string out;
+    for (auto _ : state) {
+        out.clear();
+        pages::renderPlainly("", text, isGroup ? pages::RowBlocks::repeated : pages::RowBlocks::dropped,
+                             columns, page, entries, out);
+        benchmark::DoNotOptimize(out.data());
+    }
+}
+
 BENCHMARK_CAPTURE(tavorine, product_page, productRecord);
 BENCHMARK_CAPTURE(ctemplateWhole, product_page, productRecord);
 BENCHMARK_CAPTURE(tavorineExpansion, product_page, productRecord);
 BENCHMARK_CAPTURE(ctemplateExpansion, product_page, productRecord);
+BENCHMARK_CAPTURE(plainExpansion, product_page, productRecord);
 BENCHMARK_CAPTURE(tavorine, group_page, groupRecord);
 BENCHMARK_CAPTURE(ctemplateWhole, group_page, groupRecord);
 BENCHMARK_CAPTURE(tavorineExpansion, group_page, groupRecord);
 BENCHMARK_CAPTURE(ctemplateExpansion, group_page, groupRecord);
+BENCHMARK_CAPTURE(plainExpansion, group_page, groupRecord);
 
 }

@@ -4,32 +4,6 @@
 #include <set>
 
 namespace pages {
-namespace {
-
-constexpr char16_t firstMark = 0x100;
-
-}
-
-MarkedText markedText(std::string_view bytes) {
-    MarkedText text(bytes.size(), u'\0');
-    std::transform(bytes.begin(), bytes.end(), text.begin(),
-                   [](char byte) { return static_cast<char16_t>(static_cast<unsigned char>(byte)); });
-    return text;
-}
-
-char16_t markOf(unsigned field) {
-    return static_cast<char16_t>(firstMark + field);
-}
-
-bool isMark(char16_t character) {
-    return character >= firstMark;
-}
-
-std::string bytesOf(const MarkedText& text) {
-    std::string bytes(text.size(), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(), [](char16_t c) { return static_cast<char>(c); });
-    return bytes;
-}
 
 CompiledText::CompiledText(const MarkedText& text, const Fields& fields) {
     std::set<std::string> tags;
@@ -55,7 +29,7 @@ CompiledText::CompiledText(const MarkedText& text, const Fields& fields) {
 void CompiledText::addText(const MarkedText& text, std::size_t start, std::size_t end) {
     for (auto at = start; at < end; ++at) {
         if (isMark(text[at])) {
-            m_pieces.push_back({Source::decided, static_cast<unsigned>(text[at] - firstMark), 0, 0});
+            m_pieces.push_back({Source::decided, fieldOf(text[at]), 0, 0});
             continue;
         }
         if (m_pieces.empty() || m_pieces.back().source != Source::literal)

@@ -2,6 +2,7 @@
 
 #include "pages/decided_values.h"
 #include "pages/fields.h"
+#include "pages/marked_text.h"
 #include "pages/render_guard.h"
 
 #include <cstddef>
@@ -9,15 +10,6 @@
 #include <vector>
 
 namespace pages {
-
-/// A text of bytes and of marks that stand for the values of decided blocks.
-using MarkedText = std::u16string;
-
-[[nodiscard]] MarkedText markedText(std::string_view bytes);
-[[nodiscard]] char16_t markOf(unsigned field);
-[[nodiscard]] bool isMark(char16_t character);
-/// The bytes; the text must hold no mark.
-[[nodiscard]] std::string bytesOf(const MarkedText& text);
 
 /// A text taken apart once into literals and fields. Filling it gives what replacing its tags one after
 /// the other gives, as long as no value holds a "{". The literals hold none either, so a "{" in a filled

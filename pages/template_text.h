@@ -1,6 +1,7 @@
 #pragma once
 
 #include "pages/layout.h"
+#include "pages/marked_text.h"
 #include "pages/render_guard.h"
 
 #include <cstddef>
@@ -40,6 +41,11 @@ void resolveBlocks(std::string& text, const ValueOf& valueOf, RenderGuard& guard
 /// Replaces every tag by its value, also the tags that a value brings along. A "}" with no "{" before it
 /// and a "{" with no "}" behind it stay.
 void resolveTags(std::string& text, const ValueOf& valueOf, RenderGuard& guard);
+
+/// The same for documents whose values the user types: what a value holds is never read as a tag or a
+/// marker. Begin with `markedText`, end with `bytesOf`.
+void resolveBlocks(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard);
+void resolveTags(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard);
 
 /// Replaces every occurrence behind `start`; what is put in is not looked at again.
 template <typename Text>
