@@ -98,7 +98,7 @@ private:
         if (!picture.empty() && !m_names.contains(foldedName(picture)))
             complain(file, entry.line, "the picture " + picture + " is missing");
         for (auto& code : linkedCodes(entry.longDescription))
-            m_links.push_back({{file, entry.line}, std::move(code)});
+            m_links.emplace_back(Place{file, entry.line}, std::move(code));
     }
 
     void checkLink(const Place& from, const std::string& code) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 
 namespace publish {
 namespace {
@@ -71,8 +72,8 @@ const Group* DataFiles::nextGroup() {
         m_group = static_cast<std::int16_t>(ownNumber);
         append(group->header, false);
         m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
-        for (auto child = group->groups.rbegin(); child != group->groups.rend(); ++child)
-            m_waiting.push_back(&*child);
+        for (const Group& child : group->groups | std::views::reverse)
+            m_waiting.push_back(&child);
         if (group->groups.empty())
             return group;
     }

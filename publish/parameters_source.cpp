@@ -12,7 +12,6 @@ namespace publish {
 namespace {
 
 using catalog::ParameterText;
-using catalog::ParameterValues;
 
 struct TextKey {
     std::string_view key;

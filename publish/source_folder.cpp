@@ -48,6 +48,7 @@ std::vector<ContentFile> contentOf(const std::vector<fs::path>& folders) {
                 files.insert_or_assign(utf8Of(relative), entry.path());
         }
     std::vector<ContentFile> content;
+    content.reserve(files.size());
     for (const auto& [name, path] : files)
         content.push_back({name, path});
     return content;

@@ -57,7 +57,7 @@ QFont serif(qreal pixels, bool italic = false) {
 
 // As large as fits, in as many lines as it needs.
 void drawTitle(QPainter& painter, const QRectF& place, const QString& text) {
-    for (qreal size = place.height() * .46; size > 6; size *= .93) {
+    for (auto size = static_cast<int>(place.height() * .46); size > 6; --size) {
         painter.setFont(serif(size));
         const auto needed = painter.boundingRect(place, Qt::AlignCenter | Qt::TextWordWrap, text);
         if (needed.width() <= place.width() && needed.height() <= place.height())
@@ -230,7 +230,7 @@ void spiceJar(QPainter& painter, const QColor& content, const Label& label) {
     const QRectF lid(-60, -132, 120, 42);
     cylinder(painter, lid, capMetal);
     painter.setPen(QPen(QColor(60, 44, 30, 60), 1));
-    for (qreal x = -56; x < 58; x += 5)
+    for (const qreal x : steps(-56, 58, 5))
         painter.drawLine(QPointF(x, -124), QPointF(x, -86));
     disc(painter, lid, acrossFace(capMetal, QRectF(-60, -142, 120, 22)), QColor(80, 70, 60));
 }
@@ -262,7 +262,7 @@ void jamJar(QPainter& painter, const QColor& content, const QColor& lid, const L
     const QRectF top(-80, -126, 160, 40);
     cylinder(painter, top, cap);
     painter.setPen(QPen(faded(Qt::white, .7), 1));
-    for (qreal x = -76; x < 78; x += 7)
+    for (const qreal x : steps(-76, 78, 7))
         painter.drawLine(QPointF(x, -116), QPointF(x, -80));
     disc(painter, top, acrossFace(cap, QRectF(-80, -140, 160, 28)), lid);
 }

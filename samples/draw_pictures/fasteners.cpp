@@ -87,7 +87,7 @@ void socketCapScrew(QPainter& painter, Size size, Finish finish) {
     painter.save();
     painter.setClipPath(head);
     painter.setPen(QPen(faded(material.edge, .5), d * .035));
-    for (qreal y = -width / 2; y < width / 2; y += width * .045) // the knurl
+    for (const qreal y : steps(-width / 2, width / 2, width * .045)) // the knurl
         painter.drawLine(QPointF(d * .18, y), QPointF(d * .9, y));
     painter.restore();
     painter.strokePath(head, outline(material, d * .03));

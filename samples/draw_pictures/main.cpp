@@ -35,7 +35,7 @@ public:
             if (drawer && i == group.products.size() / 2)
                 offered = {{drawer}};
         }
-        const auto shown = inTurn(offered);
+        auto shown = inTurn(offered);
         if (!shown.empty())
             save(drawing::photograph(drawing::together(shown, m_house.posture), m_house.backdrop),
                  group.header);
@@ -66,7 +66,7 @@ private:
     }
 
     drawing::Drawer drawProduct(const publish::Group& group, const publish::Product& product) {
-        const auto drawer = m_house.drawerFor(
+        auto drawer = m_house.drawerFor(
             {textOf(group.name), textOf(product.code), textOf(product.description), textOf(product.other)});
         if (drawer) {
             save(drawing::photograph(drawer, m_house.backdrop), product);

@@ -3,6 +3,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <iterator>
 
 namespace drawing {
 namespace {
@@ -14,7 +15,7 @@ constexpr qreal tilt = -27; // degrees
 // The teeth of a thread along one side, to be joined to those of the other.
 QPolygonF teeth(qreal from, qreal to, qreal pitch, const std::function<qreal(qreal)>& radius, qreal depth) {
     QPolygonF line;
-    for (qreal x = from; x < to; x += pitch) {
+    for (const qreal x : steps(from, to, pitch)) {
         line << QPointF(x, radius(x) - depth)
              << QPointF(std::min(x + pitch * .5, to), radius(x + pitch * .5));
     }
@@ -28,8 +29,7 @@ void paintThread(QPainter& painter, qreal from, qreal to, qreal diameter, qreal 
     for (auto& point : body)
         point.setY(-point.y());
     const auto lower = teeth(from + pitch * .5, to, pitch, radius, depth);
-    for (auto point = lower.rbegin(); point != lower.rend(); ++point)
-        body << *point;
+    std::copy(lower.rbegin(), lower.rend(), std::back_inserter(body));
     QPainterPath path;
     path.addPolygon(body);
     path.closeSubpath();
@@ -37,7 +37,7 @@ void paintThread(QPainter& painter, qreal from, qreal to, qreal diameter, qreal 
     painter.fillPath(path, acrossCylinder(material, -diameter / 2, diameter / 2));
     painter.setClipPath(path, Qt::IntersectClip);
     const auto slant = pitch * .5;
-    for (qreal x = from - pitch; x < to + pitch; x += pitch) {
+    for (const qreal x : steps(from - pitch, to + pitch, pitch)) {
         painter.setPen(QPen(faded(material.edge, .35), pitch * .34, Qt::SolidLine, Qt::FlatCap));
         painter.drawLine(QPointF(x, -diameter), QPointF(x + slant * 2, diameter));
         painter.setPen(QPen(faded(material.light, .35), pitch * .2, Qt::SolidLine, Qt::FlatCap));
@@ -83,7 +83,7 @@ void woodThread(QPainter& painter, qreal from, qreal to, qreal diameter, qreal p
     core.lineTo(to - point, diameter * .31);
     core.lineTo(from, diameter * .31);
     painter.fillPath(core, acrossCylinder(material, -diameter * .31, diameter * .31));
-    for (qreal x = from; x < to - pitch * .7; x += pitch) {
+    for (const qreal x : steps(from, to - pitch * .7, pitch)) {
         QPainterPath tooth;
         const auto r = radius(x + pitch * .5);
         tooth.moveTo(x, -r * .62);

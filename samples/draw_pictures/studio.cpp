@@ -111,6 +111,13 @@ QColor blend(const QColor& a, const QColor& b, qreal part) {
                             mix(a.alphaF(), b.alphaF()));
 }
 
+std::vector<qreal> steps(qreal from, qreal to, qreal step) {
+    std::vector<qreal> result;
+    for (int i = 0; from + i * step < to; ++i)
+        result.push_back(from + i * step);
+    return result;
+}
+
 QBrush acrossCylinder(const Material& material, qreal from, qreal to, bool vertical) {
     QLinearGradient gradient(vertical ? QPointF(from, 0) : QPointF(0, from),
                              vertical ? QPointF(to, 0) : QPointF(0, to));

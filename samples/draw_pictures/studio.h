@@ -56,6 +56,9 @@ struct Material {
 /// The colour seen through by that part: 0 opaque, 1 invisible.
 [[nodiscard]] QColor faded(const QColor& colour, qreal part);
 
+/// `from`, `from + step` and so on, below `to`.
+[[nodiscard]] std::vector<qreal> steps(qreal from, qreal to, qreal step);
+
 [[nodiscard]] QColor blend(const QColor& a, const QColor& b, qreal part);
 
 }
