@@ -15,11 +15,11 @@ bool isWebAddress(std::string_view address) {
     return startsWithIgnoringCase(address, "http://") || startsWithIgnoringCase(address, "https://");
 }
 
-// Such as a picture of another folder: the whole address counts then.
-std::string_view behindFolder(std::string_view address, std::string_view folder) {
-    if (folder.empty() || !startsWithIgnoringCase(address, folder))
-        return address;
-    return address.substr(folder.size());
+std::string_view behindFolder(std::string_view address, std::span<const std::string> folders) {
+    for (const auto& folder : folders)
+        if (startsWithIgnoringCase(address, folder))
+            return address.substr(folder.size());
+    return address;
 }
 
 std::string swapSlashes(std::string code) {
@@ -30,8 +30,8 @@ std::string swapSlashes(std::string code) {
 
 }
 
-Link judgeLink(std::string_view address, bool isFile, std::string_view folder) {
-    const auto name = behindFolder(address, folder);
+Link judgeLink(std::string_view address, bool isFile, std::span<const std::string> folders) {
+    const auto name = behindFolder(address, folders);
     const bool namesPage = base::upper(name).find(".HTM") != std::string::npos;
     if (!namesPage)
         return {};

@@ -3,6 +3,7 @@
 #include "catalog/code_index.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,8 +28,9 @@ struct Link {
 
 /// Judges an address as a person reads it: escapes decoded, no `file:` in front, backslashes as separators.
 /// `isFile` tells that it is a file of this computer. What is said of ".htm", "?" and "|" holds for the
-/// part behind the folder, since a folder's name may hold any of them.
-[[nodiscard]] Link judgeLink(std::string_view address, bool isFile, std::string_view folder);
+/// part behind the folder in which the page lies, since a folder's name may hold any of them; the first of
+/// `folders`, which end in a backslash, that the address starts with is taken off.
+[[nodiscard]] Link judgeLink(std::string_view address, bool isFile, std::span<const std::string> folders);
 
 /// The record number of the product that the link names; 0 when there is none.
 [[nodiscard]] std::int32_t findLinked(const Link& link, const catalog::CodeIndex& codes);

@@ -18,16 +18,26 @@ void Browsing::showBanner() {
 
 void Browsing::showRecord(std::int32_t recordNumber) {
     m_currentRecord = recordNumber;
-    m_pageIsUp = true;
+    showAgain();
+    m_history.push(recordNumber);
+}
+
+void Browsing::showAgain() {
+    m_recordIsUp = true;
     const auto text = m_pages.page(m_currentRecord, m_taxStatus);
     m_scratchPage.write(text);
     m_page.show(m_scratchPage.path(), text);
 }
 
+void Browsing::showPage(const std::filesystem::path& file, std::string_view bytes) {
+    m_recordIsUp = false;
+    m_page.show(file, bytes);
+}
+
 void Browsing::setTaxStatus(pages::TaxStatus status) {
     m_taxStatus = status;
-    if (m_pageIsUp)
-        showRecord(m_currentRecord);
+    if (m_recordIsUp)
+        showAgain();
 }
 
 }

@@ -3,10 +3,14 @@
 #include "app/session.h"
 #include "catalog/catalog.h"
 #include "pages/catalog_pages.h"
+#include "pages/history.h"
 #include "pages/scratch_page.h"
 #include "platform/browser.h"
 
 #include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string_view>
 
 namespace ui {
 
@@ -21,12 +25,26 @@ public:
     /// `showRecord` is called, since both are written to the one scratch page.
     void showBanner();
 
-    /// Makes the record current and shows its page.
+    /// Makes the record current, shows its page and records it in the history.
     void showRecord(std::int32_t recordNumber);
 
-    /// For all pages from now on; the page that is up is shown again, with its prices.
+    /// Shows the current record's page again without recording it.
+    void showAgain();
+
+    /// Shows another page of the supplier's in place of the current record's; the bytes are the file's.
+    void showPage(const std::filesystem::path& file, std::string_view bytes);
+
+    /// The record to go back to, for `showRecord`. Nothing where there is none.
+    [[nodiscard]] std::optional<std::int32_t> stepBack() { return m_history.back(m_currentRecord); }
+    [[nodiscard]] const pages::History& history() const { return m_history; }
+
+    /// For all pages from now on; a record's page that is up is shown again, with its prices.
     void setTaxStatus(pages::TaxStatus status);
 
+    /// The current record's own page is what is up.
+    [[nodiscard]] bool recordIsUp() const { return m_recordIsUp; }
+
+    [[nodiscard]] const std::filesystem::path& scratchPage() const { return m_scratchPage.path(); }
     [[nodiscard]] std::int32_t currentRecord() const { return m_currentRecord; }
     [[nodiscard]] pages::TaxStatus taxStatus() const { return m_taxStatus; }
 
@@ -37,7 +55,8 @@ private:
     platform::Browser& m_page;
     pages::TaxStatus m_taxStatus = pages::TaxStatus::taxed;
     std::int32_t m_currentRecord = 1;
-    bool m_pageIsUp = false;
+    pages::History m_history;
+    bool m_recordIsUp = false;
 };
 
 }

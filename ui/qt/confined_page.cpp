@@ -78,12 +78,23 @@ void ConfinedPage::startLoad(const std::function<void()>& load) {
 
 bool ConfinedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
     if (!isMainFrame)
-        return url.isLocalFile() || url.scheme() == "about" || url.scheme() == "data";
+        return mayLoadInFrame(url, type);
     if (type == NavigationTypeTyped && std::exchange(m_ownLoad, false))
         return true;
     if (type != NavigationTypeReload && type != NavigationTypeBackForward)
         follow(url, type == NavigationTypeLinkClicked);
     return false;
+}
+
+// What a frame is made with, and plain pages later, load in the frame; a link that names a product is
+// followed as it would be anywhere.
+bool ConfinedPage::mayLoadInFrame(const QUrl& url, NavigationType type) {
+    const bool namesProduct = url.hasQuery() || url.path().contains('|');
+    if (namesProduct && (type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted)) {
+        follow(url, type == NavigationTypeLinkClicked);
+        return false;
+    }
+    return url.isLocalFile() || url.scheme() == "about" || url.scheme() == "data";
 }
 
 // Out of the browser's own call, since what follows may show the next page or a message.

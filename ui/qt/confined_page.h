@@ -35,6 +35,7 @@ protected:
     QStringList chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) override { return {}; }
 
 private:
+    [[nodiscard]] bool mayLoadInFrame(const QUrl& url, NavigationType type);
     void follow(const QUrl& url, bool clicked);
 
     LinkHandler m_linkHandler;

@@ -4,12 +4,17 @@
 #include "base/numbers.h"
 #include "order/basket_file.h"
 #include "ui/qt/text.h"
+#include "ui/zoom.h"
 
+#include <QAction>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QShowEvent>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace ui::qt {
 namespace {
@@ -31,28 +36,29 @@ catalog::Catalog open(const app::Session& session) {
             catalog::CodeIndex(file(catalog::indexFile)), catalog::MemoFile(file(catalog::memosFile))};
 }
 
-PageFiles pageFiles(const catalog::Folders& folders) {
-    return PageFiles({folders.DataFolder, folders.UserFolder, folders.ProgramFolder});
 }
 
-}
-
-Form1::Form1(const app::Session& session, Guard& guard)
+Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages)
     : m_session(session),
       m_guard(guard),
+      m_messages(messages),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
       m_catalog(open(session)),
       m_toolbar(new Toolbar(this)),
       m_banner(new PageBrowser("wbBanner", "Banner", this)),
+      m_groupBoxes(new GroupBoxes(this)),
       m_splitter(new QSplitter(Qt::Vertical, this)),
       m_grid(new ProductGrid(m_splitter)),
-      m_page(new PageBrowser("WbPage", "Page", m_splitter)),
+      m_page(new PageBrowser("WbPage", "Page", this)),
+      m_pageSearch(new PageSearchBar(*m_page, this)),
       m_tax(new QCheckBox(this)),
       m_taxTotalCaption(new QLabel(this)),
       m_taxTotal(new QLabel(this)),
       m_orderTotal(new QLabel(this)),
       m_browsing(m_session, m_catalog, *m_banner, *m_page),
-      m_turner(new PageTurner(*m_page, m_guard([this](int row) { m_browsing.showRecord(row + 1); }), this)) {
+      m_links(m_catalog, m_session.folders),
+      m_groupLists(m_catalog),
+      m_turner(new PageTurner(*m_page, m_guard([this](int row) { showRow(row); }), this)) {
     setObjectName("Form1");
     layOut();
     fill();
@@ -68,6 +74,7 @@ void Form1::layOut() {
     addToolBar(m_toolbar);
     m_banner->setFixedHeight(bannerHeight);
     m_splitter->setObjectName("Split");
+    m_splitter->addWidget(pagePane());
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(0, 0);
     m_splitter->setStretchFactor(1, 1);
@@ -80,12 +87,23 @@ void Form1::layOut() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_banner);
+    layout->addWidget(m_groupBoxes);
     layout->addWidget(m_splitter, 1);
     layout->addWidget(totalsBar());
     setCentralWidget(middle);
     setMinimumSize(smallestSize);
     resize(designedSize);
     m_memory.restore(*this);
+}
+
+QWidget* Form1::pagePane() {
+    auto* pane = new QWidget(m_splitter);
+    auto* layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_page, 1);
+    layout->addWidget(m_pageSearch);
+    return pane;
 }
 
 QWidget* Form1::totalsBar() {
@@ -128,6 +146,9 @@ void Form1::fill() {
     m_grid->open(new ProductModel(m_catalog.products, productColumns(parameters), m_grid));
     m_memory.restore(*m_grid->horizontalHeader(), QString::number(m_grid->model()->columnCount()));
 
+    m_groupBoxes->open(m_groupLists);
+    m_page->setZoom(m_memory.pageZoom());
+
     m_details = order::readDetails(m_userSettings);
     m_tax->setChecked(m_details.taxExempt);
     const catalog::SettingsFile startSettings(
@@ -139,6 +160,10 @@ void Form1::fill() {
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
     connect(m_grid, &ProductGrid::currentRowChanged, m_turner, &PageTurner::turnTo);
+    connect(m_groupBoxes, &GroupBoxes::chosen, this, m_guard([this](int record) { goTo(record); }));
+    connect(m_page, &PageBrowser::backAsked, this, m_guard([this] { goBack(); }));
+    m_page->onLink(m_guard([this](const QUrl& address, bool clicked) { followLink(address, clicked); }));
+    addPageActions();
     const auto setStatus = [this](bool exempt) {
         m_browsing.setTaxStatus(exempt ? pages::TaxStatus::exempt : pages::TaxStatus::taxed);
     };
@@ -148,9 +173,24 @@ void Form1::connectControls() {
     connect(m_banner, &PageBrowser::loaded, m_turner, &PageTurner::start);
 }
 
+// Offered in the page's own menu too.
+void Form1::addPageActions() {
+    const auto add = [this](const QString& text, const QKeySequence& keys, std::function<void()> act) {
+        auto* action = new QAction(text, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, m_guard(std::move(act)));
+        addAction(action);
+        m_page->addAction(action);
+    };
+    add("&Find on this page...", QKeySequence("Ctrl+Shift+F"), [this] { m_pageSearch->open(); });
+    add("&Larger", QKeySequence("Ctrl++"), [this] { m_page->setZoom(zoomedBy(m_page->zoom(), 1)); });
+    add("&Smaller", QKeySequence("Ctrl+-"), [this] { m_page->setZoom(zoomedBy(m_page->zoom(), -1)); });
+    add("&Normal size", QKeySequence("Ctrl+0"), [this] { m_page->setZoom(1); });
+}
+
 void Form1::openPages() {
-    m_banner->confineTo(pageFiles(m_session.folders));
-    m_page->confineTo(pageFiles(m_session.folders));
+    m_banner->confineTo(pageFilesOf(m_session.folders));
+    m_page->confineTo(pageFilesOf(m_session.folders));
     if (m_catalog.products.count() > 0)
         m_grid->setCurrentRow(0);
     else
@@ -174,8 +214,60 @@ void Form1::restoreSplitter() {
 }
 
 void Form1::runCommand(Command command) {
-    if (command == Command::exit)
+    switch (command) {
+    case Command::exit:
         close();
+        break;
+    case Command::back:
+        goBack();
+        break;
+    default:
+        break;
+    }
+}
+
+void Form1::enable(Command command, bool on) {
+    m_toolbarState.enable(command, on);
+    m_toolbar->show(m_toolbarState);
+}
+
+// Every record shown can be left again, but for the oldest one when Back has led to it.
+void Form1::showRow(int row) {
+    m_browsing.showRecord(row + 1);
+    const bool cameBack = std::exchange(m_goingBack, false);
+    enable(Command::back, !cameBack || !m_browsing.history().holdsOnly(row + 1));
+}
+
+// Also when the row is current already but something else than its page is up.
+void Form1::goTo(std::int32_t record) {
+    if (m_grid->currentRow() != record - 1)
+        m_grid->setCurrentRow(record - 1);
+    else if (!m_browsing.recordIsUp())
+        m_browsing.showAgain();
+}
+
+void Form1::goBack() {
+    m_turner->catchUp();
+    const auto record = m_browsing.stepBack();
+    if (!record)
+        return;
+    m_goingBack = true;
+    m_grid->returnToRow(*record - 1);
+    m_turner->turnTo(*record - 1); // the row may be current already
+}
+
+void Form1::followLink(const QUrl& address, bool clicked) {
+    const auto end = m_links.follow(address.toEncoded().toStdString());
+    if (const auto* product = std::get_if<LeadsToProduct>(&end)) {
+        goTo(product->record);
+    } else if (std::holds_alternative<LeadsToMissingProduct>(end)) {
+        m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
+    } else if (const auto* page = std::get_if<LeadsToPage>(&end)) {
+        if (const auto bytes = base::readFile(page->file); bytes && page->file != m_browsing.scratchPage())
+            m_browsing.showPage(page->file, *bytes);
+    } else if (std::holds_alternative<LeadsOutside>(end) && clicked) {
+        QDesktopServices::openUrl(address);
+    }
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
@@ -189,6 +281,7 @@ void Form1::saveSettings() {
     m_details.taxExempt = m_tax->isChecked();
     order::saveDetails(m_details, m_userSettings);
     m_memory.save(*this);
+    m_memory.savePageZoom(m_page->zoom());
     m_memory.save(*m_grid->horizontalHeader(), QString::number(m_grid->model()->columnCount()));
 }
 

@@ -3,9 +3,13 @@
 #include "app/session.h"
 #include "catalog/catalog.h"
 #include "order/delivery_details.h"
+#include "pages/group_lists.h"
 #include "ui/browsing.h"
+#include "ui/link_rules.h"
+#include "ui/qt/group_boxes.h"
 #include "ui/qt/guard.h"
 #include "ui/qt/page_browser.h"
+#include "ui/qt/page_search_bar.h"
 #include "ui/qt/page_turner.h"
 #include "ui/qt/product_grid.h"
 #include "ui/qt/toolbar.h"
@@ -24,7 +28,7 @@ class Form1 final : public QMainWindow {
     Q_OBJECT
 
 public:
-    Form1(const app::Session& session, Guard& guard);
+    Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages);
     ~Form1() override;
 
 signals:
@@ -37,16 +41,24 @@ protected:
 
 private:
     void layOut();
+    QWidget* pagePane();
     QWidget* totalsBar();
     void fill();
     void connectControls();
+    void addPageActions();
     void openPages();
     void restoreSplitter();
     void runCommand(Command command);
+    void showRow(int row);
+    void goTo(std::int32_t record);
+    void goBack();
+    void enable(Command command, bool on);
+    void followLink(const QUrl& address, bool clicked);
     void saveSettings();
 
     app::Session m_session;
     Guard& m_guard;
+    platform::MessageBox& m_messages;
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
     catalog::Catalog m_catalog;
@@ -54,17 +66,22 @@ private:
 
     Toolbar* m_toolbar;
     PageBrowser* m_banner;
+    GroupBoxes* m_groupBoxes;
     QSplitter* m_splitter;
     ProductGrid* m_grid;
     PageBrowser* m_page;
+    PageSearchBar* m_pageSearch;
     QCheckBox* m_tax;
     QLabel* m_taxTotalCaption;
     QLabel* m_taxTotal;
     QLabel* m_orderTotal;
 
     Browsing m_browsing;
+    LinkRules m_links;
+    pages::GroupLists m_groupLists;
     PageTurner* m_turner;
     ToolbarState m_toolbarState;
+    bool m_goingBack = false;
 };
 
 }

@@ -6,6 +6,7 @@
 #include "pages/charset.h"
 #include "ui/qt/page_view.h"
 #include "ui/qt/text.h"
+#include "ui/zoom.h"
 
 #include <QTimer>
 #include <QVBoxLayout>
@@ -62,7 +63,8 @@ void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes
 }
 
 void PageBrowser::makeView() {
-    m_view = new PageView(this);
+    auto* view = new PageView(this);
+    m_view = view;
     m_profile = new ConfinedProfile(std::move(m_files).value(), m_view);
     m_page = new ConfinedPage(m_profile, this);
     m_page->onLink([this](const QUrl& url, bool clicked) {
@@ -72,10 +74,19 @@ void PageBrowser::makeView() {
     m_view->setPage(m_page);
     m_view->setObjectName(m_name);
     m_view->setAccessibleName(m_accessibleName);
+    m_view->setZoomFactor(m_zoom);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     connect(m_view, &QWebEngineView::loadFinished, this, &PageBrowser::finish);
+    connect(view, &PageView::zoomAsked, this, [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
+    connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
     connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);
+}
+
+void PageBrowser::setZoom(double factor) {
+    m_zoom = factor;
+    if (m_view)
+        m_view->setZoomFactor(factor);
 }
 
 void PageBrowser::load() {

@@ -31,6 +31,10 @@ public:
     void show(const std::filesystem::path& file, std::string_view bytes) override;
     using QWidget::show;
 
+    /// For this page and all later ones; 1 is the pages' own size.
+    void setZoom(double factor);
+    [[nodiscard]] double zoom() const { return m_zoom; }
+
     /// No page is being loaded or waits for it.
     [[nodiscard]] bool idle() const { return !m_loading && !m_next; }
     [[nodiscard]] QWebEngineView* view() const { return m_view; }
@@ -38,6 +42,7 @@ public:
 signals:
     /// The page shown last has been loaded.
     void loaded();
+    void backAsked();
 
 private:
     struct Page {
@@ -61,6 +66,7 @@ private:
     QWebEngineView* m_view = nullptr;
     std::optional<Page> m_next;
     Page m_current;
+    double m_zoom = 1;
     bool m_loading = false;
     int m_copies = 0;
 };

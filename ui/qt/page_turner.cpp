@@ -21,7 +21,12 @@ void PageTurner::turnTo(int row) {
 }
 
 void PageTurner::proceed() {
-    if (!m_started || !m_row || !m_browser.idle())
+    if (m_browser.idle())
+        catchUp();
+}
+
+void PageTurner::catchUp() {
+    if (!m_started || !m_row)
         return;
     const int row = *m_row;
     m_row.reset();

@@ -22,6 +22,9 @@ public:
     void start();
     void turnTo(int row);
 
+    /// Shows the row that is waiting, if one is, without waiting for the browser.
+    void catchUp();
+
 private:
     void proceed();
 

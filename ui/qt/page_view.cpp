@@ -1,5 +1,6 @@
 #include "ui/qt/page_view.h"
 
+#include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QWebEnginePage>
@@ -16,7 +17,32 @@ void PageView::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
     for (const auto action : {QWebEnginePage::Copy, QWebEnginePage::SelectAll})
         menu.addAction(pageAction(action));
+    menu.addSeparator();
+    menu.addActions(parentWidget()->actions());
     menu.exec(event->globalPos());
+}
+
+// The browser's own widget, which gets the mouse, comes and goes with its pages.
+bool PageView::event(QEvent* event) {
+    if (event->type() == QEvent::ChildAdded)
+        static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
+    return QWebEngineView::event(event);
+}
+
+bool PageView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel) {
+        const auto* wheel = static_cast<QWheelEvent*>(event);
+        if (wheel->modifiers().testFlag(Qt::ControlModifier)) {
+            if (wheel->angleDelta().y() != 0)
+                emit zoomAsked(wheel->angleDelta().y());
+            return true;
+        }
+    }
+    const bool isBackButton =
+        event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::BackButton;
+    if (isBackButton)
+        emit backAsked();
+    return isBackButton || QWebEngineView::eventFilter(watched, event);
 }
 
 }

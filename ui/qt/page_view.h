@@ -4,13 +4,23 @@
 
 namespace ui::qt {
 
-/// A web view with a context menu of its own, without the browser's navigation.
+/// A web view with a context menu of its own: copying, and the actions of the widget that it lies in; none
+/// of the browser's navigation. Ctrl with the wheel and the mouse's back button are told, not followed.
 class PageView final : public QWebEngineView {
+    Q_OBJECT
+
 public:
     explicit PageView(QWidget* parent);
 
+signals:
+    /// Above 0 means larger.
+    void zoomAsked(int direction);
+    void backAsked();
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 }

@@ -57,6 +57,10 @@ void ProductGrid::setCurrentRow(int row) {
     setCurrentIndex(model()->index(row, column));
 }
 
+void ProductGrid::returnToRow(int row) {
+    setCurrentIndex(model()->index(row, 0));
+}
+
 void ProductGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     if (current.row() != previous.row() && current.isValid())

@@ -20,6 +20,8 @@ public:
     /// 0-based; -1 when there is none.
     [[nodiscard]] int currentRow() const { return currentIndex().row(); }
     void setCurrentRow(int row);
+    /// As `setCurrentRow`, in the first column.
+    void returnToRow(int row);
 
 signals:
     void currentRowChanged(int row);

@@ -1,9 +1,13 @@
 #include "ui/qt/window_memory.h"
 
+#include "ui/zoom.h"
+
 #include <QSettings>
 
 namespace ui::qt {
 namespace {
+
+constexpr auto zoomKey = "Page/Zoom";
 
 QSettings memory() {
     return {QSettings::IniFormat, QSettings::UserScope, "Tavorine", "Windows"};
@@ -41,6 +45,14 @@ void WindowMemory::save(const QHeaderView& header, const QString& layout) const 
     for (int i = 0; i < header.count(); ++i)
         widths.append(QString::number(header.sectionSize(i)));
     memory().setValue(columnsKey(layout), widths);
+}
+
+double WindowMemory::pageZoom() const {
+    return sensibleZoom(memory().value(zoomKey, 1.0).toDouble());
+}
+
+void WindowMemory::savePageZoom(double factor) const {
+    memory().setValue(zoomKey, factor);
 }
 
 }

@@ -16,6 +16,9 @@ public:
     /// `layout` names the set of columns: widths are put back only to the set they were taken from.
     void restore(QHeaderView& header, const QString& layout) const;
     void save(const QHeaderView& header, const QString& layout) const;
+
+    [[nodiscard]] double pageZoom() const;
+    void savePageZoom(double factor) const;
 };
 
 }

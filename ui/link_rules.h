@@ -1,0 +1,47 @@
+#pragma once
+
+#include "catalog/catalog.h"
+#include "ui/page_files.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace ui {
+
+/// Where a link of a catalogue page leads.
+struct LeadsNowhere {};
+struct LeadsToProduct {
+    std::int32_t record; ///< in Prdlst.dat
+};
+struct LeadsToMissingProduct {};
+struct LeadsToPage {
+    std::filesystem::path file; ///< exists, and pages may have it
+};
+struct LeadsOutside {}; ///< to the web, for the system's browser
+using LinkEnd = std::variant<LeadsNowhere, LeadsToProduct, LeadsToMissingProduct, LeadsToPage, LeadsOutside>;
+
+/// The link rules of one open catalogue, which must outlive them.
+class LinkRules {
+public:
+    LinkRules(const catalog::Catalog& catalog, const catalog::Folders& folders);
+
+    /// The address as the browser encodes it.
+    [[nodiscard]] LinkEnd follow(std::string_view encodedAddress) const;
+
+private:
+    [[nodiscard]] LinkEnd toProduct(std::int32_t record) const;
+    [[nodiscard]] LinkEnd toPage(std::string_view address) const;
+
+    const catalog::Catalog& m_catalog;
+    PageFiles m_files;
+    std::vector<std::string> m_folders; // as addresses read, with a backslash at the end
+};
+
+/// The files that the pages of a catalogue may load.
+[[nodiscard]] PageFiles pageFilesOf(const catalog::Folders& folders);
+
+}
