@@ -58,7 +58,8 @@ public:
     ContentChecker(const CatalogSource& source, const std::vector<ContentFile>& content)
         : m_source(source), m_content(content) {
         for (const auto& file : content)
-            m_names.insert(foldedName(file.name));
+            if (!m_names.insert(foldedName(file.name)).second)
+                complain(file.name, 0, "another file has this name in other letter case");
     }
 
     Complaints run() {

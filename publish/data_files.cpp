@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
 namespace publish {
 namespace {
@@ -72,8 +71,8 @@ const Group* DataFiles::nextGroup() {
         m_group = static_cast<std::int16_t>(ownNumber);
         append(group->header, false);
         m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
-        for (const Group& child : group->groups | std::views::reverse)
-            m_waiting.push_back(&child);
+        for (std::size_t i = group->groups.size(); i-- > 0;)
+            m_waiting.push_back(&group->groups[i]);
         if (group->groups.empty())
             return group;
     }

@@ -3,6 +3,7 @@
 #include "catalog/catalog.h"
 #include "publish/catalog_zip.h"
 #include "tests/publish/zip_entries.h"
+#include "tests/support/test_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,8 +15,6 @@ namespace fs = std::filesystem;
 class CatalogZip : public testing::Test {
 protected:
     CatalogZip() {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
         base::replaceFile(folder / "logo.jpg", "logo");
         base::replaceFile(folder / "tea.jpg", "picture");
         source.displayName = "Caf\xE9 & Co";
@@ -27,7 +26,7 @@ protected:
                           {"ACME.SUP", folder / "logo.jpg"}};
     }
 
-    fs::path folder = fs::path(testing::TempDir()) / "catalog_zip_test";
+    fs::path folder = support::testFolder();
     publish::SourceFolder source;
 };
 

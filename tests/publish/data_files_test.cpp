@@ -1,6 +1,7 @@
 #include "base/files.h"
 #include "catalog/catalog.h"
 #include "publish/data_files.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -10,10 +11,6 @@ namespace fs = std::filesystem;
 using catalog::ParameterText;
 using publish::Group;
 using publish::Product;
-
-fs::path folder() {
-    return fs::path(testing::TempDir()) / "data_files_test";
-}
 
 Product product(const char* code, const char* description = "Thing") {
     return {.code = code, .description = description};
@@ -36,12 +33,6 @@ publish::CatalogSource smallCatalog() {
     return source;
 }
 
-catalog::Catalog written(const publish::CatalogSource& source) {
-    fs::remove_all(folder());
-    publish::writeDataFiles(source, folder());
-    return catalog::openCatalog(folder());
-}
-
 std::vector<std::string> codesInOrder(const catalog::Catalog& catalog) {
     std::vector<std::string> codes;
     for (int i = 1; i <= catalog.products.count(); ++i)
@@ -49,7 +40,17 @@ std::vector<std::string> codesInOrder(const catalog::Catalog& catalog) {
     return codes;
 }
 
-TEST(DataFiles, EveryFieldComesBack) {
+class DataFiles : public testing::Test {
+protected:
+    catalog::Catalog written(const publish::CatalogSource& source) {
+        publish::writeDataFiles(source, folder);
+        return catalog::openCatalog(folder);
+    }
+
+    fs::path folder = support::testFolder();
+};
+
+TEST_F(DataFiles, EveryFieldComesBack) {
     auto source = smallCatalog();
     auto& values = source.parameters;
     values.catalogPassword = "secret";
@@ -95,7 +96,7 @@ TEST(DataFiles, EveryFieldComesBack) {
     EXPECT_EQ(catalog.products.at(5).memoPosition(), 0);
 }
 
-TEST(DataFiles, AGroupsHeaderRecordStandsBeforeItsContents) {
+TEST_F(DataFiles, AGroupsHeaderRecordStandsBeforeItsContents) {
     const auto catalog = written(smallCatalog());
     EXPECT_EQ(codesInOrder(catalog), (std::vector<std::string>{"TOC", "BOLTS", "HEX", "b2", "A1", "CARR",
                                                                "c3", "NUTS", "B2", "d4"}));
@@ -109,7 +110,7 @@ TEST(DataFiles, AGroupsHeaderRecordStandsBeforeItsContents) {
     EXPECT_EQ(groups, (std::vector{1, 2, 4, 4, 4, 5, 5, 3, 3, 3}));
 }
 
-TEST(DataFiles, SiblingGroupsStandTogetherAndShareTheirParent) {
+TEST_F(DataFiles, SiblingGroupsStandTogetherAndShareTheirParent) {
     const auto catalog = written(smallCatalog());
 
     const struct {
@@ -131,15 +132,15 @@ TEST(DataFiles, SiblingGroupsStandTogetherAndShareTheirParent) {
     }
 }
 
-TEST(DataFiles, TheIndexFindsEveryCodeAndTheFirstOfEqualOnes) {
+TEST_F(DataFiles, TheIndexFindsEveryCodeAndTheFirstOfEqualOnes) {
     const auto catalog = written(smallCatalog());
-    EXPECT_EQ(fs::file_size(folder() / catalog::indexFile), 9 * catalog::IndexRecord::length);
+    EXPECT_EQ(fs::file_size(folder / catalog::indexFile), 9 * catalog::IndexRecord::length);
     const auto codes = codesInOrder(catalog);
     for (std::size_t i = 0; i < codes.size(); ++i)
         EXPECT_EQ(catalog.codes.find(codes[i]), codes[i] == "B2" ? 4 : static_cast<int>(i + 1)) << codes[i];
 }
 
-TEST(DataFiles, CodesAreOrderedByUnsignedByte) {
+TEST_F(DataFiles, CodesAreOrderedByUnsignedByte) {
     publish::CatalogSource source;
     source.contents.header = product("TOC");
     source.contents.groups = {{.name = "A", .header = product("A")}};
@@ -158,16 +159,15 @@ TEST(DataFiles, CodesAreOrderedByUnsignedByte) {
     EXPECT_EQ(catalog.codes.find("Z"), 4);
 }
 
-TEST(DataFiles, ProductsMayComeOneByOne) {
+TEST_F(DataFiles, ProductsMayComeOneByOne) {
     publish::CatalogSource source = smallCatalog();
-    fs::remove_all(folder());
-    publish::DataFiles files(folder(), source.parameters, source.contents);
+    publish::DataFiles files(folder, source.parameters, source.contents);
     int products = 0;
     while (files.nextGroup() != nullptr)
         for (int i = 0; i < 1000; ++i)
             files.add({.code = "P" + std::to_string(++products), .description = "Thing"});
     files.finish();
-    const auto catalog = catalog::openCatalog(folder());
+    const auto catalog = catalog::openCatalog(folder);
     EXPECT_EQ(catalog.products.count(), 3005);
     EXPECT_EQ(catalog.products.at(catalog.codes.find("p2500")).code(), "P2500");
 }

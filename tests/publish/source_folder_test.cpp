@@ -1,5 +1,6 @@
 #include "base/files.h"
 #include "publish/source_folder.h"
+#include "tests/support/test_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +17,6 @@ using testing::IsEmpty;
 class SourceFolder : public testing::Test {
 protected:
     SourceFolder() {
-        fs::remove_all(folder);
         write("catalog.ini", "Supplier name = Test & Co\nE-mail = a@example.com\nVersion = 00001\n");
         write("products.csv",
               "group,code,description,other,price,tax,picture\nTeas,T1,Gr\u00fcn,50 g,4.50,7,p/t1.jpg\n");
@@ -41,7 +41,7 @@ protected:
         return texts;
     }
 
-    fs::path folder = fs::path(testing::TempDir()) / "source_folder_test";
+    fs::path folder = support::testFolder() / "source";
     std::vector<fs::path> further;
     publish::SourceFolder source;
 };
@@ -86,6 +86,7 @@ TEST_F(SourceFolder, ComplaintsNameFileAndLine) {
          "products.csv:4: error: a link leads to T9"},
         {"groups.csv", "group,code\nTees,T\n", "groups.csv:2: error: no product is in this group"},
         {"descriptions/t2.txt", "x", "descriptions/t2.txt: error: no product or group has this code"},
+        {"catalog.ect", "x", "catalog.ect: error: another file has this name in other letter case"},
         {"Catalog.Ect", "{{x {CODE}", "Catalog.Ect: error: a conditional block"},
         {"Catalog.Ect", "<a href=\"tmp.htm?nix\">", "Catalog.Ect: error: a link leads to nix"},
         {"catalog.ini", "Supplier name = x\nVersion = 1\nFax = 1\n",
@@ -114,8 +115,7 @@ TEST_F(SourceFolder, MissingTablesAreComplainedOf) {
 }
 
 TEST_F(SourceFolder, FilesOfFurtherFoldersCountAsContent) {
-    const auto drawn = folder.parent_path() / "source_folder_test_drawn";
-    fs::remove_all(drawn);
+    const auto drawn = folder.parent_path() / "drawn";
     fs::create_directories(drawn / "p");
     fs::rename(folder / "p" / "t1.jpg", drawn / "p" / "t1.jpg");
     EXPECT_EQ(complaints().size(), 1);

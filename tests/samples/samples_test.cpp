@@ -1,8 +1,10 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "catalog/catalog.h"
+#include "pages/catalog_pages.h"
 #include "publish/links.h"
 #include "tests/publish/zip_entries.h"
+#include "tests/support/test_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,11 +20,9 @@ using catalog::ParameterText;
 class Sample : public testing::TestWithParam<const char*> {
 protected:
     Sample() : entries(support::zipEntries(fs::path(TAVORINE_SAMPLES) / (std::string(GetParam()) + ".zip"))) {
-        const auto folder = fs::path(testing::TempDir()) / (std::string("samples_test_") + GetParam());
-        fs::create_directories(folder);
-        for (const auto name : {catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
-                                catalog::indexFile, catalog::memosFile})
-            base::replaceFile(folder / name, entries[std::string(name)]);
+        for (const auto& [name, bytes] : entries)
+            if (name.find('/') == std::string::npos)
+                base::replaceFile(folder / name, bytes);
         catalog.emplace(catalog::openCatalog(folder));
     }
 
@@ -44,6 +44,7 @@ protected:
     }
 
     std::map<std::string, std::string> entries;
+    fs::path folder = support::testFolder();
     std::optional<catalog::Catalog> catalog;
 };
 
@@ -88,12 +89,25 @@ TEST_P(Sample, EveryCodeAndEveryLinkLeadsToItsRecord) {
             EXPECT_GT(catalog->codes.find(code), 0) << name << " links to " << code;
 }
 
+TEST_P(Sample, EveryPageIsFilledAndShowsItsRecord) {
+    pages::CatalogPages pages(*catalog, {folder, folder, folder}, {"50", "2", "3"}, false);
+    for (int number = 1; number <= catalog->products.count(); ++number) {
+        const auto code = std::string(catalog->products.at(number).code());
+        const std::string page(pages.page(number, pages::TaxStatus::taxed));
+        EXPECT_THAT(page, testing::HasSubstr("<title>" + code + "</title>"));
+        EXPECT_THAT(page, testing::Not(testing::ContainsRegex("[{}]|</?R[12]>"))) << code;
+    }
+    const std::string banner(pages.banner(1, pages::TaxStatus::taxed));
+    EXPECT_THAT(banner, testing::HasSubstr(catalog->parameters.text(ParameterText::catalogName)));
+    EXPECT_THAT(banner, testing::Not(testing::ContainsRegex("[{}]")));
+}
+
 INSTANTIATE_TEST_SUITE_P(, Sample, testing::Values("ORRENDALE", "SONDERHAVEN"),
                          [](const auto& sample) { return std::string(sample.param); });
 
 TEST(Samples, OneChargesTaxAndTakesFaxesTheOtherNeither) {
-    const auto parameters = [](const char* name) {
-        const auto path = fs::path(testing::TempDir()) / "samples_test_PrdPrm.dat";
+    const auto path = support::testFolder() / catalog::parametersFile;
+    const auto parameters = [&path](const char* name) {
         base::replaceFile(path, support::zipEntries(fs::path(TAVORINE_SAMPLES) / name)["PrdPrm.dat"]);
         return catalog::Parameters(path);
     };
