@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 
-#include <algorithm>
+#include <vector>
 
 namespace pages {
 namespace {
@@ -22,10 +22,14 @@ std::string_view behindFolder(std::string_view address, std::span<const std::str
     return address;
 }
 
-std::string swapSlashes(std::string code) {
-    for (char& c : code)
-        c = c == '/' ? '\\' : c == '\\' ? '/' : c;
-    return code;
+constexpr std::size_t mostUncertainSlashes = 10;
+
+std::vector<std::size_t> slashPlaces(std::string_view code) {
+    std::vector<std::size_t> places;
+    for (std::size_t at = code.find_first_of("/\\"); at != std::string_view::npos;
+         at = code.find_first_of("/\\", at + 1))
+        places.push_back(at);
+    return places;
 }
 
 }
@@ -43,13 +47,19 @@ Link judgeLink(std::string_view address, bool isFile, std::span<const std::strin
     return {LinkTarget::product, base::upper(base::trim(name.substr(mark + 1))), name[mark] == '|'};
 }
 
+// An index key is 20 bytes long, so a code with many slashes is none that anybody means.
 std::int32_t findLinked(const Link& link, const catalog::CodeIndex& codes) {
-    const auto record = codes.find(link.code);
-    if (record != 0 || !link.slashesUncertain)
+    auto record = codes.find(link.code);
+    const auto slashes = link.slashesUncertain ? slashPlaces(link.code) : std::vector<std::size_t>();
+    if (slashes.size() > mostUncertainSlashes)
         return record;
-    const auto forward = base::replaceAll(link.code, "\\", "/");
-    const auto found = codes.find(forward);
-    return found != 0 ? found : codes.find(swapSlashes(link.code));
+    auto code = link.code;
+    for (unsigned leaning = 0; record == 0 && leaning < 1U << slashes.size(); ++leaning) {
+        for (std::size_t i = 0; i < slashes.size(); ++i)
+            code[slashes[i]] = (leaning >> i & 1U) != 0 ? '\\' : '/';
+        record = codes.find(code);
+    }
+    return record;
 }
 
 }

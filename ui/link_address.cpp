@@ -55,6 +55,12 @@ std::string decoded(std::string_view part) {
     return hasBrokenEscape(text) ? decodedOnce(text) : text;
 }
 
+// A fragment is kept, since it may be part of a product's code. Unlike the query it is always UTF-8.
+std::string behindPath(std::string_view query) {
+    const auto hash = std::min(query.find('#'), query.size());
+    return decoded(query.substr(0, hash)) + base::fromUtf8(decoded(query.substr(hash)));
+}
+
 struct FilePart {
     std::string_view rest;
     bool isFile;
@@ -79,9 +85,7 @@ LinkAddress readAddress(std::string_view encoded) {
     auto path = base::fromUtf8(decoded(rest.substr(0, query)));
     if (isFile)
         std::replace(path.begin(), path.end(), '/', '\\');
-    const auto code = rest.substr(query);
-    // A fragment is decoded with what it follows: it may be part of a product code.
-    return {path + (code.empty() ? std::string() : "?" + decoded(code.substr(1))), isFile};
+    return {path + behindPath(rest.substr(query)), isFile};
 }
 
 }

@@ -14,8 +14,8 @@ struct LinkAddress {
 };
 
 /// From the address as the browser encodes it. A broken escape stays as it stands; one that the browser
-/// escaped once more is read as it was written. Everything behind the first "?" is in the page's
-/// encoding, Windows-1252; everything before it is UTF-8.
+/// escaped once more is read as it was written. What stands between "?" and "#" is in the page's
+/// encoding, Windows-1252; everything else is UTF-8.
 [[nodiscard]] LinkAddress readAddress(std::string_view encoded);
 
 }

@@ -51,6 +51,7 @@ TEST(Links, ACodeInAPathIsFoundWhicheverWayItsSlashesLean) {
     EXPECT_EQ(find("A\\B", true), 1);
     EXPECT_EQ(find("C/D", true), 2);
     EXPECT_EQ(find("C\\D", true), 2);
+    EXPECT_EQ(find("E\\F\\G", true), 3);
     EXPECT_EQ(find("A\\B", false), 0);
     EXPECT_EQ(find("A/B", false), 1);
     EXPECT_EQ(find("", true), 0);

@@ -23,6 +23,7 @@ TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
         {"Tmp.htm?A%25B", "Tmp.htm?A%B"},
         {"Tmp.htm?%C4", "Tmp.htm?\xC4"},
         {"Tmp.htm%7C%C3%84", "Tmp.htm|\xC4"},
+        {"Tmp.htm?%C4#%C3%84", "Tmp.htm?\xC4#\xC4"},
         {"Tmp.htm?%", "Tmp.htm?%"},
         {"Tmp.htm?%4", "Tmp.htm?%4"},
         {"-ACME", "-ACME"},

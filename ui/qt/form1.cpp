@@ -256,6 +256,15 @@ void Form1::goBack() {
     m_turner->turnTo(*record - 1); // the row may be current already
 }
 
+// The scratch page stands for the current record's.
+void Form1::showSupplierPage(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::equivalent(file, m_browsing.scratchPage(), error))
+        m_browsing.showAgain();
+    else if (const auto bytes = base::readFile(file))
+        m_browsing.showPage(file, *bytes);
+}
+
 void Form1::followLink(const QUrl& address, bool clicked) {
     const auto end = m_links.follow(address.toEncoded().toStdString());
     if (const auto* product = std::get_if<LeadsToProduct>(&end)) {
@@ -263,8 +272,7 @@ void Form1::followLink(const QUrl& address, bool clicked) {
     } else if (std::holds_alternative<LeadsToMissingProduct>(end)) {
         m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
     } else if (const auto* page = std::get_if<LeadsToPage>(&end)) {
-        if (const auto bytes = base::readFile(page->file); bytes && page->file != m_browsing.scratchPage())
-            m_browsing.showPage(page->file, *bytes);
+        showSupplierPage(page->file);
     } else if (std::holds_alternative<LeadsOutside>(end) && clicked) {
         QDesktopServices::openUrl(address);
     }

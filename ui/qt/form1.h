@@ -53,6 +53,7 @@ private:
     void goTo(std::int32_t record);
     void goBack();
     void enable(Command command, bool on);
+    void showSupplierPage(const std::filesystem::path& file);
     void followLink(const QUrl& address, bool clicked);
     void saveSettings();
 

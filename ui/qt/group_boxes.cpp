@@ -2,6 +2,7 @@
 
 #include "ui/qt/text.h"
 
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QListView>
 

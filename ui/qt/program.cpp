@@ -2,6 +2,7 @@
 
 #include "order/basket_file.h"
 
+#include <QApplication>
 #include <QTimer>
 
 namespace ui::qt {
@@ -35,8 +36,14 @@ void Program::openMainWindow(const app::Session& session) {
     m_form1->show();
 }
 
-// The end of the closing sequence: all files are closed before the basket goes.
+// The end of the closing sequence: all files are closed before the basket goes. A box that is up (the
+// window was closed by the system, say) lies inside the window and is closed before it.
 void Program::closeMainWindow() {
+    if (auto* box = QApplication::activeModalWidget()) {
+        box->close();
+        QTimer::singleShot(0, this, &Program::closeMainWindow);
+        return;
+    }
     m_form1.reset();
     order::deleteProgramFolderBasket(m_programFolder);
     m_guard.end(0);
