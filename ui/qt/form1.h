@@ -6,6 +6,7 @@
 #include "pages/group_lists.h"
 #include "ui/browsing.h"
 #include "ui/link_rules.h"
+#include "ui/qt/find.h"
 #include "ui/qt/group_boxes.h"
 #include "ui/qt/guard.h"
 #include "ui/qt/page_browser.h"
@@ -45,6 +46,7 @@ private:
     QWidget* totalsBar();
     void fill();
     void connectControls();
+    void addShortcuts();
     void addPageActions();
     void openPages();
     void restoreSplitter();
@@ -52,6 +54,8 @@ private:
     void showRow(int row);
     void goTo(std::int32_t record);
     void goBack();
+    void search();
+    Find& find();
     void enable(Command command, bool on);
     void showSupplierPage(const std::filesystem::path& file);
     void followLink(const QUrl& address, bool clicked);
@@ -81,6 +85,7 @@ private:
     LinkRules m_links;
     pages::GroupLists m_groupLists;
     PageTurner* m_turner;
+    Find* m_find = nullptr; // from its first use on
     ToolbarState m_toolbarState;
     bool m_goingBack = false;
 };

@@ -52,7 +52,12 @@ void ProductGrid::layOutColumns(const std::vector<Column>& columns) {
     }
 }
 
-void ProductGrid::setCurrentRow(int row) {
+void ProductGrid::takeFocus() {
+    window()->activateWindow();
+    setFocus();
+}
+
+void ProductGrid::setCurrentRow(std::int32_t row) {
     const int column = std::max(0, currentIndex().column());
     setCurrentIndex(model()->index(row, column));
 }

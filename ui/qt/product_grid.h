@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/qt/product_model.h"
+#include "ui/searched_grid.h"
 
 #include <QTableView>
 
@@ -8,7 +9,7 @@ namespace ui::qt {
 
 /// `ctGrid1`: one row a record, in record order, never sorted and never filtered. Its rows have one fixed
 /// height, so that a million of them cost no more than ten.
-class ProductGrid final : public QTableView {
+class ProductGrid final : public QTableView, public SearchedGrid {
     Q_OBJECT
 
 public:
@@ -18,8 +19,9 @@ public:
     void open(ProductModel* model);
 
     /// 0-based; -1 when there is none.
-    [[nodiscard]] int currentRow() const { return currentIndex().row(); }
-    void setCurrentRow(int row);
+    [[nodiscard]] std::int32_t currentRow() const override { return currentIndex().row(); }
+    void setCurrentRow(std::int32_t row) override;
+    void takeFocus() override;
     /// As `setCurrentRow`, in the first column.
     void returnToRow(int row);
 
