@@ -35,11 +35,8 @@ inline constexpr std::array toolbarButtons{
 class ToolbarState {
 public:
     [[nodiscard]] bool enabled(Command command) const { return m_enabled[index(command)]; }
-
     [[nodiscard]] bool visible(Command command) const { return !m_hidden[index(command)]; }
-
     void enable(Command command, bool on) { m_enabled[index(command)] = on; }
-
     void hide(Command command) { m_hidden[index(command)] = true; }
 
     friend bool operator==(const ToolbarState&, const ToolbarState&) = default;
@@ -56,8 +53,7 @@ enum class ViewMode { catalogue, order };
 
 /// The state in which the main window opens, with nothing ordered and nothing shown yet.
 /// `emailStatus` is the setting Email/Status of Start.ini.
-[[nodiscard]] ToolbarState openingToolbar(const catalog::Parameters& parameters,
-                                          std::string_view emailStatus);
+[[nodiscard]] ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_view emailStatus);
 
 /// The buttons after each thing that happens to the order; those that it does not concern stay as they are.
 /// "Check Out" is for the catalogue view with an order total other than 0, "Clear" for a total above 0.
