@@ -11,6 +11,7 @@
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -163,6 +164,7 @@ void Form1::connectControls() {
     connect(m_groupBoxes, &GroupBoxes::chosen, this, m_guard([this](int record) { goTo(record); }));
     connect(m_page, &PageBrowser::backAsked, this, m_guard([this] { goBack(); }));
     m_page->onLink(m_guard([this](const QUrl& address, bool clicked) { followLink(address, clicked); }));
+    addShortcuts();
     addPageActions();
     const auto setStatus = [this](bool exempt) {
         m_browsing.setTaxStatus(exempt ? pages::TaxStatus::exempt : pages::TaxStatus::taxed);
@@ -171,6 +173,14 @@ void Form1::connectControls() {
     connect(m_tax, &QCheckBox::toggled, this, m_guard(setStatus));
     // The banner must be up before the scratch page is written again.
     connect(m_banner, &PageBrowser::loaded, m_turner, &PageTurner::start);
+}
+
+void Form1::addShortcuts() {
+    const auto add = [this](const QKeySequence& keys, std::function<void()> act) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, m_guard(std::move(act)));
+    };
+    add(QKeySequence("F3"), [this] { find().searchNext(); });
+    add(QKeySequence("Shift+F3"), [this] { find().searchPrevious(); });
 }
 
 // Offered in the page's own menu too.
@@ -218,6 +228,9 @@ void Form1::runCommand(Command command) {
     case Command::exit:
         close();
         break;
+    case Command::search:
+        search();
+        break;
     case Command::back:
         goBack();
         break;
@@ -244,6 +257,18 @@ void Form1::goTo(std::int32_t record) {
         m_grid->setCurrentRow(record - 1);
     else if (!m_browsing.recordIsUp())
         m_browsing.showAgain();
+}
+
+Find& Form1::find() {
+    if (!m_find)
+        m_find = new Find({m_catalog, *m_grid, m_messages, m_userSettings, m_guard}, this);
+    return *m_find;
+}
+
+// Back is there again with the next record shown.
+void Form1::search() {
+    enable(Command::back, false);
+    find().bringUp();
 }
 
 void Form1::goBack() {
