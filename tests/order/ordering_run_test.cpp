@@ -7,6 +7,7 @@
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 #include "ui/order_cells.h"
+#include "ui/system/disk_file.h"
 #include "ui/toolbar.h"
 
 #include <gtest/gtest.h>
@@ -145,7 +146,8 @@ private:
     support::Journal m_journal;
     support::FakeMessageBox m_messages{m_journal};
     catalog::Catalog m_catalog = catalog::openCatalog(m_folder);
-    order::BasketFile m_file{m_folder, m_messages};
+    ui::system::DiskFile m_disk;
+    order::BasketFile m_file{m_folder, m_disk, m_messages};
     order::Basket m_basket{m_catalog.products, m_catalog.parameters.chargesTax(), m_file};
     order::OrderGrids m_grids{m_catalog.products, m_basket};
     ui::ToolbarState m_toolbar = ui::openingToolbar(m_catalog.parameters, "");

@@ -3,6 +3,7 @@
 #include "tests/support/catalog_builder.h"
 
 #include <cstdint>
+#include <ostream>
 #include <set>
 #include <string>
 #include <string_view>
@@ -20,6 +21,11 @@ public:
         bool green = false;
 
         friend bool operator==(const Row&, const Row&) = default;
+
+        friend void PrintTo(const Row& row, std::ostream* out) {
+            *out << row.record << ": " << row.quantity << " | " << row.taxRate << " | " << row.price << " | "
+                 << row.tax << " | " << row.amount << (row.green ? " green" : "");
+        }
     };
 
     ReferenceOrder(std::vector<support::Product> products, char taxSwitch);
