@@ -42,7 +42,7 @@ public:
     std::vector<Row> productRows, orderRows;
     std::string orderLabel = "0.00", taxLabel = "0.00";
     double totalOrder = 0, totalTax = 0;
-    std::set<int> enabled; // positions 3 to 8 of the toolbar
+    std::set<int> enabled{2}; // positions 2 to 8 of the toolbar
     char viewMode = 'G';
 
 private:

@@ -55,7 +55,8 @@ TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
 TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet) {
     const auto numberOf = [&](Field field) {
         const auto columns = ui::orderColumns(parameters());
-        return std::ranges::find(columns, field, &ui::Column::field) - columns.begin();
+        return std::find_if(columns.begin(), columns.end(), [&](const ui::Column& column) { return column.field == field; }) -
+               columns.begin();
     };
     EXPECT_EQ(numberOf(Field::taxRate), 4);
     EXPECT_EQ(numberOf(Field::total), 7);
