@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -39,7 +40,8 @@ public:
         : m_count(products.count()), m_direction(direction) {
         const auto bytes = products.bytes();
         if (!upperPhrase.empty())
-            m_finder.emplace(base::readText(bytes, 0, bytes.size()), upperPhrase);
+            m_finder =
+                std::make_unique<base::CaselessFinder>(base::readText(bytes, 0, bytes.size()), upperPhrase);
     }
 
     /// This row or the nearest one behind it in the direction of the search.
@@ -64,7 +66,7 @@ public:
 private:
     std::int32_t m_count;
     Direction m_direction;
-    std::optional<base::CaselessFinder> m_finder;
+    std::unique_ptr<const base::CaselessFinder> m_finder; // none without a phrase
 };
 
 }
