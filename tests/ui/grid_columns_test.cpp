@@ -1,4 +1,5 @@
 #include "tests/support/catalog_builder.h"
+#include "tests/support/test_folder.h"
 #include "ui/grid_columns.h"
 #include "ui/product_cells.h"
 #include "ui/toolbar.h"
@@ -39,7 +40,7 @@ protected:
     }
 
     support::CatalogBuilder builder;
-    std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "grid_columns_test";
+    std::filesystem::path folder = support::testFolder();
 };
 
 TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
