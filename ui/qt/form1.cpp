@@ -92,7 +92,7 @@ void Form1::layOut() {
     layout->addWidget(m_totals);
     setCentralWidget(middle);
     setMinimumSize(smallestSize);
-    resize(designedSize);
+    m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
 }
 

@@ -49,7 +49,7 @@ Welcome::Welcome(Guard& guard)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_stack);
     setMinimumSize(smallestSize);
-    resize(designedSize);
+    m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
     connect(m_browser, &PageBrowser::loaded, this, [this] {
         m_stack->setCurrentIndex(1);

@@ -2,6 +2,7 @@
 
 #include "ui/zoom.h"
 
+#include <QScreen>
 #include <QSettings>
 
 namespace ui::qt {
@@ -21,6 +22,10 @@ QString columnsKey(const QString& layout) {
     return "Columns/" + layout;
 }
 
+}
+
+void WindowMemory::placeAsDesigned(QWidget& window, QSize size) {
+    window.resize(size.boundedTo(window.screen()->availableSize()));
 }
 
 void WindowMemory::restore(QWidget& window) const {

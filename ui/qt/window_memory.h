@@ -10,6 +10,9 @@ namespace ui::qt {
 /// remembered never puts a window off the screen; nothing remembered leaves everything as designed.
 class WindowMemory {
 public:
+    /// This large, or as large as the screen has room for.
+    static void placeAsDesigned(QWidget& window, QSize size);
+
     void restore(QWidget& window) const;
     void save(const QWidget& window) const;
 
