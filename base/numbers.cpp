@@ -160,6 +160,14 @@ std::string fixedText(float value, int decimals) {
     return out;
 }
 
+std::string groupedText(float value) {
+    auto text = fixedText(value, 2);
+    const std::size_t firstDigit = text.starts_with('-') ? 1 : 0;
+    for (auto at = text.find('.'); at > firstDigit + 3;)
+        text.insert(at -= 3, 1, ',');
+    return text;
+}
+
 void appendFixed(std::string& out, float value, int decimals) {
     auto decimal = shortest(value);
     round(decimal, decimals);

@@ -16,6 +16,9 @@ namespace base {
 /// `textOf(value)` rounded to so many decimals, halves away from zero: 2.675 gives "2.68".
 [[nodiscard]] std::string fixedText(float value, int decimals);
 
+/// With two decimals and thousands parted by commas: 1234.5 gives "1,234.50".
+[[nodiscard]] std::string groupedText(float value);
+
 /// As `fixedText`, appended without making a string of its own; for page fields.
 void appendFixed(std::string& out, float value, int decimals);
 

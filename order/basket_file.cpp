@@ -1,11 +1,21 @@
 #include "order/basket_file.h"
 
+#include "base/code_page.h"
 #include "base/files.h"
 
-#include <fstream>
+#include <array>
+#include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace order {
+namespace {
+
+constexpr auto recordLength = static_cast<std::int64_t>(BasketLine::length);
+constexpr auto whole = std::ios::out | std::ios::binary | std::ios::trunc;
+
+}
 
 void startBasketFile(const std::filesystem::path& userFolder) {
     const auto path = base::filePath(userFolder, basketFile);
@@ -17,6 +27,55 @@ void startBasketFile(const std::filesystem::path& userFolder) {
 void deleteProgramFolderBasket(const std::filesystem::path& programFolder) {
     std::error_code ignored;
     std::filesystem::remove(base::filePath(programFolder, basketFile), ignored);
+}
+
+BasketFile::BasketFile(const std::filesystem::path& userFolder, platform::MessageBox& messages)
+    : m_path(base::filePath(userFolder, basketFile)), m_messages(messages) {
+    start();
+}
+
+void BasketFile::start() {
+    std::error_code ignored;
+    std::filesystem::remove(m_path, ignored);
+    m_file.pubsetbuf(nullptr, 0); // every write goes to the file as it is
+    m_file.open(m_path, whole);
+}
+
+void BasketFile::write(std::int32_t number, const BasketLine& line) {
+    std::array<std::byte, BasketLine::length> record;
+    writeLine(record, line);
+    put((number - 1) * recordLength, record);
+}
+
+void BasketFile::write(std::span<const BasketLine> lines) {
+    if (lines.empty())
+        return;
+    std::vector<std::byte> records(lines.size() * BasketLine::length);
+    auto rest = std::span(records);
+    for (const auto& line : lines) {
+        writeLine(rest, line);
+        rest = rest.subspan(BasketLine::length);
+    }
+    put(0, records);
+}
+
+void BasketFile::clear() {
+    m_file.close();
+    start();
+}
+
+void BasketFile::put(std::int64_t position, std::span<const std::byte> bytes) {
+    const auto size = static_cast<std::streamsize>(bytes.size());
+    if (m_file.is_open() && m_file.pubseekpos(position, std::ios::out) == std::streampos(position) &&
+        m_file.sputn(reinterpret_cast<const char*>(bytes.data()), size) == size)
+        return;
+    m_file.close();
+    if (std::exchange(m_failureTold, true))
+        return;
+    m_messages.show(platform::Icon::exclamation, "Order",
+                    base::textOf(m_path) +
+                        " can not be written.\n"
+                        "You can go on ordering: your order is kept until you leave the catalogue.");
 }
 
 }

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "order/basket_line.h"
+#include "platform/message_box.h"
+
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <span>
 #include <string_view>
 
 namespace order {
@@ -15,5 +21,32 @@ void startBasketFile(const std::filesystem::path& userFolder);
 /// The closing sequence's deletion. Deliberate: it is the file in `ProgramFolder` that goes; the one in
 /// `UserFolder` stays until the next order starts. Errors are ignored.
 void deleteProgramFolderBasket(const std::filesystem::path& programFolder);
+
+/// Basket.dat, open for writing as long as this object lives; records are numbered from 1. Everything is
+/// on its way to the disk when a call returns. The order itself is held in memory, so a file that cannot
+/// be written is told once in a message box, is left alone until it is cleared, and nothing else happens.
+class BasketFile {
+public:
+    /// Deletes the file of an earlier order and makes an empty one; errors show with the first write.
+    BasketFile(const std::filesystem::path& userFolder, platform::MessageBox& messages);
+
+    /// Writes this record and no other byte. Records before it that were never written are zeros.
+    void write(std::int32_t number, const BasketLine& line);
+
+    /// Writes these lines as the records from 1 on, in one go.
+    void write(std::span<const BasketLine> lines);
+
+    /// Closes and deletes the file and makes an empty one.
+    void clear();
+
+private:
+    void start();
+    void put(std::int64_t position, std::span<const std::byte> bytes);
+
+    std::filesystem::path m_path;
+    platform::MessageBox& m_messages;
+    std::filebuf m_file;
+    bool m_failureTold = false;
+};
 
 }

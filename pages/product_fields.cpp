@@ -1,12 +1,10 @@
 #include "pages/product_fields.h"
 
-#include "base/numbers.h"
+#include "base/money.h"
 #include "base/text.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <limits>
 
 namespace pages {
 namespace {
@@ -43,13 +41,7 @@ constexpr std::array fields{
 };
 
 constexpr int decimals = 2;
-constexpr double percent = 0.01;
 constexpr std::string_view nothing = "0.00";
-
-// What a single cannot hold counts as 0.
-float held(double value) {
-    return std::fabs(value) <= std::numeric_limits<float>::max() ? static_cast<float>(value) : 0.0F;
-}
 
 }
 
@@ -119,15 +111,15 @@ void ProductFields::appendTax(std::string& out) const {
     if (m_tax == TaxStatus::exempt)
         out += nothing;
     else
-        base::appendFixed(out, held(double{m_record.taxRate()} * double{m_record.price()} * percent),
-                          decimals);
+        base::appendFixed(
+            out, base::held(base::percentOf(double{m_record.price()}, double{m_record.taxRate()})), decimals);
 }
 
 void ProductFields::appendPriceWithTax(std::string& out) const {
     const double price = m_record.price();
-    const double withTax = price * double{m_record.taxRate()} * percent + price;
+    const double withTax = base::percentOf(price, double{m_record.taxRate()}) + price;
     const bool exempt = m_tax == TaxStatus::exempt;
-    base::appendFixed(out, exempt ? m_record.price() : held(base::roundToCents(withTax)), decimals);
+    base::appendFixed(out, exempt ? m_record.price() : base::heldCents(withTax), decimals);
 }
 
 void ProductFields::appendLongDescription(std::string& out) const {

@@ -48,4 +48,11 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
     return columns;
 }
 
+std::vector<Column> orderColumns(const catalog::Parameters& parameters) {
+    auto columns = productColumns(parameters);
+    if (!parameters.header().orderGridHasExtraColumn())
+        std::erase_if(columns, [](const Column& column) { return column.field == Field::other; });
+    return columns;
+}
+
 }

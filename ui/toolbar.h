@@ -48,8 +48,22 @@ private:
     std::bitset<toolbarButtons.size()> m_hidden;
 };
 
+/// Which of its two views the main window shows.
+enum class ViewMode { catalogue, order };
+
 /// The state in which the main window opens, with nothing ordered and nothing shown yet.
 /// `emailStatus` is the setting Email/Status of Start.ini.
 [[nodiscard]] ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_view emailStatus);
+
+/// The buttons after each thing that happens to the order; those that it does not concern stay as they are.
+/// "Check Out" is for the catalogue view with an order total other than 0, "Clear" for a total above 0.
+[[nodiscard]] ToolbarState afterOrderChange(ToolbarState before, ViewMode view, float orderTotal);
+[[nodiscard]] ToolbarState afterCheckOut(ToolbarState before, float orderTotal);
+
+/// "Back" is enabled unless the history holds exactly one entry.
+[[nodiscard]] ToolbarState afterPriceList(ToolbarState before, float orderTotal, std::size_t historySize);
+
+/// The catalogue view is up.
+[[nodiscard]] ToolbarState afterClear(ToolbarState before);
 
 }

@@ -63,6 +63,16 @@ TEST(Numbers, FixedTextRoundsTheDecimalTextHalfAwayFromZero) {
     EXPECT_EQ(base::fixedText(std::numeric_limits<float>::infinity(), 2), "0.00");
 }
 
+TEST(Numbers, GroupedTextPartsThousandsByCommas) {
+    const struct {
+        float value;
+        const char* text;
+    } cases[] = {{0, "0.00"},           {999.995F, "1,000.00"},     {-999.5F, "-999.50"}, {-1000, "-1,000.00"},
+                 {100000, "100,000.00"}, {1234567, "1,234,567.00"}, {1e10F, "10,000,000,000.00"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(base::groupedText(c.value), c.text);
+}
+
 TEST(Numbers, CentsRoundHalvesToEven) {
     EXPECT_EQ(base::roundToCents(0.125), 0.12);
     EXPECT_EQ(base::roundToCents(0.375), 0.38);

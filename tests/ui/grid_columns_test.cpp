@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -49,6 +50,21 @@ TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
     builder.taxSwitch = 'N';
     EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description, Field::other,
                                      Field::price, Field::total}));
+}
+
+TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet) {
+    const auto numberOf = [&](Field field) {
+        const auto columns = ui::orderColumns(parameters());
+        return std::ranges::find(columns, field, &ui::Column::field) - columns.begin();
+    };
+    EXPECT_EQ(numberOf(Field::taxRate), 4);
+    EXPECT_EQ(numberOf(Field::total), 7);
+    builder.taxSwitch = 'N';
+    EXPECT_EQ(numberOf(Field::price), 4);
+    EXPECT_EQ(numberOf(Field::total), 5);
+    builder.orderGridHasExtraColumn = true;
+    EXPECT_EQ(numberOf(Field::other), 4);
+    EXPECT_EQ(numberOf(Field::total), 6);
 }
 
 TEST_F(MainWindowParts, TheExtraColumnShowsOnlyWithACaptionAndAlignsByItsLetter) {

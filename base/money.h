@@ -1,0 +1,27 @@
+#pragma once
+
+#include "base/numbers.h"
+
+#include <cmath>
+#include <limits>
+
+/// All arithmetic on prices, for pages and orders alike. Money is held in singles and computed in double;
+/// every function is one step, so that results are the same to the bit wherever they are computed.
+namespace base {
+
+/// The single nearest to the value; one that no single can hold, or that is not a number, counts as 0.
+[[nodiscard]] inline float held(double value) {
+    return std::fabs(value) <= double{std::numeric_limits<float>::max()} ? static_cast<float>(value) : 0.0F;
+}
+
+/// So many percent of the amount, not rounded.
+[[nodiscard]] inline double percentOf(double amount, double rate) {
+    return amount * rate * 0.01;
+}
+
+/// Rounded to cents, halves to even, and held.
+[[nodiscard]] inline float heldCents(double value) {
+    return held(roundToCents(value));
+}
+
+}

@@ -1,0 +1,88 @@
+#include "order/basket.h"
+
+#include "base/errors.h"
+
+#include <algorithm>
+
+namespace order {
+
+Basket::Basket(const catalog::ProductTable& products, bool chargesTax, BasketFile& file)
+    : m_products(products),
+      m_file(file),
+      m_chargesTax(chargesTax),
+      m_recordOf(static_cast<std::size_t>(products.count()) + 1) {}
+
+LineChange Basket::update(std::int32_t product, float quantity) {
+    const auto oldLine = lineOf(product);
+    if (!isListed(product) || quantity == oldLine.quantity)
+        return {oldLine, false};
+    const bool taxed = m_chargesTax && m_taxStatus == TaxStatus::taxed;
+    const auto money = typedLine(m_products.at(product), quantity, taxed);
+    const BasketLine line{quantity, money.tax, money.amount, product};
+    replaceInTotals(oldLine, line);
+    const auto record = recordFor(product);
+    lineAt(record) = line;
+    m_file.write(record, line);
+    return {line, true};
+}
+
+Repricing Basket::recalculate(TaxStatus status) {
+    m_taxStatus = status;
+    const auto unwritten = std::ranges::find(m_lines, 0, &BasketLine::product);
+    std::for_each(m_lines.begin(), unwritten, [&](BasketLine& line) {
+        const auto money = repricedLine(m_products.at(line.product), line.quantity, status);
+        line.tax = money.tax;
+        line.amount = money.amount;
+    });
+    sumUp();
+    m_file.write({m_lines.begin(), unwritten});
+    return {static_cast<std::int32_t>(unwritten - m_lines.begin()), unwritten == m_lines.end()};
+}
+
+void Basket::clear() {
+    m_lines.clear();
+    sumUp();
+    m_file.clear();
+}
+
+BasketLine Basket::lineOf(std::int32_t product) const {
+    const auto record = isListed(product) ? m_recordOf[static_cast<std::size_t>(product)] : 0;
+    const auto index = static_cast<std::size_t>(record) - 1; // no record: past every end
+    return index < m_lines.size() ? m_lines[index] : BasketLine();
+}
+
+std::int32_t Basket::recordFor(std::int32_t product) {
+    auto& record = m_recordOf[static_cast<std::size_t>(product)];
+    if (record == 0)
+        record = ++m_lastRecord;
+    return record;
+}
+
+BasketLine& Basket::lineAt(std::int32_t record) {
+    const auto number = static_cast<std::size_t>(record);
+    if (m_lines.size() < number)
+        m_lines.resize(number);
+    return m_lines[number - 1];
+}
+
+void Basket::replaceInTotals(const BasketLine& oldLine, const BasketLine& newLine) {
+    auto total = m_orderTotal;
+    total.subtract(oldLine.amount);
+    total.add(newLine.amount);
+    if (total.isNegative())
+        throw base::ProgramEnd("Program Error", "Tavorine will terminate due to a program error");
+    m_orderTotal = total;
+    m_taxTotal.subtract(oldLine.tax);
+    m_taxTotal.add(newLine.tax);
+}
+
+void Basket::sumUp() {
+    m_orderTotal = {};
+    m_taxTotal = {};
+    for (const auto& line : m_lines) {
+        m_orderTotal.add(line.amount);
+        m_taxTotal.add(line.tax);
+    }
+}
+
+}
