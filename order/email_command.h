@@ -4,6 +4,8 @@
 #include "platform/mailer.h"
 #include "platform/message_box.h"
 
+#include <optional>
+
 namespace order {
 
 /// The toolbar's "Email".
@@ -18,7 +20,10 @@ public:
     void run(const OrderContents& order);
 
 private:
-    void send(const platform::Mail& mail);
+    [[nodiscard]] std::optional<platform::Mail> compose(const pages::TemplateFile& file,
+                                                        const OrderContents& order) const;
+    // Whether it is on its way, or open for the user to send.
+    [[nodiscard]] bool send(const platform::Mail& mail);
 
     const catalog::Parameters& m_parameters;
     const OrderWriter& m_writer;

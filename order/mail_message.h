@@ -13,8 +13,8 @@ struct MailStamp {
     std::string messageId; ///< without its angle brackets
 };
 
-/// The message as it travels (RFC 5322, MIME), all ASCII, lines ending in LF and none longer than 78
-/// characters. The code page's encoding is kept unless the text holds characters that it lacks.
+/// The message as it travels (RFC 5322, MIME), all ASCII, its lines short and ending in LF. The body keeps
+/// the code page's encoding unless it holds characters that the code page lacks.
 [[nodiscard]] std::string mailMessage(const platform::Mail& mail, const MailStamp& stamp);
 
 }

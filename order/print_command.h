@@ -30,6 +30,8 @@ public:
     void run(const OrderContents& order);
 
 private:
+    void tellFailure();
+
     const OrderWriter& m_writer;
     const pages::ScratchPage& m_scratchPage;
     platform::MessageBox& m_messageBox;
