@@ -39,8 +39,7 @@ ReadMail read(const std::string& message) {
 }
 
 std::string messageOf(const platform::Mail& mail) {
-    return order::mailMessage(mail,
-                              {"jo@ashby.example", "Tue, 01 Apr 2025 10:20:30 +0200", "1.2@ashby.example"});
+    return order::mailMessage(mail, {"jo@ashby.example", "01 Apr 2025 10:20:30 +0200", "1.2@ashby.example"});
 }
 
 platform::Mail mailOf(std::string orderNumber, std::string body, bool isHtml = false) {
