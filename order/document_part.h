@@ -31,6 +31,9 @@ public:
     DocumentPart(const pages::MarkedText& text, const pages::DecidedValues& decided,
                  std::string_view emptyValue = {});
 
+    /// The bytes that it has before it is filled.
+    [[nodiscard]] std::size_t textSize() const { return m_texts.size(); }
+
     /// Appends the filled text. Reports the template as damaged when the document grows beyond all sense.
     void append(const pages::Fields& fields, std::string& out, const pages::RenderGuard& guard) const;
 

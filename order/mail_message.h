@@ -9,7 +9,7 @@ namespace order {
 /// What a message needs besides its contents; ASCII.
 struct MailStamp {
     std::string from;      ///< an address
-    std::string date;      ///< "Tue, 01 Apr 2025 10:20:30 +0200"
+    std::string date;      ///< "01 Apr 2025 10:20:30 +0200"
     std::string messageId; ///< without its angle brackets
 };
 

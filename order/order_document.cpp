@@ -101,6 +101,13 @@ void appendPages(std::string& out, const OrderContents& order, unsigned placesTa
     }
 }
 
+// Room for the rows, so that a long order is not copied over and over while it grows.
+void reserveRows(std::string& out, const DocumentPart& row, std::size_t rows) {
+    constexpr std::size_t bytesOfValues = 64;
+    constexpr std::size_t most = std::size_t{32} * 1024 * 1024;
+    out.reserve(out.size() + std::min(most, rows * (row.textSize() + bytesOfValues)));
+}
+
 std::string filled(const DocumentPart& part, const OrderFields& fields, const RenderGuard& guard) {
     std::string text;
     part.append(fields, text, guard);
@@ -142,9 +149,11 @@ std::string OrderWriter::page(const pages::TemplateFile& file, const OrderConten
     auto page = filled({parts.header, parts.decided}, fields, guard);
     const auto pageBreak = filled({breakText, parts.decided}, fields, guard);
     const auto footer = filled({parts.footer, parts.decided, inPlaceOfEmptyFooterValue}, fields, guard);
-    if (parts.hasRow)
-        appendPages(page, order, placesTaken, {parts.row, parts.decided, inPlaceOfEmptyCell}, pageBreak,
-                    fields, guard);
+    if (parts.hasRow) {
+        const DocumentPart row(parts.row, parts.decided, inPlaceOfEmptyCell);
+        reserveRows(page, row, order.rows.size());
+        appendPages(page, order, placesTaken, row, pageBreak, fields, guard);
+    }
     page.append(footer).append("\r\n");
     checkDocumentSize(page, guard);
     return page;
@@ -158,6 +167,7 @@ std::string OrderWriter::mailText(const pages::TemplateFile& file, const OrderCo
     auto text = filled({parts.header, parts.decided}, fields, guard);
     const auto footer = filled({parts.footer, parts.decided}, fields, guard);
     const DocumentPart row(parts.row, parts.decided);
+    reserveRows(text, row, order.rows.size());
     for (const auto& cells : order.rows) {
         fields.show(cells);
         row.append(fields, text, guard);
