@@ -1,3 +1,4 @@
+#include "bench/code_store.h"
 #include "bench/file_cache.h"
 #include "bench/heap_count.h"
 #include "bench/large_catalog.h"
@@ -84,25 +85,45 @@ void readAllFromDisk(benchmark::State& state) {
     }
 }
 
-void findCode(benchmark::State& state) {
-    const auto count = static_cast<std::int32_t>(state.range(0));
-    const catalog::CodeIndex index(bench::largeCatalog(count) / catalog::indexFile);
-    std::vector<std::int32_t> records(static_cast<std::size_t>(count));
-    std::iota(records.begin(), records.end(), 1);
-    std::shuffle(records.begin(), records.end(), std::mt19937(1));
-    std::vector<std::string> codes(records.size());
-    std::transform(records.begin(), records.end(), codes.begin(), bench::codeOf);
+/// The codes of a catalogue of so many products, shuffled, and the records that have them.
+struct Codes {
+    explicit Codes(std::int32_t count) : records(static_cast<std::size_t>(count)), codes(records.size()) {
+        std::iota(records.begin(), records.end(), 1);
+        std::shuffle(records.begin(), records.end(), std::mt19937(1));
+        std::transform(records.begin(), records.end(), codes.begin(), bench::codeOf);
+    }
+
+    std::vector<std::int32_t> records;
+    std::vector<std::string> codes;
+};
+
+template <typename Index>
+void findCodes(benchmark::State& state, const Index& index) {
+    const Codes wanted(static_cast<std::int32_t>(state.range(0)));
     std::size_t at = 0;
     for (auto _ : state) {
-        if (index.find(codes[at]) != records[at])
+        if (index.find(wanted.codes[at]) != wanted.records[at])
             state.SkipWithError("wrong record");
-        at = (at + 1) % codes.size();
+        at = (at + 1) % wanted.codes.size();
     }
+}
+
+const std::filesystem::path& catalogOf(const benchmark::State& state) {
+    return bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+}
+
+void findCode(benchmark::State& state) {
+    findCodes(state, catalog::CodeIndex(catalogOf(state) / catalog::indexFile));
+}
+
+void findCodeInStore(benchmark::State& state) {
+    findCodes(state, bench::CodeStore(catalogOf(state)));
 }
 
 BENCHMARK(openCatalogAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
 BENCHMARK(openDatabaseAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
 BENCHMARK(findCode)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
+BENCHMARK(findCodeInStore)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
 BENCHMARK(openCatalogFromDisk)
     ->Arg(smallCatalog)
     ->Arg(fullCatalog)

@@ -1,40 +1,10 @@
 #include "bench/row_database.h"
 
+#include "bench/database.h"
 #include "catalog/catalog.h"
-
-#include <memory>
-#include <sqlite3.h>
-#include <stdexcept>
 
 namespace bench {
 namespace {
-
-struct Close {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-
-using Database = std::unique_ptr<sqlite3, Close>;
-using Statement = std::unique_ptr<sqlite3_stmt, Close>;
-
-Database open(const std::filesystem::path& path, int flags) {
-    sqlite3* database = nullptr;
-    if (sqlite3_open_v2(path.string().c_str(), &database, flags, nullptr) != SQLITE_OK)
-        throw std::runtime_error("no database");
-    return Database(database);
-}
-
-Statement prepare(const Database& database, const char* sql) {
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database.get(), sql, -1, &statement, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(database.get()));
-    return Statement(statement);
-}
-
-void run(const Database& database, const char* sql) {
-    sqlite3_step(prepare(database, sql).get());
-}
 
 void bind(const Statement& statement, int column, std::string_view text) {
     sqlite3_bind_text(statement.get(), column, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
@@ -63,7 +33,7 @@ std::filesystem::path rowDatabase(const std::filesystem::path& catalogFolder) {
     if (std::filesystem::exists(path))
         return path;
     const catalog::ProductTable products(catalogFolder / catalog::productsFile);
-    const auto database = open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    const auto database = openDatabase(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     run(database, "create table product(number integer primary key, code text, description text, other text,"
                   " taxRate real, price real)");
     run(database, "begin");
@@ -75,7 +45,7 @@ std::filesystem::path rowDatabase(const std::filesystem::path& catalogFolder) {
 }
 
 Rows readFromDatabase(const std::filesystem::path& database, std::int32_t rows) {
-    const auto opened = open(database, SQLITE_OPEN_READONLY);
+    const auto opened = openDatabase(database, SQLITE_OPEN_READONLY);
     const auto statement = prepare(
         opened,
         "select code, description, other, taxRate, price from product where number <= ? order by number");

@@ -21,6 +21,11 @@ public:
     /// The record's bytes; none for a number outside 1..count().
     [[nodiscard]] RecordBytes record(std::int32_t number) const;
 
+    /// All records one behind the other, without a partial one at the end.
+    [[nodiscard]] RecordBytes bytes() const {
+        return m_file.bytes().first(static_cast<std::size_t>(m_count) * m_recordLength);
+    }
+
     /// To be called before all records are gone through, as a search does: a file that is not yet in
     /// memory is then read many times faster.
     void readAhead() const { m_file.readAhead(); }
@@ -39,6 +44,8 @@ public:
     explicit Table(const std::filesystem::path& path) : m_file(path, Record::length) {}
 
     [[nodiscard]] std::int32_t count() const { return m_file.count(); }
+
+    [[nodiscard]] RecordBytes bytes() const { return m_file.bytes(); }
 
     void readAhead() const { m_file.readAhead(); }
 

@@ -28,7 +28,8 @@ LineChange Basket::update(std::int32_t product, float quantity) {
 
 Repricing Basket::recalculate(TaxStatus status) {
     m_taxStatus = status;
-    const auto unwritten = std::ranges::find(m_lines, 0, &BasketLine::product);
+    const auto unwritten = std::find_if(m_lines.begin(), m_lines.end(),
+                                        [](const BasketLine& line) { return line.product == 0; });
     std::for_each(m_lines.begin(), unwritten, [&](BasketLine& line) {
         const auto money = repricedLine(m_products.at(line.product), line.quantity, status);
         line.tax = money.tax;

@@ -4,7 +4,7 @@
 #include "base/files.h"
 
 #include <array>
-#include <string>
+#include <fstream>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -13,7 +13,6 @@ namespace order {
 namespace {
 
 constexpr auto recordLength = static_cast<std::int64_t>(BasketLine::length);
-constexpr auto whole = std::ios::out | std::ios::binary | std::ios::trunc;
 
 }
 
@@ -29,16 +28,16 @@ void deleteProgramFolderBasket(const std::filesystem::path& programFolder) {
     std::filesystem::remove(base::filePath(programFolder, basketFile), ignored);
 }
 
-BasketFile::BasketFile(const std::filesystem::path& userFolder, platform::MessageBox& messages)
-    : m_path(base::filePath(userFolder, basketFile)), m_messages(messages) {
+BasketFile::BasketFile(const std::filesystem::path& userFolder, platform::PositionedFile& file,
+                       platform::MessageBox& messages)
+    : m_path(base::filePath(userFolder, basketFile)), m_file(file), m_messages(messages) {
     start();
 }
 
 void BasketFile::start() {
     std::error_code ignored;
     std::filesystem::remove(m_path, ignored);
-    m_file.pubsetbuf(nullptr, 0); // every write goes to the file as it is
-    m_file.open(m_path, whole);
+    m_isWritable = m_file.create(m_path);
 }
 
 void BasketFile::write(std::int32_t number, const BasketLine& line) {
@@ -65,12 +64,8 @@ void BasketFile::clear() {
 }
 
 void BasketFile::put(std::int64_t position, std::span<const std::byte> bytes) {
-    const auto size = static_cast<std::streamsize>(bytes.size());
-    if (m_file.is_open() && m_file.pubseekpos(position, std::ios::out) == std::streampos(position) &&
-        m_file.sputn(reinterpret_cast<const char*>(bytes.data()), size) == size)
-        return;
-    m_file.close();
-    if (std::exchange(m_failureTold, true))
+    m_isWritable = m_isWritable && m_file.write(position, bytes);
+    if (m_isWritable || std::exchange(m_failureTold, true))
         return;
     m_messages.show(platform::Icon::exclamation, "Order",
                     base::textOf(m_path) +

@@ -2,10 +2,10 @@
 
 #include "order/basket_line.h"
 #include "platform/message_box.h"
+#include "platform/positioned_file.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <span>
 #include <string_view>
 
@@ -28,7 +28,9 @@ void deleteProgramFolderBasket(const std::filesystem::path& programFolder);
 class BasketFile {
 public:
     /// Deletes the file of an earlier order and makes an empty one; errors show with the first write.
-    BasketFile(const std::filesystem::path& userFolder, platform::MessageBox& messages);
+    /// The file is this object's alone and must live as long, like the message box.
+    BasketFile(const std::filesystem::path& userFolder, platform::PositionedFile& file,
+               platform::MessageBox& messages);
 
     /// Writes this record and no other byte. Records before it that were never written are zeros.
     void write(std::int32_t number, const BasketLine& line);
@@ -44,8 +46,9 @@ private:
     void put(std::int64_t position, std::span<const std::byte> bytes);
 
     std::filesystem::path m_path;
+    platform::PositionedFile& m_file;
     platform::MessageBox& m_messages;
-    std::filebuf m_file;
+    bool m_isWritable = false;
     bool m_failureTold = false;
 };
 

@@ -19,11 +19,13 @@ double centsOf(float value) {
 
 void CentSum::addCents(float value, std::int64_t sign) {
     double cents = centsOf(value);
-    for (std::size_t i = 0; cents != 0; ++i) {
+    std::size_t digit = 0;
+    for (; std::fabs(cents) >= digitBase; ++digit) {
         const double rest = std::trunc(cents / digitBase);
-        m_digits[i] += sign * static_cast<std::int64_t>(cents - rest * digitBase);
+        m_digits[digit] += sign * static_cast<std::int64_t>(cents - rest * digitBase);
         cents = rest;
     }
+    m_digits[digit] += sign * static_cast<std::int64_t>(cents);
 }
 
 CentSum::Digits CentSum::carried() const {

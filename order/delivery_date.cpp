@@ -19,7 +19,8 @@ constexpr std::array<double, 4> shortMonths{4, 6, 9, 11};
 bool monthHasDay(double month, double day) {
     if (month == february)
         return day <= longestFebruary;
-    return day < longestMonth || !std::ranges::count(shortMonths, month);
+    return day < longestMonth ||
+           std::find(shortMonths.begin(), shortMonths.end(), month) == shortMonths.end();
 }
 
 std::string lastTwo(std::string_view text) {

@@ -2,6 +2,8 @@
 
 #include "base/numbers.h"
 
+#include <utility>
+
 namespace order {
 namespace {
 
@@ -37,12 +39,12 @@ OrderGrids::OrderGrids(const catalog::ProductTable& products, Basket& basket)
 std::optional<Edit> OrderGrids::editProduct(std::int32_t product, std::string_view text) {
     if (!m_products.at(product).isProduct())
         return std::nullopt;
-    const std::string quantity(text.empty() ? "0" : text);
+    std::string quantity(text.empty() ? "0" : text);
     const auto row = m_typed.find(product);
     if (quantity == (row == m_typed.end() ? std::string() : row->second.quantity))
         return std::nullopt;
     const auto change = m_basket.update(product, typedQuantity(quantity));
-    m_typed[product] = {quantity, colourOf(change.line)};
+    m_typed[product] = {std::move(quantity), colourOf(change.line)};
     return Edit{product, change.changed};
 }
 

@@ -12,12 +12,25 @@ std::string mark(catalog::ProductRecord record) {
 }
 
 // The description keeps the line feed that ends it; a cell has one line.
-std::string oneLine(std::string_view text) {
+std::string_view oneLine(std::string_view text) {
     if (text.ends_with('\n'))
         text.remove_suffix(1);
-    return std::string(base::trim(text));
+    return base::trim(text);
 }
 
+}
+
+std::string_view productText(catalog::ProductRecord record, Field field) {
+    switch (field) {
+    case Field::code:
+        return record.code();
+    case Field::description:
+        return oneLine(record.description());
+    case Field::other:
+        return record.other();
+    default:
+        return {};
+    }
 }
 
 std::string productCell(catalog::ProductRecord record, Field field) {
@@ -25,11 +38,9 @@ std::string productCell(catalog::ProductRecord record, Field field) {
     case Field::mark:
         return mark(record);
     case Field::code:
-        return std::string(record.code());
     case Field::description:
-        return oneLine(record.description());
     case Field::other:
-        return std::string(record.other());
+        return std::string(productText(record, field));
     case Field::taxRate:
         return record.isProduct() ? base::textOf(record.taxRate()) : "";
     case Field::price:

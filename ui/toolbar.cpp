@@ -18,6 +18,7 @@ ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_v
     using catalog::ParameterText;
     ToolbarState state;
     state.enable(Command::exit, true);
+    state.enable(Command::search, true);
     if (parameters.text(ParameterText::supplierFax).empty())
         state.hide(Command::print);
     const bool mailSwitchedOff = base::upper(base::trim(emailStatus)) == "NO";

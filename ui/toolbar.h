@@ -21,7 +21,7 @@ struct ToolbarButton {
 
 inline constexpr std::array toolbarButtons{
     ToolbarButton{Command::exit, "Exit", "Exit", "Save the delivery details and leave (Ctrl+Q)"},
-    ToolbarButton{Command::search, "Search", "Search", "Search the list for a code or a description"},
+    ToolbarButton{Command::search, "Search", "Search", "Search the list for a code or a description (Ctrl+F)"},
     ToolbarButton{Command::back, "Back", "Back", "Go back to the page shown before (Alt+Left)"},
     ToolbarButton{Command::priceList, "Plist", "Price List", "Show the list of products"},
     ToolbarButton{Command::checkOut, "CheckOut", "Check Out", "Show the order and its delivery details"},

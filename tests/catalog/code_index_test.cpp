@@ -71,6 +71,19 @@ TEST(CodeIndex, KeysAreUpperCaseCutToTwentyBytesAndComparedAsUnsignedBytes) {
         EXPECT_EQ(index.find(c.code), c.product) << c.code;
 }
 
+TEST(CodeIndex, EveryByteOfAKeyCountsWhereverKeysDiffer) {
+    for (std::size_t shared = 0; shared < 20; ++shared) {
+        const std::string prefix(shared, 'M');
+        const std::vector<Entry> entries = {
+            {prefix + " ", 1}, {prefix + "0", 2}, {prefix + "M", 3}, {prefix + "Z", 4}, {prefix + "\xC4", 5}};
+        const auto index = indexOf(entries);
+        for (const auto& [key, product] : entries)
+            EXPECT_EQ(index.find(key), product) << shared;
+        EXPECT_EQ(index.find(prefix + "Y"), 0) << shared;
+        EXPECT_EQ(index.find(prefix + "\xDC"), 0) << shared;
+    }
+}
+
 TEST(CodeIndex, OfEqualCodesTheFirstEntryIsFound) {
     for (int equal = 1; equal <= 9; ++equal) {
         std::vector<Entry> entries = {{"A", 1}};

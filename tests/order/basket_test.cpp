@@ -6,6 +6,7 @@
 #include "tests/support/fake_message_box.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/test_folder.h"
+#include "ui/system/disk_file.h"
 
 #include <gtest/gtest.h>
 
@@ -41,7 +42,8 @@ protected:
                                                   {.price = 10, .taxRate = 12.5F},
                                                   {.price = 3e38F, .taxRate = 0},
                                                   {.price = -1, .taxRate = 0}})};
-    order::BasketFile file{folder, messages};
+    ui::system::DiskFile disk;
+    order::BasketFile file{folder, disk, messages};
     order::Basket basket{products, true, file};
 };
 
@@ -66,7 +68,8 @@ TEST_F(Basket, WritesARecordOfSeventeenBytesAndNothingElse) {
 
 TEST_F(Basket, DeletesTheFileOfTheLastOrder) {
     basket.update(1, 2);
-    const order::BasketFile next(folder, messages);
+    ui::system::DiskFile nextDisk;
+    const order::BasketFile next(folder, nextDisk, messages);
     EXPECT_EQ(fileBytes(), "");
 }
 
@@ -162,7 +165,8 @@ TEST_F(Basket, GoesOnInMemoryWithoutAFileAndSaysSoOnce) {
     const support::ReadOnlyFolder readOnlyFolder(readOnly);
     const support::OrdinaryUser user;
     for (const auto& path : {folder / "missing", readOnly, inTheWay}) {
-        order::BasketFile unwritable(path, messages);
+        ui::system::DiskFile unwritableDisk;
+        order::BasketFile unwritable(path, unwritableDisk, messages);
         order::Basket unsaved(products, true, unwritable);
         EXPECT_EQ(journal.take().size(), 0U) << path;
         orderInMemory(unsaved);

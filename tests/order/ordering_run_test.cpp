@@ -1,13 +1,12 @@
 #include "base/errors.h"
 #include "base/files.h"
-#include "base/numbers.h"
 #include "catalog/catalog.h"
-#include "order/order_grids.h"
 #include "tests/order/reference_order.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 #include "ui/order_cells.h"
-#include "ui/toolbar.h"
+#include "ui/ordering.h"
+#include "ui/system/disk_file.h"
 
 #include <gtest/gtest.h>
 
@@ -17,57 +16,45 @@ namespace {
 using order::TaxStatus;
 using order_test::ReferenceOrder;
 using ui::Field;
-using ui::ViewMode;
 
 constexpr std::size_t historySize = 2;
 
-/// The parts as the main window puts them together, with a catalogue of their own.
-class Ordering {
+/// The order of a catalogue of its own.
+class Order {
 public:
-    Ordering(const std::filesystem::path& folder, const std::vector<support::Product>& products,
-             char taxSwitch)
+    Order(const std::filesystem::path& folder, const std::vector<support::Product>& products, char taxSwitch)
         : m_folder(write(folder, products, taxSwitch)) {}
 
     bool typeIntoProducts(std::size_t row, const std::string& text) {
-        return type([&] { return m_grids.editProduct(static_cast<std::int32_t>(row) + 1, text); });
+        return type([&] { m_ordering.editProduct(static_cast<std::int32_t>(row) + 1, text); });
     }
 
     bool typeIntoOrder(std::size_t row, const std::string& text) {
-        return type([&] { return m_grids.editOrder(row, text); });
+        return type([&] { m_ordering.editOrder(row, text); });
     }
 
-    void tickExempt(bool ticked) {
-        if (m_grids.recalculate(ticked ? TaxStatus::exempt : TaxStatus::taxed).finished)
-            refresh();
-    }
+    void tickExempt(bool ticked) { m_ordering.setTaxStatus(ticked ? TaxStatus::exempt : TaxStatus::taxed); }
 
     void clear() {
-        m_grids.clear();
-        refresh();
-        if (m_view == ViewMode::order)
-            priceList(historySize);
-        m_toolbar = ui::afterClear(m_toolbar);
+        m_messages.answers = {platform::Answer::no, platform::Answer::yes};
+        EXPECT_FALSE(m_ordering.clear(historySize));
+        EXPECT_TRUE(m_ordering.clear(historySize));
+        EXPECT_EQ(m_journal.take().back(), "question [Warning - Clear ordered items] You are about to clear "
+                                           "ordered items?\nDo you wish to continue (No)");
     }
 
-    void checkOut() {
-        m_view = ViewMode::order;
-        m_grids.fillOrder();
-        m_toolbar = ui::afterCheckOut(m_toolbar, m_basket.totals().order);
-    }
+    void checkOut() { m_ordering.checkOut(); }
 
-    void priceList(std::size_t history) {
-        m_view = ViewMode::catalogue;
-        m_toolbar = ui::afterPriceList(m_toolbar, m_basket.totals().order, history);
-    }
+    void priceList(std::size_t history) { m_ordering.priceList(history); }
 
     void compareWith(const ReferenceOrder& reference) const {
         EXPECT_EQ(base::readFile(m_folder / "Basket.dat"), reference.file);
         EXPECT_EQ(productRows(), reference.productRows);
         EXPECT_EQ(orderRows(), reference.orderRows);
-        EXPECT_EQ(m_orderLabel, reference.orderLabel);
-        EXPECT_EQ(m_taxLabel, reference.taxLabel);
-        EXPECT_EQ(m_basket.totals().order, static_cast<float>(reference.totalOrder));
-        EXPECT_EQ(m_basket.totals().tax, static_cast<float>(reference.totalTax));
+        EXPECT_EQ(m_ordering.orderLabel(), reference.orderLabel);
+        EXPECT_EQ(m_ordering.taxLabel(), reference.taxLabel);
+        EXPECT_EQ(m_ordering.basket().totals().order, static_cast<float>(reference.totalOrder));
+        EXPECT_EQ(m_ordering.basket().totals().tax, static_cast<float>(reference.totalTax));
         EXPECT_EQ(enabled(), reference.enabled);
     }
 
@@ -82,28 +69,19 @@ private:
     }
 
     template <typename Typing>
-    bool type(Typing typing) {
+    static bool type(Typing typing) {
         try {
-            const auto edit = typing();
-            if (edit && edit->orderChanged)
-                refresh();
+            typing();
             return true;
         } catch (const base::ProgramEnd&) {
             return false;
         }
     }
 
-    void refresh() {
-        const auto totals = m_basket.totals();
-        m_orderLabel = base::groupedText(totals.order);
-        m_taxLabel = base::groupedText(totals.tax);
-        m_toolbar = ui::afterOrderChange(m_toolbar, m_view, totals.order);
-    }
-
     [[nodiscard]] std::vector<ReferenceOrder::Row> productRows() const {
         std::vector<ReferenceOrder::Row> rows;
         for (std::int32_t record = 1; record <= m_catalog.products.count(); ++record) {
-            const auto cells = m_grids.productCells(record);
+            const auto cells = m_ordering.grids().productCells(record);
             const auto text = [&](Field field) {
                 const bool isTax = field == Field::tax || field == Field::taxRate;
                 return isTax && !hasTaxColumns()
@@ -118,7 +96,7 @@ private:
 
     [[nodiscard]] std::vector<ReferenceOrder::Row> orderRows() const {
         std::vector<ReferenceOrder::Row> rows;
-        for (const auto& row : m_grids.orderRows()) {
+        for (const auto& row : m_ordering.grids().orderRows()) {
             const auto text = [&](Field field) {
                 const bool isTax = field == Field::tax || field == Field::taxRate;
                 return isTax && !hasTaxColumns() ? "" : ui::orderCell(m_catalog.products, row, field);
@@ -145,12 +123,10 @@ private:
     support::Journal m_journal;
     support::FakeMessageBox m_messages{m_journal};
     catalog::Catalog m_catalog = catalog::openCatalog(m_folder);
-    order::BasketFile m_file{m_folder, m_messages};
-    order::Basket m_basket{m_catalog.products, m_catalog.parameters.chargesTax(), m_file};
-    order::OrderGrids m_grids{m_catalog.products, m_basket};
+    ui::system::DiskFile m_disk;
+    order::BasketFile m_file{m_folder, m_disk, m_messages};
     ui::ToolbarState m_toolbar = ui::openingToolbar(m_catalog.parameters, "");
-    ViewMode m_view = ViewMode::catalogue;
-    std::string m_orderLabel = "0.00", m_taxLabel = "0.00";
+    ui::Ordering m_ordering{m_catalog, m_file, m_messages, m_toolbar};
 };
 
 const std::vector<support::Product> products{
@@ -212,7 +188,7 @@ protected:
     }
 
     ReferenceOrder reference{products, GetParam()};
-    Ordering ordering{support::testFolder(), products, GetParam()};
+    Order ordering{support::testFolder(), products, GetParam()};
 
 private:
     std::mt19937 m_random{20260101};

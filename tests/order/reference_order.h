@@ -3,6 +3,7 @@
 #include "tests/support/catalog_builder.h"
 
 #include <cstdint>
+#include <ostream>
 #include <set>
 #include <string>
 #include <string_view>
@@ -20,6 +21,11 @@ public:
         bool green = false;
 
         friend bool operator==(const Row&, const Row&) = default;
+
+        friend void PrintTo(const Row& row, std::ostream* out) {
+            *out << row.record << ": " << row.quantity << " | " << row.taxRate << " | " << row.price << " | "
+                 << row.tax << " | " << row.amount << (row.green ? " green" : "");
+        }
     };
 
     ReferenceOrder(std::vector<support::Product> products, char taxSwitch);
@@ -36,7 +42,7 @@ public:
     std::vector<Row> productRows, orderRows;
     std::string orderLabel = "0.00", taxLabel = "0.00";
     double totalOrder = 0, totalTax = 0;
-    std::set<int> enabled; // positions 3 to 8 of the toolbar
+    std::set<int> enabled{2}; // positions 2 to 8 of the toolbar
     char viewMode = 'G';
 
 private:

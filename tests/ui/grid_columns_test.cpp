@@ -1,4 +1,5 @@
 #include "tests/support/catalog_builder.h"
+#include "tests/support/test_folder.h"
 #include "ui/grid_columns.h"
 #include "ui/product_cells.h"
 #include "ui/toolbar.h"
@@ -39,7 +40,7 @@ protected:
     }
 
     support::CatalogBuilder builder;
-    std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "grid_columns_test";
+    std::filesystem::path folder = support::testFolder();
 };
 
 TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
@@ -55,7 +56,8 @@ TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
 TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet) {
     const auto numberOf = [&](Field field) {
         const auto columns = ui::orderColumns(parameters());
-        return std::ranges::find(columns, field, &ui::Column::field) - columns.begin();
+        return std::find_if(columns.begin(), columns.end(), [&](const ui::Column& column) { return column.field == field; }) -
+               columns.begin();
     };
     EXPECT_EQ(numberOf(Field::taxRate), 4);
     EXPECT_EQ(numberOf(Field::total), 7);

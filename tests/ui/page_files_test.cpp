@@ -1,5 +1,7 @@
 #include "ui/page_files.h"
 
+#include "tests/support/test_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -13,8 +15,7 @@ protected:
     PageFilesTest() : root(makeFiles()), files({root / "prog", root / "not there"}) {}
 
     static fs::path makeFiles() {
-        const auto root = fs::canonical(testing::TempDir()) / "page_files_test";
-        fs::remove_all(root);
+        const auto root = fs::canonical(support::testFolder());
         for (const char* folder : {"prog/ACME/Pics", "prog/ACME2", "secret"})
             fs::create_directories(root / folder);
         for (const char* name : {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini",

@@ -5,9 +5,43 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
 #include <QToolTip>
 
+#include <optional>
+#include <utility>
+
 namespace ui::qt {
+namespace {
+
+constexpr int longestQuantity = 12; // characters
+
+// Where a key that ends an edit goes on to.
+std::optional<int> rowsToMove(int key) {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+        return 1;
+    case Qt::Key_Up:
+        return -1;
+    default:
+        return std::nullopt;
+    }
+}
+
+}
+
+QRegularExpression quantityPattern(int decimals) {
+    const auto pattern = decimals > 0 ? QString("[0-9]*(\\.[0-9]{0,%1})?").arg(decimals) : QString("[0-9]*");
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
+}
+
+CellDelegate::CellDelegate(const std::vector<Column>& columns, QObject* parent)
+    : QStyledItemDelegate(parent), m_columns(columns) {
+    connect(this, &QAbstractItemDelegate::closeEditor, this, [this] { m_editor = nullptr; });
+}
 
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
@@ -26,10 +60,49 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     initStyleOption(&filled, index);
     const bool cutOff = sizeHint(option, index).width() > option.rect.width();
     if (cutOff) // a tip is rich text unless it is told otherwise
-        QToolTip::showText(event->globalPos(), "<p style='white-space:pre-wrap'>" + filled.text.toHtmlEscaped() + "</p>", view, option.rect);
+        QToolTip::showText(event->globalPos(),
+                           "<p style='white-space:pre-wrap'>" + filled.text.toHtmlEscaped() + "</p>", view,
+                           option.rect);
     else
         QToolTip::hideText();
     return true;
+}
+
+QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+    const int decimals = m_columns.at(static_cast<std::size_t>(index.column())).decimals;
+    auto* editor = new QLineEdit(parent);
+    editor->setObjectName("quantity");
+    editor->setAccessibleName("Quantity");
+    editor->setFrame(false);
+    editor->setAlignment(Qt::AlignRight);
+    editor->setMaxLength(longestQuantity);
+    editor->setValidator(new QRegularExpressionValidator(quantityPattern(decimals), editor));
+    m_editor = editor;
+    return editor;
+}
+
+void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
+    const auto* quantity = qobject_cast<QLineEdit*>(editor);
+    if (quantity && quantity->isModified())
+        model->setData(index, quantity->text(), Qt::EditRole);
+}
+
+void CellDelegate::commitPending() {
+    if (const QPointer<QLineEdit> editor = std::exchange(m_editor, nullptr)) {
+        emit commitData(editor);
+        emit closeEditor(editor);
+    }
+}
+
+bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && object == m_editor) {
+        if (const auto rows = rowsToMove(static_cast<QKeyEvent*>(event)->key())) {
+            commitPending();
+            emit moveAsked(*rows);
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(object, event);
 }
 
 }

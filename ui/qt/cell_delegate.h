@@ -2,28 +2,51 @@
 
 #include "ui/grid_columns.h"
 
+#include <QLineEdit>
+#include <QPointer>
+#include <QRegularExpression>
 #include <QStyledItemDelegate>
 
 #include <vector>
 
 namespace ui::qt {
 
+/// What a quantity's editor takes: digits, and a decimal point with so many decimals behind it.
+[[nodiscard]] QRegularExpression quantityPattern(int decimals);
+
 /// Paints the cells of a grid: numbers with their column's decimals, and the whole text as a tip where it
-/// is cut off.
+/// is cut off. Its editor takes digits and one decimal point; Enter and the arrows up and down commit and
+/// move, Tab commits, Escape leaves the cell as it was.
 class CellDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    CellDelegate(const std::vector<Column>& columns, QObject* parent) : QStyledItemDelegate(parent), m_columns(columns) {}
+    CellDelegate(const std::vector<Column>& columns, QObject* parent);
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+    /// An editor in which nothing was typed leaves the cell alone.
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+    /// The editor that is open; nothing when none is.
+    [[nodiscard]] QLineEdit* editor() const { return m_editor; }
+
+    /// An edit that is still open is taken as typed.
+    void commitPending();
+
+signals:
+    /// Rows to go down after a commit; negative means up.
+    void moveAsked(int rows);
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     const std::vector<Column>& m_columns;
+    mutable QPointer<QLineEdit> m_editor;
 };
 
 }

@@ -6,19 +6,20 @@
 #include "pages/group_lists.h"
 #include "ui/browsing.h"
 #include "ui/link_rules.h"
-#include "ui/qt/group_boxes.h"
+#include "ui/ordering.h"
+#include "ui/qt/catalog_view.h"
+#include "ui/qt/find.h"
 #include "ui/qt/guard.h"
-#include "ui/qt/page_browser.h"
-#include "ui/qt/page_search_bar.h"
+#include "ui/qt/product_model.h"
+#include "ui/qt/order_view.h"
 #include "ui/qt/page_turner.h"
-#include "ui/qt/product_grid.h"
 #include "ui/qt/toolbar.h"
+#include "ui/qt/totals_bar.h"
 #include "ui/qt/window_memory.h"
+#include "ui/system/disk_file.h"
 
-#include <QCheckBox>
-#include <QLabel>
 #include <QMainWindow>
-#include <QSplitter>
+#include <QStackedWidget>
 
 namespace ui::qt {
 
@@ -41,20 +42,36 @@ protected:
 
 private:
     void layOut();
-    QWidget* pagePane();
-    QWidget* totalsBar();
     void fill();
+    void restoreSettings();
     void connectControls();
+    void addShortcuts();
     void addPageActions();
     void openPages();
-    void restoreSplitter();
+
     void runCommand(Command command);
+    void showToolbar();
+    void enableBack(bool on);
+
     void showRow(int row);
     void goTo(std::int32_t record);
     void goBack();
-    void enable(Command command, bool on);
+    void search();
+    Find& find();
     void showSupplierPage(const std::filesystem::path& file);
     void followLink(const QUrl& address, bool clicked);
+
+    void editProduct(int row, std::string_view text);
+    void editOrder(int row, std::string_view text);
+    void showOrder();
+    void setExempt(bool exempt);
+    void checkOut();
+    void showPriceList();
+    void showCatalogView();
+    void clearOrder();
+
+    void commitPending();
+    void saveDetails();
     void saveSettings();
 
     app::Session m_session;
@@ -62,26 +79,26 @@ private:
     platform::MessageBox& m_messages;
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
+    system::DiskFile m_basketOnDisk;
+    std::optional<order::BasketFile> m_basketFile; // opened with the catalogue
     catalog::Catalog m_catalog;
+    ToolbarState m_toolbarState;
+    Ordering m_ordering;
     order::DeliveryDetails m_details;
+    pages::GroupLists m_groupLists;
+    LinkRules m_links;
 
     Toolbar* m_toolbar;
     PageBrowser* m_banner;
-    GroupBoxes* m_groupBoxes;
-    QSplitter* m_splitter;
-    ProductGrid* m_grid;
-    PageBrowser* m_page;
-    PageSearchBar* m_pageSearch;
-    QCheckBox* m_tax;
-    QLabel* m_taxTotalCaption;
-    QLabel* m_taxTotal;
-    QLabel* m_orderTotal;
+    QStackedWidget* m_views;
+    CatalogView* m_catalogView;
+    OrderView* m_orderView;
+    TotalsBar* m_totals;
+    Find* m_find = nullptr; // from its first use on
+    ProductModel* m_products = nullptr;
 
     Browsing m_browsing;
-    LinkRules m_links;
-    pages::GroupLists m_groupLists;
     PageTurner* m_turner;
-    ToolbarState m_toolbarState;
     bool m_goingBack = false;
 };
 

@@ -1,25 +1,21 @@
 #pragma once
 
-#include "ui/qt/product_model.h"
-
-#include <QTableView>
+#include "ui/qt/grid.h"
+#include "ui/searched_grid.h"
 
 namespace ui::qt {
 
-/// `ctGrid1`: one row a record, in record order, never sorted and never filtered. Its rows have one fixed
-/// height, so that a million of them cost no more than ten.
-class ProductGrid final : public QTableView {
+/// `ctGrid1`: one row a record, in record order.
+class ProductGrid final : public Grid, public SearchedGrid {
     Q_OBJECT
 
 public:
-    explicit ProductGrid(QWidget* parent);
-
-    /// Takes the model over and lays the columns out.
-    void open(ProductModel* model);
+    explicit ProductGrid(QWidget* parent) : Grid("ctGrid1", "Products", parent) {}
 
     /// 0-based; -1 when there is none.
-    [[nodiscard]] int currentRow() const { return currentIndex().row(); }
-    void setCurrentRow(int row);
+    [[nodiscard]] std::int32_t currentRow() const override { return currentIndex().row(); }
+    void setCurrentRow(std::int32_t row) override;
+    void takeFocus() override;
     /// As `setCurrentRow`, in the first column.
     void returnToRow(int row);
 
@@ -28,9 +24,6 @@ signals:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-
-private:
-    void layOutColumns(const std::vector<Column>& columns);
 };
 
 }

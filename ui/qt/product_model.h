@@ -1,30 +1,28 @@
 #pragma once
 
-#include "catalog/record_file.h"
-#include "ui/grid_columns.h"
-
-#include <QAbstractTableModel>
+#include "catalog/catalog.h"
+#include "ui/qt/grid_model.h"
 
 namespace ui::qt {
 
-/// The rows of `ctGrid1`: row = record number - 1. A record is read when one of its cells is asked for;
-/// nothing is kept for a row. The table must outlive the model.
-class ProductModel final : public QAbstractTableModel {
+/// The rows of `ctGrid1`: row = record number - 1. The catalogue and the grids' contents must outlive it.
+class ProductModel final : public GridModel {
     Q_OBJECT
 
 public:
-    ProductModel(const catalog::ProductTable& products, std::vector<Column> columns, QObject* parent);
+    ProductModel(const catalog::Catalog& catalog, const order::OrderGrids& grids, QObject* parent);
 
-    [[nodiscard]] const std::vector<Column>& columns() const { return m_columns; }
-
+    [[nodiscard]] bool takesQuantity(int row) const override;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+protected:
+    [[nodiscard]] std::string cell(int row, Field field) const override;
+    [[nodiscard]] bool isHeading(int row) const override;
+    [[nodiscard]] order::RowColour colour(int row) const override;
 
 private:
     const catalog::ProductTable& m_products;
-    std::vector<Column> m_columns;
+    const order::OrderGrids& m_grids;
 };
 
 }

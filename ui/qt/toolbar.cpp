@@ -24,6 +24,7 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
         m_actions.at(static_cast<std::size_t>(button.command) - 1) = item;
     }
     action(Command::exit)->setShortcut(QKeySequence("Ctrl+Q"));
+    action(Command::search)->setShortcut(QKeySequence("Ctrl+F"));
     action(Command::back)->setShortcut(QKeySequence("Alt+Left"));
 }
 

@@ -1,0 +1,215 @@
+// Typing one quantity, and pricing the whole order again, against the same change of a SQLite database in
+// WAL mode that never waits for the disk.
+
+#include "bench/database.h"
+#include "catalog/catalog.h"
+#include "order/order_grids.h"
+#include "tests/support/catalog_builder.h"
+#include "ui/system/disk_file.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int32_t smallOrder = 10;
+constexpr std::int32_t mediumOrder = 1'000;
+constexpr std::int32_t largeOrder = 100'000;
+constexpr auto taxed = order::TaxStatus::taxed;
+
+class NoMessages : public platform::MessageBox {
+public:
+    bool shown = false;
+
+    void show(platform::Icon, std::string_view, std::string_view) override { shown = true; }
+
+    platform::Answer ask(platform::Icon, std::string_view, std::string_view,
+                         platform::Answer answer) override {
+        return answer;
+    }
+};
+
+/// A folder with a catalogue of so many products.
+class Folder {
+public:
+    explicit Folder(std::int32_t count) : m_path(fs::temp_directory_path() / "tavorine_ordering") {
+        support::CatalogBuilder builder;
+        for (std::int32_t i = 0; i < count; ++i)
+            builder.products.push_back({.price = 0.25F * static_cast<float>(i % 1000), .taxRate = 20});
+        builder.writeTo(m_path);
+    }
+
+    ~Folder() { fs::remove_all(m_path); }
+
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    [[nodiscard]] const fs::path& path() const { return m_path; }
+
+private:
+    fs::path m_path;
+};
+
+/// One of each product ordered.
+class FullOrder {
+public:
+    explicit FullOrder(std::int32_t count)
+        : m_folder(count),
+          m_products(m_folder.path() / catalog::productsFile),
+          m_file(m_folder.path(), m_disk, m_messages),
+          basket(m_products, true, m_file),
+          grids(m_products, basket) {
+        for (std::int32_t product = 1; product <= count; ++product)
+            grids.editProduct(product, "1");
+    }
+
+    [[nodiscard]] bool isWritten() const {
+        return !m_messages.shown && fs::file_size(m_folder.path() / order::basketFile) ==
+                                        basket.lines().size() * order::BasketLine::length;
+    }
+
+private:
+    Folder m_folder;
+    NoMessages m_messages;
+    catalog::ProductTable m_products;
+    ui::system::DiskFile m_disk;
+    order::BasketFile m_file;
+
+public:
+    order::Basket basket;
+    order::OrderGrids grids;
+};
+
+class OrderDatabase {
+public:
+    explicit OrderDatabase(std::int32_t count)
+        : m_folder(count),
+          m_database(
+              bench::openDatabase(m_folder.path() / "order.db", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) {
+        for (const char* sql : {"pragma journal_mode=wal", "pragma synchronous=off", "begin",
+                                "create table line(product integer primary key, price real, rate real, "
+                                "quantity real, tax real, "
+                                "amount real)"})
+            bench::run(m_database, sql);
+        const auto insert = bench::prepare(m_database, "insert into line values(?, ?, 20, 1, 0, ?)");
+        for (std::int32_t i = 0; i < count; ++i) {
+            sqlite3_bind_int(insert.get(), 1, i + 1);
+            sqlite3_bind_double(insert.get(), 2, 0.25 * (i % 1000));
+            sqlite3_bind_double(insert.get(), 3, 0.25 * (i % 1000));
+            sqlite3_step(insert.get());
+            sqlite3_reset(insert.get());
+        }
+        bench::run(m_database, "commit");
+    }
+
+    [[nodiscard]] bench::Statement prepare(const char* sql) const { return bench::prepare(m_database, sql); }
+
+private:
+    Folder m_folder;
+    bench::Database m_database;
+};
+
+std::vector<std::int32_t> shuffledProducts(std::int32_t count) {
+    std::vector<std::int32_t> products(static_cast<std::size_t>(count));
+    std::iota(products.begin(), products.end(), 1);
+    std::shuffle(products.begin(), products.end(), std::mt19937(1));
+    return products;
+}
+
+void typeQuantity(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    FullOrder full(count);
+    const auto products = shuffledProducts(count);
+    const std::string quantities[] = {"2", "3"};
+    std::size_t at = 0, round = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(full.grids.editProduct(products[at], quantities[round % 2]));
+        if (++at == products.size()) {
+            at = 0;
+            ++round;
+        }
+    }
+    if (!full.isWritten())
+        state.SkipWithError("not written");
+}
+
+void updateLine(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    FullOrder full(count);
+    const auto products = shuffledProducts(count);
+    std::size_t at = 0, round = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(full.basket.update(products[at], static_cast<float>(2 + round % 2)));
+        if (++at == products.size()) {
+            at = 0;
+            ++round;
+        }
+    }
+    if (!full.isWritten())
+        state.SkipWithError("not written");
+}
+
+void updateRow(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const OrderDatabase database(count);
+    const auto update =
+        database.prepare("update line set quantity = ?, tax = ?, amount = ? where product = ?");
+    const auto products = shuffledProducts(count);
+    std::size_t at = 0, round = 0;
+    for (auto _ : state) {
+        const auto quantity = static_cast<double>(2 + round % 2);
+        sqlite3_bind_double(update.get(), 1, quantity);
+        sqlite3_bind_double(update.get(), 2, quantity * 0.2);
+        sqlite3_bind_double(update.get(), 3, quantity * 1.2);
+        sqlite3_bind_int(update.get(), 4, products[at]);
+        if (sqlite3_step(update.get()) != SQLITE_DONE)
+            state.SkipWithError("not updated");
+        sqlite3_reset(update.get());
+        if (++at == products.size()) {
+            at = 0;
+            ++round;
+        }
+    }
+}
+
+void recalculate(benchmark::State& state) {
+    FullOrder full(static_cast<std::int32_t>(state.range(0)));
+    bool exempt = true;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(full.grids.recalculate(exempt ? order::TaxStatus::exempt : taxed));
+        exempt = !exempt;
+    }
+    if (!full.isWritten())
+        state.SkipWithError("not written");
+}
+
+void updateAllRows(benchmark::State& state) {
+    const OrderDatabase database(static_cast<std::int32_t>(state.range(0)));
+    const auto exempt = database.prepare("update line set tax = 0, amount = round(quantity * price, 2)");
+    const auto withTax =
+        database.prepare("update line set tax = round(quantity * price * rate * 0.01, 2),"
+                         " amount = round(quantity * price, 2) + round(quantity * price * rate * 0.01, 2)");
+    bool isExempt = true;
+    for (auto _ : state) {
+        const auto& update = isExempt ? exempt : withTax;
+        if (sqlite3_step(update.get()) != SQLITE_DONE)
+            state.SkipWithError("not updated");
+        sqlite3_reset(update.get());
+        isExempt = !isExempt;
+    }
+}
+
+BENCHMARK(typeQuantity)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateRow)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(recalculate)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
+BENCHMARK(updateAllRows)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
+
+}

@@ -1,0 +1,201 @@
+// How long the windows take, against the least that the browser would take by itself:
+//   - from the start of a process to the first paint of the start-up window, against a process that shows a
+//     bare window with an empty web view;
+//   - from a row change to the loaded page, against a bare web view that loads the same file.
+// Needs a display (xvfb-run will do).
+#include "ui/browsing.h"
+#include "ui/qt/page_browser.h"
+#include "ui/qt/page_turner.h"
+#include "ui/qt/program.h"
+#include "ui/system/browser_start.h"
+#include "ui/system/instance_lock.h"
+#include "ui/system/screen.h"
+#include "ui/system/zip_extractor.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QMainWindow>
+#include <QProcess>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+namespace {
+namespace fs = std::filesystem;
+
+constexpr auto programMode = "--program";
+constexpr auto bareMode = "--bare";
+
+[[noreturn]] void tellPainted() {
+    std::puts("painted");
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+/// Tells when the first widget of the application has been painted.
+class PaintWatch final : public QObject {
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            QTimer::singleShot(0, [] { tellPainted(); });
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class BenchProgramFile final : public platform::ProgramFile {
+public:
+    explicit BenchProgramFile(fs::path path) : m_path(std::move(path)) {}
+    [[nodiscard]] fs::path path() const override { return m_path; }
+    [[nodiscard]] bool isReadOnly() const override { return false; }
+
+private:
+    fs::path m_path;
+};
+
+void prepareApplication() {
+    ui::system::prepareBrowser();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+int showBareWindow(int argc, char* argv[]) {
+    prepareApplication();
+    const QApplication application(argc, argv);
+    QMainWindow window;
+    window.setCentralWidget(new QWebEngineView(&window));
+    PaintWatch watch;
+    qApp->installEventFilter(&watch);
+    window.resize(860, 620);
+    window.show();
+    return QApplication::exec();
+}
+
+int showProgram(int argc, char* argv[]) {
+    prepareApplication();
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName("Tavorine bench");
+    BenchProgramFile file(fs::temp_directory_path() / "Tavorine");
+    ui::system::PrimaryScreen screen;
+    ui::system::FileInstanceLock lock;
+    ui::qt::Program program({file, screen, lock, fs::temp_directory_path()});
+    PaintWatch watch;
+    qApp->installEventFilter(&watch);
+    program.start();
+    return QApplication::exec();
+}
+
+void firstPaint(benchmark::State& state, const char* mode) {
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        QProcess process;
+        timer.start();
+        process.start(QApplication::applicationFilePath(), {mode});
+        if (!process.waitForReadyRead(20000)) {
+            state.SkipWithError("no first paint");
+            return;
+        }
+        state.SetIterationTime(static_cast<double>(timer.nsecsElapsed()) * 1e-9);
+        process.waitForFinished();
+    }
+}
+
+/// A sample catalogue, unpacked.
+class Sample {
+public:
+    Sample() : m_folder(fs::temp_directory_path() / "tavorine-windows-bench") {
+        fs::remove_all(m_folder);
+        fs::create_directories(m_folder);
+        const auto unpacked = ui::system::ZipExtractor().extract(TAVORINE_SAMPLE, "*", m_folder);
+        if (unpacked != platform::Archive::Result::extracted)
+            std::fputs("the sample can not be unpacked\n", stderr);
+        session.folders = {m_folder, m_folder, m_folder};
+        session.layout = {"50", "2", "3"};
+    }
+    ~Sample() { fs::remove_all(m_folder); }
+    Sample(const Sample&) = delete;
+    Sample& operator=(const Sample&) = delete;
+
+    app::Session session;
+
+private:
+    fs::path m_folder;
+};
+
+constexpr int firstRow = 3;
+constexpr int rowsUsed = 30;
+
+void rowChangeToLoadedPage(benchmark::State& state) {
+    const Sample sample;
+    const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
+    ui::qt::PageBrowser banner("wbBanner", "Banner", nullptr);
+    ui::qt::PageBrowser page("WbPage", "Page", nullptr);
+    page.confineTo(ui::PageFiles({sample.session.folders.DataFolder}));
+    page.resize(900, 500);
+    static_cast<QWidget&>(page).show();
+    ui::Browsing browsing(sample.session, catalog, banner, page);
+    ui::qt::PageTurner turner(page, [&](int row) { browsing.showRecord(row + 1); }, nullptr);
+    turner.start();
+    QEventLoop loop;
+    QObject::connect(&page, &ui::qt::PageBrowser::loaded, &loop, &QEventLoop::quit);
+    int turns = 0;
+    const auto turn = [&] {
+        turner.turnTo(firstRow + turns++ % rowsUsed);
+        loop.exec();
+    };
+    turn(); // the browser starts
+    for (auto _ : state)
+        turn();
+}
+
+void bareLoadOfTheSameFile(benchmark::State& state) {
+    const Sample sample;
+    const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
+    const auto& folders = sample.session.folders;
+    pages::CatalogPages pages(catalog, folders, sample.session.layout, false);
+    const pages::ScratchPage scratch(folders.UserFolder);
+    QWebEngineView view;
+    view.resize(900, 500);
+    view.show();
+    QEventLoop loop;
+    QObject::connect(&view, &QWebEngineView::loadFinished, &loop, &QEventLoop::quit);
+    const auto address = QUrl::fromLocalFile(QString::fromStdString(scratch.path().string()));
+    int turns = 0;
+    const auto turn = [&] {
+        view.load(address);
+        loop.exec();
+    };
+    const auto write = [&] {
+        scratch.write(pages.page(firstRow + turns++ % rowsUsed + 1, pages::TaxStatus::taxed));
+    };
+    write();
+    turn();
+    for (auto _ : state) {
+        state.PauseTiming();
+        write();
+        state.ResumeTiming();
+        turn();
+    }
+}
+
+}
+
+int main(int argc, char* argv[]) {
+    if (argc > 1 && std::strcmp(argv[1], programMode) == 0)
+        return showProgram(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], bareMode) == 0)
+        return showBareWindow(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    prepareApplication();
+    const QApplication application(argc, argv);
+    for (const auto& [name, mode] : {std::pair{"firstPaint/program", programMode}, std::pair{"firstPaint/bareWindow", bareMode}})
+        benchmark::RegisterBenchmark(name, firstPaint, mode)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+    benchmark::RegisterBenchmark("rowChangeToLoadedPage", rowChangeToLoadedPage)->UseRealTime()->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("bareLoadOfTheSameFile", bareLoadOfTheSameFile)->UseRealTime()->Unit(benchmark::kMillisecond);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,220 @@
+#include "tests/ui/qt/program_folder.h"
+#include "ui/qt/details_form.h"
+#include "ui/qt/grid.h"
+
+#include "base/bytes.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+using namespace tour;
+using ui::qt::Grid;
+
+/// The program on a small catalogue: rows 2 and 3 of the product grid are B1 at 10.00 with 12.5 % tax and
+/// B2 at 2.50 with 10 %; rows 0 and 1 are groups.
+class OrderTest : public ProgramTest {
+protected:
+    OrderTest() {
+        writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+        catalog.catalogPassword = "OMIT";
+        catalog.quantityDecimals = 1;
+    }
+
+    void start() { deliver("ACME", catalog); }
+
+    /// A step on the main window, once its page is up.
+    void then(const QString& what, std::function<void()> act) {
+        script.when(what, [] { return page() && !QApplication::activeModalWidget(); }, std::move(act));
+    }
+
+    static Grid* products() { return visible<Grid>("ctGrid1"); }
+    static Grid* order() { return visible<Grid>("ctGrid2"); }
+    static QString text(const char* name) { return visible<QLabel>(name)->text(); }
+    static QString cell(Grid* grid, int row, int column) { return grid->model()->index(row, column).data().toString(); }
+    static QLineEdit* box(const char* name) { return visible<QLineEdit>(name); }
+    static void press(const char* button) { QTest::mouseClick(visibleWidget(button), Qt::LeftButton); }
+
+    static QString enabledButtons() {
+        QString all;
+        for (const char* key : {"Search", "Back", "Plist", "CheckOut", "Clear"})
+            if (visibleWidget(key)->isEnabled())
+                all += QString(key) + " ";
+        return all.trimmed();
+    }
+
+    static QLineEdit* editor(Grid* grid) { return grid->editor(); }
+
+    // Types a quantity on a row and leaves the editor open.
+    static void type(Grid* grid, int row, const QString& quantity) {
+        grid->setCurrentIndex(grid->model()->index(row, 3));
+        QTest::keyClicks(grid, quantity.left(1));
+        ASSERT_NE(editor(grid), nullptr) << "no editor on row " << row;
+        QTest::keyClicks(editor(grid), quantity.mid(1));
+    }
+    static void enter(Grid* grid, int row, const QString& quantity) {
+        type(grid, row, quantity);
+        QTest::keyClick(editor(grid), Qt::Key_Return);
+    }
+
+    [[nodiscard]] float storedQuantity(std::size_t record) const {
+        const auto bytes = readFile("ACME/Basket.dat");
+        return base::readSingle(std::as_bytes(std::span(bytes)), (record - 1) * 17 + 1);
+    }
+
+    support::CatalogBuilder catalog = smallCatalog("Acme");
+};
+
+TEST_F(OrderTest, IsTakenByKeysInBothViews) {
+    start();
+    then("the product grid", [this] {
+        EXPECT_EQ(enabledButtons(), "Search Back");
+        QTest::keyClicks(products(), "5"); // a group's row takes none
+        EXPECT_EQ(editor(products()), nullptr);
+        enter(products(), 2, "2");
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 7) + "/" + cell(products(), 2, 8), "2/2.5/22.5");
+        EXPECT_EQ(products()->model()->index(2, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 255, 0));
+        EXPECT_EQ(products()->currentIndex().row(), 3);
+        EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "22.50/2.50");
+        EXPECT_EQ(enabledButtons(), "Search Back CheckOut Clear");
+        enter(products(), 3, "400x.25"); // letters and a second decimal do not get in
+        EXPECT_EQ(cell(products(), 3, 0), "400.2");
+        EXPECT_EQ(text("lbTotOrd"), "1,123.05");
+        EXPECT_EQ(storedQuantity(1), 2.0F);
+        type(products(), 2, "7");
+        QTest::keyClick(editor(products()), Qt::Key_Escape);
+        EXPECT_EQ(cell(products(), 2, 0), "2");
+        press("CheckOut");
+    });
+    script.when("the order view", [] { return order() != nullptr; }, [] {
+        EXPECT_EQ(products(), nullptr);
+        EXPECT_EQ(page(), nullptr);
+        EXPECT_EQ(visibleWidget("GDB(0)"), nullptr);
+        EXPECT_EQ(enabledButtons(), "Plist Clear");
+        EXPECT_TRUE(takesKeys(box("txOrgName")));
+        ASSERT_EQ(order()->model()->rowCount(), 2);
+        EXPECT_EQ(cell(order(), 0, 0) + "/" + cell(order(), 0, 2), "2/B1");
+        visibleWidget("Form1")->close();
+    });
+    EXPECT_TRUE(play());
+}
+
+TEST_F(OrderTest, APendingQuantityIsNeverLost) {
+    start();
+    then("the product grid", [] {
+        type(products(), 2, "2");
+        press("CheckOut"); // still disabled: nothing is ordered yet
+        QTest::keyClick(editor(products()), Qt::Key_Tab);
+    });
+    then("the order", [] {
+        EXPECT_EQ(text("lbTotOrd"), "22.50");
+        press("CheckOut");
+    });
+    script.when("the order view", [] { return order() != nullptr; }, [] {
+        type(order(), 0, "3");
+        press("Plist");
+    });
+    then("the product grid again", [] {
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 8), "3/33.75");
+        EXPECT_EQ(text("lbTotOrd"), "33.75");
+        EXPECT_EQ(enabledButtons(), "Search Back CheckOut Clear");
+        type(products(), 3, "4");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_EQ(storedQuantity(2), 4.0F);
+}
+
+TEST_F(OrderTest, IsExemptedAndCleared) {
+    start();
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        QTest::mouseClick(visibleWidget("cbTax"), Qt::LeftButton, {}, {8, 8});
+        EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "20.00/0.00");
+        EXPECT_EQ(cell(products(), 2, 7) + "/" + cell(products(), 2, 8), "0/20");
+        press("Clear");
+    });
+    answer("Warning - Clear ordered items", QMessageBox::No);
+    then("the order as it was", [] {
+        EXPECT_EQ(text("lbTotOrd"), "20.00");
+        press("CheckOut");
+    });
+    script.when("the order view", [] { return order() != nullptr; }, [] { press("Clear"); });
+    answer("Warning - Clear ordered items", QMessageBox::Yes);
+    then("the catalogue view", [] {
+        EXPECT_EQ(cell(products(), 2, 0) + cell(products(), 2, 7) + cell(products(), 2, 8), "");
+        EXPECT_FALSE(products()->model()->index(2, 1).data(Qt::BackgroundRole).isValid());
+        EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "0.00/0.00");
+        EXPECT_EQ(enabledButtons(), "Search Back");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_EQ(readFile("ACME/Basket.dat"), "");
+    EXPECT_EQ(boxTexts.back(), "You are about to clear ordered items?\nDo you wish to continue");
+}
+
+TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
+    start();
+    then("the product grid", [] {
+        enter(products(), 2, "1");
+        press("CheckOut");
+    });
+    script.when("the order view", [] { return order() != nullptr; }, [] {
+        EXPECT_EQ(box("txOrgName")->toolTip(), "Enter your Business Name (mandatory for ordering)");
+        box("txOrgName")->insert(QString::fromUtf8("\"Bäcker π\"")); // keys of a test are plain letters
+        QTest::keyClick(box("txOrgName"), Qt::Key_Return);
+        EXPECT_TRUE(takesKeys(box("txAtten")));
+        QTest::keyClicks(box("txDel(0)"), "3x1");
+        EXPECT_EQ(box("txDel(0)")->text(), "31");
+        EXPECT_TRUE(takesKeys(box("txDel(1)")));
+        QTest::keyClick(box("txDel(1)"), Qt::Key_Backspace);
+        QTest::keyClicks(box("txDel(1)"), "04");
+    });
+    script.when("the month is refused", [] { return takesKeys(box("txDel(1)")); }, [] {
+        box("txDel(1)")->clear();
+        QTest::keyClicks(box("txDel(1)"), "05");
+        QTest::keyClicks(box("txDel(2)"), "26");
+        auto* form = visible<ui::qt::DetailsForm>("Details");
+        ASSERT_NE(form, nullptr);
+        EXPECT_EQ(form->deliveryDate(), "31/05/26");
+        auto* comment = visible<QPlainTextEdit>("txComment");
+        QTest::keyClicks(comment, "a");
+        QTest::keyClick(comment, Qt::Key_Return, Qt::ControlModifier);
+        QTest::keyClicks(comment, "b");
+        EXPECT_EQ(form->comment(), "a\nb");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::HasSubstr("Business=\"\"B\xE4" "cker &#960;\"\"\r\n"));
+
+    then("the product grid", [] {
+        enter(products(), 2, "1");
+        press("CheckOut");
+    });
+    script.when("the order view", [] { return order() != nullptr; }, [] {
+        EXPECT_EQ(box("txOrgName")->text(), QString::fromUtf8("\"Bäcker π\""));
+        visibleWidget("Form1")->close();
+    });
+    EXPECT_TRUE(play());
+}
+
+TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {
+    start();
+    then("the product grid", [] {
+        QApplication::clipboard()->setText("1\n2\n3\tx\n-5\n6\n");
+        products()->setCurrentIndex(products()->model()->index(0, 0));
+        QTest::keyClick(products(), Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 3, 0), "3/"); // groups and "-5" take nothing
+        products()->setCurrentIndex(products()->model()->index(2, 0));
+        QTest::keyClick(products(), Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(), "3\t\tB1\tSmall bolt\t12.5\t10\t3.75\t33.75");
+        visibleWidget("Form1")->close();
+    });
+    EXPECT_TRUE(play());
+}
+
+}

@@ -1,0 +1,95 @@
+#include "ui/qt/date_box.h"
+
+#include "ui/qt/text.h"
+
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QRegularExpressionValidator>
+#include <QTimer>
+
+namespace ui::qt {
+namespace {
+
+constexpr auto prompt = "Enter your required delivery date (DD/MM/YY)";
+constexpr std::array names{"Delivery day", "Delivery month", "Delivery year"};
+constexpr std::array kinds{order::DateBox::day, order::DateBox::month, order::DateBox::year};
+constexpr int digitsOfABox = 2;
+
+}
+
+DateBox::DateBox(int number, QWidget* parent) : QLineEdit(parent) {
+    setObjectName(QString("txDel(%1)").arg(number));
+    setAccessibleName(names.at(static_cast<std::size_t>(number)));
+    setToolTip(prompt);
+    setMaxLength(digitsOfABox);
+    setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this));
+    setFixedWidth(fontMetrics().horizontalAdvance("00") + 20);
+}
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+    const auto text = fromQt(event->text());
+    const bool types = text.size() == 1 && static_cast<unsigned char>(text[0]) >= ' ' && event->key() != Qt::Key_Delete &&
+                       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (event->key() == Qt::Key_Backspace || (types && !order::passesIntoDate(text[0])))
+        return;
+    QLineEdit::keyPressEvent(event);
+    if (types && order::isFull(fromQt(this->text())))
+        emit entryEnded();
+}
+
+DateBoxRow::DateBoxRow(QWidget* parent) : QWidget(parent), m_date(new QLineEdit(this)) {
+    m_date->setObjectName("txDelDate");
+    m_date->hide();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (std::size_t i = 0; i < m_boxes.size(); ++i) {
+        if (i > 0)
+            layout->addWidget(new QLabel("/", this));
+        auto* box = new DateBox(static_cast<int>(i), this);
+        box->installEventFilter(this);
+        connect(box, &DateBox::entryEnded, this, [this, i] { endEntry(i); });
+        layout->addWidget(box);
+        m_boxes.at(i) = box;
+    }
+    auto* hint = new QLabel("DD/MM/YY", this);
+    hint->setObjectName("lbDDMMYY");
+    hint->setEnabled(false);
+    layout->addWidget(hint);
+    layout->addStretch();
+    setFocusProxy(m_boxes.front());
+}
+
+order::DateBoxes DateBoxRow::texts() const {
+    return {fromQt(m_boxes[0]->text()), fromQt(m_boxes[1]->text()), fromQt(m_boxes[2]->text())};
+}
+
+void DateBoxRow::endEntry(std::size_t box) {
+    if (box + 1 < m_boxes.size())
+        m_boxes.at(box + 1)->setFocus();
+    else
+        assemble();
+}
+
+void DateBoxRow::assemble() {
+    m_date->setText(toQt(order::assembledDate(texts())));
+}
+
+// What the user goes on to in another window, or in a box that the program shows, is no leaving.
+bool DateBoxRow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        const bool leaves = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+        assemble();
+        for (std::size_t i = 0; i < m_boxes.size(); ++i)
+            if (watched == m_boxes.at(i) && leaves && !order::mayLeave(kinds.at(i), texts()))
+                QTimer::singleShot(0, m_boxes.at(i), [box = m_boxes.at(i)] {
+                    if (box->isVisible())
+                        box->setFocus();
+                });
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/qt/cell_delegate.h"
+#include "ui/qt/grid_model.h"
+
+#include <QTableView>
+
+namespace ui::qt {
+
+/// What both grids have in common: rows of one fixed height, so that a million of them cost no more than
+/// ten; never sorted, never filtered. A digit typed on any row starts its quantity; copying gives
+/// tab-separated text; pasting a column of quantities goes through the same path as typing.
+class Grid : public QTableView {
+    Q_OBJECT
+
+public:
+    Grid(const QString& name, const QString& accessibleName, QWidget* parent);
+
+    /// Takes the model over and lays the columns out.
+    void open(GridModel* model);
+
+    [[nodiscard]] GridModel* gridModel() const { return m_model; }
+
+    /// The quantity editor that is open; nothing when none is.
+    [[nodiscard]] QLineEdit* editor() const { return m_cells ? m_cells->editor() : nullptr; }
+
+    /// An edit that is still open is taken as typed.
+    void commitPending();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void layOutColumns(const std::vector<Column>& columns);
+    void startQuantity(QKeyEvent* event);
+    void moveBy(int rows);
+    void copySelection() const;
+    void pasteQuantities();
+
+    GridModel* m_model = nullptr;
+    CellDelegate* m_cells = nullptr;
+};
+
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ui/qt/details_form.h"
+#include "ui/qt/grid.h"
+#include "ui/qt/order_model.h"
+
+#include <QWidget>
+
+namespace ui::qt {
+
+/// The order view of the main window: the delivery details above the lines of the order.
+class OrderView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit OrderView(QWidget* parent);
+
+    void open(OrderModel* model);
+
+    [[nodiscard]] DetailsForm& details() { return *m_details; }
+    [[nodiscard]] Grid& grid() { return *m_grid; }
+    [[nodiscard]] OrderModel& model() { return *m_model; }
+
+private:
+    DetailsForm* m_details;
+    Grid* m_grid; // `ctGrid2`
+    OrderModel* m_model = nullptr;
+};
+
+}

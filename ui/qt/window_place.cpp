@@ -1,0 +1,56 @@
+#include "ui/qt/window_place.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace ui::qt {
+namespace {
+
+constexpr int margin = 40;
+constexpr float farthest = 100000;
+
+int distance(const QRect& area, const QPoint& point) {
+    const QPoint nearest(std::clamp(point.x(), area.left(), area.right()),
+                         std::clamp(point.y(), area.top(), area.bottom()));
+    return (point - nearest).manhattanLength();
+}
+
+// The usable part of the screen on which the point lies, or of the one nearest to it.
+QRect screenAt(const QPoint& point) {
+    const auto screens = QGuiApplication::screens();
+    const auto nearest =
+        std::min_element(screens.begin(), screens.end(), [&](const QScreen* a, const QScreen* b) {
+            return distance(a->availableGeometry(), point) < distance(b->availableGeometry(), point);
+        });
+    return nearest == screens.end() ? QRect() : (*nearest)->availableGeometry();
+}
+
+void place(QWidget& window, QPoint corner) {
+    const auto size = window.frameGeometry().size();
+    const auto screen = screenAt(corner + QPoint(size.width() / 2, size.height() / 2));
+    const auto inside = [](int wanted, int first, int last) {
+        return std::max(first, std::min(wanted, last));
+    };
+    window.move(inside(corner.x(), screen.left(), screen.right() + 1 - size.width()),
+                inside(corner.y(), screen.top(), screen.bottom() + 1 - size.height()));
+}
+
+int pixel(float position) {
+    return static_cast<int>(std::clamp(position, -farthest, farthest));
+}
+
+}
+
+void placeOver(QWidget& window, const QWidget& other) {
+    const auto size = window.frameGeometry().size();
+    const auto area = other.frameGeometry();
+    place(window, {area.right() - size.width() - margin, area.bottom() - size.height() - margin});
+}
+
+void placeAt(QWidget& window, float left, float top) {
+    place(window, {pixel(left), pixel(top)});
+}
+
+}

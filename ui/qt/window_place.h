@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QWidget>
+
+/// Where a small window stands, always wholly on a screen. Positions are those of the frame's upper left
+/// corner in pixels.
+namespace ui::qt {
+
+/// Over the lower right part of another window.
+void placeOver(QWidget& window, const QWidget& other);
+
+/// At a position that was saved, brought back onto the nearest screen if it lies outside.
+void placeAt(QWidget& window, float left, float top);
+
+}
