@@ -13,7 +13,10 @@ void runFor(QProcess& process, const QByteArray& input, std::chrono::millisecond
         if (state == QProcess::NotRunning)
             loop.quit();
     });
-    QTimer::singleShot(timeLimit, &loop, &QEventLoop::quit);
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(timeLimit);
     process.start();
     process.write(input);
     process.closeWriteChannel();
