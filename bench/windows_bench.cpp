@@ -3,11 +3,17 @@
 //     bare window with an empty web view;
 //   - from a row change to the loaded page, against a bare web view that loads the same file.
 // Needs a display (xvfb-run will do).
+#include "tests/support/catalog_builder.h"
 #include "ui/browsing.h"
+#include "ui/ordering.h"
+#include "ui/qt/group_boxes.h"
+#include "ui/qt/message_boxes.h"
+#include "ui/qt/order_view.h"
 #include "ui/qt/page_browser.h"
 #include "ui/qt/page_turner.h"
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
+#include "ui/system/disk_file.h"
 #include "ui/system/instance_lock.h"
 #include "ui/system/screen.h"
 #include "ui/system/zip_extractor.h"
@@ -19,6 +25,7 @@
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QProcess>
+#include <QStackedWidget>
 #include <QTimer>
 
 #include <cstdio>
@@ -182,6 +189,60 @@ void bareLoadOfTheSameFile(benchmark::State& state) {
     }
 }
 
+constexpr int manyLines = 10000;
+
+// From the command to the painted order view, for an order of so many lines.
+void openOrderView(benchmark::State& state) {
+    const Sample sample;
+    support::CatalogBuilder many;
+    many.groups = {{"All", 1, 0, 0}};
+    for (int i = 0; i < manyLines; ++i)
+        many.products.push_back({.text = "P" + std::to_string(i) + "\nArticle\nBox", .price = 1.25F, .taxRate = 20});
+    many.writeTo(sample.session.folders.DataFolder);
+    const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
+    ui::qt::MessageBoxes messages;
+    ui::system::DiskFile file;
+    order::BasketFile basketFile(sample.session.folders.UserFolder, file, messages);
+    ui::ToolbarState toolbar;
+    ui::Ordering ordering(catalog, basketFile, messages, toolbar);
+    for (int i = 0; i < static_cast<int>(state.range(0)); ++i)
+        ordering.editProduct(i + 1, "2");
+    QStackedWidget views;
+    auto* other = new QWidget(&views);
+    auto* view = new ui::qt::OrderView(&views);
+    views.addWidget(other);
+    views.addWidget(view);
+    view->open(new ui::qt::OrderModel(catalog, ordering.grids(), view));
+    views.resize(1000, 600);
+    views.show();
+    QApplication::processEvents();
+    for (auto _ : state) {
+        view->model().refill([&] { ordering.checkOut(); });
+        views.setCurrentWidget(view);
+        view->repaint();
+        QApplication::processEvents();
+        state.PauseTiming();
+        views.setCurrentWidget(other);
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
+void openGroupList(benchmark::State& state) {
+    ui::qt::GroupBox box(nullptr);
+    std::vector<pages::GroupEntry> entries(static_cast<std::size_t>(state.range(0)), {"Hexagon nut M6, zinc plated", 1});
+    box.show();
+    for (auto _ : state) {
+        box.showEntries(entries);
+        box.showPopup();
+        QApplication::processEvents();
+        state.PauseTiming();
+        box.hidePopup();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+
 }
 
 int main(int argc, char* argv[]) {
@@ -196,6 +257,8 @@ int main(int argc, char* argv[]) {
         benchmark::RegisterBenchmark(name, firstPaint, mode)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
     benchmark::RegisterBenchmark("rowChangeToLoadedPage", rowChangeToLoadedPage)->UseRealTime()->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("bareLoadOfTheSameFile", bareLoadOfTheSameFile)->UseRealTime()->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("openOrderView", openOrderView)->Arg(0)->Arg(manyLines)->UseRealTime()->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("openGroupList", openGroupList)->Arg(10)->Arg(manyLines)->UseRealTime()->Unit(benchmark::kMillisecond);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -9,8 +9,7 @@ namespace order {
 Basket::Basket(const catalog::ProductTable& products, bool chargesTax, BasketFile& file)
     : m_products(products),
       m_file(file),
-      m_chargesTax(chargesTax),
-      m_recordOf(static_cast<std::size_t>(products.count()) + 1) {}
+      m_chargesTax(chargesTax) {}
 
 LineChange Basket::update(std::int32_t product, float quantity) {
     const auto oldLine = lineOf(product);
@@ -47,12 +46,15 @@ void Basket::clear() {
 }
 
 BasketLine Basket::lineOf(std::int32_t product) const {
-    const auto record = isListed(product) ? m_recordOf[static_cast<std::size_t>(product)] : 0;
+    const bool known = isListed(product) && !m_recordOf.empty();
+    const auto record = known ? m_recordOf[static_cast<std::size_t>(product)] : 0;
     const auto index = static_cast<std::size_t>(record) - 1; // no record: past every end
     return index < m_lines.size() ? m_lines[index] : BasketLine();
 }
 
 std::int32_t Basket::recordFor(std::int32_t product) {
+    if (m_recordOf.empty()) // with the first order, so that opening a catalogue costs nothing for a row
+        m_recordOf.resize(static_cast<std::size_t>(m_products.count()) + 1);
     auto& record = m_recordOf[static_cast<std::size_t>(product)];
     if (record == 0)
         record = ++m_lastRecord;

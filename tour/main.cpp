@@ -9,7 +9,10 @@
 #include "ui/system/instance_lock.h"
 #include "ui/system/screen.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QScreen>
 #include <QTest>
@@ -43,17 +46,23 @@ void prepareProgramFolder(const fs::path& folder) {
 QWidget* windowInFront() {
     if (auto* box = QApplication::activeModalWidget())
         return box;
-    for (const char* name : {"Find", "Form1", "Welcome"})
+    for (const char* name : {"Form1", "Welcome"})
         if (auto* window = visibleWidget(name))
             return window;
     return nullptr;
+}
+
+// From the screen, with what lies over the window.
+QPixmap pictureOf(const QWidget& window) {
+    const auto place = window.frameGeometry();
+    return QApplication::primaryScreen()->grabWindow(0, place.x(), place.y(), place.width(), place.height());
 }
 
 // Waits until the window has been drawn and keeps its picture.
 void photograph(Script& script, const fs::path& folder, const std::string& name) {
     script.pause(400);
     script.when("a window to photograph", [] { return windowInFront() != nullptr; }, [folder, name] {
-        const auto picture = QApplication::primaryScreen()->grabWindow(windowInFront()->winId());
+        const auto picture = pictureOf(*windowInFront());
         const auto file = folder / (name + ".png");
         if (picture.save(QString::fromStdString(file.string())))
             std::printf("%s\n", file.c_str());
@@ -65,6 +74,20 @@ void photograph(Script& script, const fs::path& folder, const std::string& name)
 bool shows(const char* view) {
     auto* found = visible<QWebEngineView>(view);
     return found && !pageText(*found).isEmpty();
+}
+
+// Types a quantity on the current row and goes down, past what takes none.
+void order(ui::qt::Grid& grid, const char* quantity) {
+    while (!grid.gridModel()->takesQuantity(grid.currentIndex().row()))
+        QTest::keyClick(&grid, Qt::Key_Down);
+    QTest::keyClicks(&grid, QString(quantity).left(1));
+    QTest::keyClicks(grid.editor(), QString(quantity).mid(1));
+    QTest::keyClick(grid.editor(), Qt::Key_Return);
+}
+
+void fillIn(const std::vector<std::pair<const char*, const char*>>& details) {
+    for (const auto& [box, text] : details)
+        QTest::keyClicks(visibleWidget(box), text);
 }
 
 void play(Script& script, const fs::path& folder) {
@@ -87,6 +110,42 @@ void play(Script& script, const fs::path& folder) {
     });
     script.pause(500);
     photograph(script, folder, "5-product");
+    script.when("the group lists", [] { return true; }, [] {
+        auto* list = visible<QComboBox>("GDB(0)");
+        list->setFocus();
+        list->showPopup();
+        QTest::keyClick(list->view(), Qt::Key_Down);
+        QTest::keyClick(list->view(), Qt::Key_Down);
+        QTest::keyClick(list->view(), Qt::Key_Return);
+    });
+    script.pause(500);
+    photograph(script, folder, "6-group");
+    script.when("the search window", [] { return true; }, [] { QTest::mouseClick(visibleWidget("Search"), Qt::LeftButton); });
+    script.when("the phrase", [] { return visibleWidget("txFind") != nullptr; }, [] {
+        auto* tick = visible<QCheckBox>("cbDesc");
+        if (!tick->isChecked())
+            QTest::keyClick(tick, Qt::Key_Space);
+        QTest::keyClicks(visibleWidget("txFind"), "washer");
+        QTest::mouseClick(visibleWidget("cbFirst"), Qt::LeftButton);
+    });
+    script.pause(500);
+    photograph(script, folder, "7-search");
+    script.when("the search window again", [] { return visibleWidget("Find") != nullptr; },
+                [] { QTest::keyClick(visibleWidget("Find"), Qt::Key_Escape); });
+    script.when("the grid", [] { return visibleWidget("Find") == nullptr; }, [] {
+        for (const char* quantity : {"10", "4", "25", "1", "2"})
+            order(*visible<ui::qt::Grid>("ctGrid1"), quantity);
+    });
+    script.pause(500);
+    photograph(script, folder, "8-quantities");
+    script.when("checking out", [] { return true; }, [] { QTest::mouseClick(visibleWidget("CheckOut"), Qt::LeftButton); });
+    script.when("the order view", [] { return visibleWidget("ctGrid2") != nullptr; }, [] {
+        fillIn({{"txOrgName", "Marlowe & Sons Joinery"}, {"txAtten", "Ruth Marlowe"}, {"txStreet", "3 Mill Lane"},
+                {"txCity", "Haddon"}, {"txState", "Northshire"}, {"txZip", "HD2 6PL"}, {"txCountry", "United Kingdom"},
+                {"txPhone", "01632 960 118"}, {"txOrdNo", "2026-117"}, {"txDel(0)", "30"}, {"txDel(1)", "11"}, {"txDel(2)", "26"}});
+    });
+    script.pause(300);
+    photograph(script, folder, "9-order");
 }
 
 }

@@ -42,11 +42,11 @@ GroupBox::GroupBox(QWidget* parent) : QComboBox(parent), m_entries(new GroupEntr
     setMinimumContentsLength(shortestEntry);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setToolTip(ui::qt::toolTip);
-    setPlaceholderText(toQt(pages::pleaseSelect));
 }
 
 void GroupBox::showEntries(const std::vector<pages::GroupEntry>& entries) {
     m_entries->setEntries(entries);
+    setPlaceholderText(entries.empty() ? QString() : toQt(pages::pleaseSelect));
     const bool onlyAsksToSelect = entries.size() == 1 && entries.front().text == pages::pleaseSelect;
     setCurrentIndex(onlyAsksToSelect ? 0 : -1);
 }
