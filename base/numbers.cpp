@@ -88,6 +88,7 @@ void append(std::string& out, const Decimal& decimal, int decimals) {
 struct Scanned {
     std::string text; // in the form that from_chars reads
     bool hasDigits = false;
+    std::size_t end = 0; // of the number in the text
 };
 
 std::size_t takeDigits(std::string_view text, std::size_t at, std::string& out) {
@@ -99,17 +100,20 @@ std::size_t takeDigits(std::string_view text, std::size_t at, std::string& out) 
 }
 
 // An exponent counts only with at least one digit behind it.
-void takeExponent(std::string_view text, std::size_t at, std::string& out) {
+std::size_t takeExponent(std::string_view text, std::size_t start, std::string& out) {
+    auto at = start;
     if (at >= text.size() || std::string_view("eEdD").find(text[at]) == std::string_view::npos)
-        return;
+        return start;
     std::string exponent = "e";
     ++at;
     if (at < text.size() && (text[at] == '+' || text[at] == '-'))
         exponent += text[at++];
     const auto sizeBefore = exponent.size();
-    takeDigits(text, at, exponent);
-    if (exponent.size() > sizeBefore)
-        out += exponent;
+    at = takeDigits(text, at, exponent);
+    if (exponent.size() == sizeBefore)
+        return start;
+    out += exponent;
+    return at;
 }
 
 Scanned scan(std::string_view text) {
@@ -131,20 +135,28 @@ Scanned scan(std::string_view text) {
         digits += scanned.text.size() - before;
     }
     scanned.hasDigits = digits > 0;
-    takeExponent(text, at, scanned.text);
+    scanned.end = takeExponent(text, at, scanned.text);
     return scanned;
+}
+
+double valueOf(const std::string& number) {
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    return result.ec == std::errc{} && std::isfinite(value) && value != 0 ? value : 0;
 }
 
 }
 
 double parseNumber(std::string_view text) {
     const auto scanned = scan(text);
-    if (!scanned.hasDigits)
-        return 0;
-    double value = 0;
-    const auto* end = scanned.text.data() + scanned.text.size();
-    const auto result = std::from_chars(scanned.text.data(), end, value);
-    return result.ec == std::errc{} && std::isfinite(value) && value != 0 ? value : 0;
+    return scanned.hasDigits ? valueOf(scanned.text) : 0;
+}
+
+std::optional<double> wholeNumber(std::string_view text) {
+    const auto scanned = scan(text);
+    if (!scanned.hasDigits || text.find_first_not_of(' ', scanned.end) != std::string_view::npos)
+        return std::nullopt;
+    return valueOf(scanned.text);
 }
 
 std::string textOf(float value) {

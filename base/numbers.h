@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,10 @@ namespace base {
 /// The number at the start of the text: blanks, tabs and line feeds passed over, sign, digits, one
 /// point, exponent with e or d. The rest is ignored; no number, or one too large to hold, gives 0.
 [[nodiscard]] double parseNumber(std::string_view text);
+
+/// The number that the whole text is, in the same form, with blanks at both ends; nothing for any other
+/// text.
+[[nodiscard]] std::optional<double> wholeNumber(std::string_view text);
 
 /// The shortest decimal text that reads back as the same single, without exponent and never "-0".
 [[nodiscard]] std::string textOf(float value);

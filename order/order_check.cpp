@@ -19,4 +19,9 @@ std::vector<Complaint> checkOrder(const DeliveryDetails& details, std::string_vi
     return complaints;
 }
 
+void tell(const std::vector<Complaint>& complaints, platform::MessageBox& messageBox) {
+    for (const auto& complaint : complaints)
+        messageBox.show(platform::Icon::critical, complaint.title, complaint.text);
+}
+
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "order/delivery_details.h"
+#include "platform/message_box.h"
 
 #include <string_view>
 #include <vector>
@@ -19,5 +20,8 @@ struct Complaint {
 /// for a valid order. `deliveryDate` is the text of `txDelDate`; blank or 00/00/00 asks for no date.
 [[nodiscard]] std::vector<Complaint> checkOrder(const DeliveryDetails& details,
                                                 std::string_view deliveryDate);
+
+/// One critical box for each, in turn.
+void tell(const std::vector<Complaint>& complaints, platform::MessageBox& messageBox);
 
 }

@@ -10,39 +10,33 @@ namespace {
 
 using catalog::ParameterText;
 
+// A parameter text has the number of its record, from 2 on.
 constexpr unsigned dirNumber = 1;
 constexpr unsigned noImgNumber = 30;
 
-struct NumberedTag {
+struct ParameterTag {
     std::string_view tag;
-    unsigned number;
+    ParameterText text;
 };
 
-// A parameter text has the number of its record, from 2 on.
-constexpr NumberedTag parameter(std::string_view tag, ParameterText text) {
-    return {tag, static_cast<unsigned>(text)};
-}
-
-constexpr std::array tags{
-    NumberedTag{"{DIR}", dirNumber},
-    NumberedTag{"{NOIMG}", noImgNumber},
-    parameter("{TAXNAME}", ParameterText::taxName),
-    parameter("{CATNAME}", ParameterText::catalogName),
-    parameter("{SUPNAME}", ParameterText::supplierName),
-    parameter("{SUPEMAIL}", ParameterText::supplierEmail),
-    parameter("{SUPFAX}", ParameterText::supplierFax),
-    parameter("{SUPSTREET}", ParameterText::supplierStreet),
-    parameter("{SUPCITY}", ParameterText::supplierCity),
-    parameter("{SUPSTATE}", ParameterText::supplierState),
-    parameter("{SUPZIP}", ParameterText::supplierZip),
-    parameter("{SUPCOUNTRY}", ParameterText::supplierCountry),
-    parameter("{SUPPHONE}", ParameterText::supplierPhone),
-    parameter("{SUPCELL}", ParameterText::supplierCell),
-    parameter("{SUPWEB}", ParameterText::supplierWeb),
-    parameter("{CODENAME}", ParameterText::codeCaption),
-    parameter("{DESCNAME}", ParameterText::descriptionCaption),
-    parameter("{PRICENAME}", ParameterText::priceCaption),
-    parameter("{CUR}", ParameterText::currency),
+constexpr std::array parameterTags{
+    ParameterTag{"{TAXNAME}", ParameterText::taxName},
+    ParameterTag{"{CATNAME}", ParameterText::catalogName},
+    ParameterTag{"{SUPNAME}", ParameterText::supplierName},
+    ParameterTag{"{SUPEMAIL}", ParameterText::supplierEmail},
+    ParameterTag{"{SUPFAX}", ParameterText::supplierFax},
+    ParameterTag{"{SUPSTREET}", ParameterText::supplierStreet},
+    ParameterTag{"{SUPCITY}", ParameterText::supplierCity},
+    ParameterTag{"{SUPSTATE}", ParameterText::supplierState},
+    ParameterTag{"{SUPZIP}", ParameterText::supplierZip},
+    ParameterTag{"{SUPCOUNTRY}", ParameterText::supplierCountry},
+    ParameterTag{"{SUPPHONE}", ParameterText::supplierPhone},
+    ParameterTag{"{SUPCELL}", ParameterText::supplierCell},
+    ParameterTag{"{SUPWEB}", ParameterText::supplierWeb},
+    ParameterTag{"{CODENAME}", ParameterText::codeCaption},
+    ParameterTag{"{DESCNAME}", ParameterText::descriptionCaption},
+    ParameterTag{"{PRICENAME}", ParameterText::priceCaption},
+    ParameterTag{"{CUR}", ParameterText::currency},
 };
 
 std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly) {
@@ -55,6 +49,12 @@ std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly)
 
 }
 
+std::optional<ParameterText> parameterOf(std::string_view tag) {
+    const auto* const found = std::find_if(parameterTags.begin(), parameterTags.end(),
+                                           [&](const auto& known) { return known.tag == tag; });
+    return found == parameterTags.end() ? std::nullopt : std::optional(found->text);
+}
+
 ParameterFields::ParameterFields(const catalog::Parameters& parameters, const catalog::Folders& folders,
                                  bool programFileIsReadOnly)
     : m_parameters(parameters),
@@ -62,9 +62,12 @@ ParameterFields::ParameterFields(const catalog::Parameters& parameters, const ca
       m_noImg(noImgOf(folders, programFileIsReadOnly)) {}
 
 unsigned ParameterFields::number(std::string_view tag) const {
-    const auto found =
-        std::find_if(tags.begin(), tags.end(), [&](const auto& known) { return known.tag == tag; });
-    return found == tags.end() ? 0 : found->number;
+    if (tag == "{DIR}")
+        return dirNumber;
+    if (tag == "{NOIMG}")
+        return noImgNumber;
+    const auto text = parameterOf(tag);
+    return text ? static_cast<unsigned>(*text) : 0;
 }
 
 void ParameterFields::append(unsigned number, std::string& out) const {

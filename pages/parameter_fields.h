@@ -3,10 +3,14 @@
 #include "catalog/catalog.h"
 #include "pages/fields.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace pages {
+
+/// The parameter text that a tag ("{SUPNAME}") stands for in every kind of template.
+[[nodiscard]] std::optional<catalog::ParameterText> parameterOf(std::string_view tag);
 
 /// The tags that need no product: the catalogue's parameter texts and the folders. Tags of a product are
 /// unknown here and so empty. The parameters must live as long.

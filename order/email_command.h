@@ -1,0 +1,34 @@
+#pragma once
+
+#include "order/order_document.h"
+#include "platform/mailer.h"
+#include "platform/message_box.h"
+
+#include <optional>
+
+namespace order {
+
+/// The toolbar's "Email".
+class EmailCommand {
+public:
+    /// The parameters must live as long.
+    EmailCommand(const catalog::Parameters& parameters, const OrderWriter& writer,
+                 platform::MessageBox& messageBox, platform::Mailer& mailer);
+
+    /// Checks the order and sends it to the supplier, or tells why not. Throws base::DamagedFile for a
+    /// damaged template.
+    void run(const OrderContents& order);
+
+private:
+    [[nodiscard]] std::optional<platform::Mail> compose(const pages::TemplateFile& file,
+                                                        const OrderContents& order) const;
+    // Whether it is on its way, or open for the user to send.
+    [[nodiscard]] bool send(const platform::Mail& mail);
+
+    const catalog::Parameters& m_parameters;
+    const OrderWriter& m_writer;
+    platform::MessageBox& m_messageBox;
+    platform::Mailer& m_mailer;
+};
+
+}

@@ -1,0 +1,189 @@
+#include "order/order_fields.h"
+
+#include "base/money.h"
+#include "base/numbers.h"
+#include "base/text.h"
+#include "order/money.h"
+#include "pages/parameter_fields.h"
+
+#include <algorithm>
+#include <array>
+
+namespace order {
+namespace {
+
+using catalog::ParameterText;
+
+constexpr int decimals = 2;
+
+/// A row and what its values depend on besides.
+struct ShownRow {
+    const DocumentRow& cells;
+    bool exempt;
+    int quantityDecimals;
+};
+
+/// The order and the kind of document.
+struct ShownOrder {
+    const OrderContents& order;
+    OutputKind kind;
+};
+
+void appendMoney(std::string& out, double value) {
+    base::appendFixed(out, base::held(value), decimals);
+}
+
+// Deliberate: without decimals the point stays, "5.".
+void appendQuantity(const ShownRow& row, std::string& out) {
+    base::appendFixed(out, typedQuantity(row.cells.quantity), row.quantityDecimals);
+    if (row.quantityDecimals == 0)
+        out += '.';
+}
+
+// Deliberate: in a taxed order the tax's text is written behind the price's, not added to it, and the
+// whole taken as a number: 12 and 1.5 make 121.50.
+void appendPriceWithTax(const ShownRow& row, std::string& out) {
+    const auto text = row.exempt ? row.cells.price : row.cells.price + row.cells.tax;
+    const auto price = base::wholeNumber(text);
+    if (!price)
+        throw NotANumber("\"" + text + "\" is no price");
+    appendMoney(out, row.exempt ? *price : base::roundToCents(*price));
+}
+
+void appendAmountWithoutTax(const ShownRow& row, std::string& out) {
+    appendMoney(out, base::parseNumber(row.cells.amount) - base::parseNumber(row.cells.tax));
+}
+
+void appendTax(const ShownRow& row, std::string& out) {
+    appendMoney(out, base::parseNumber(row.cells.tax));
+}
+
+template <std::string DocumentRow::*Cell>
+void appendCell(const ShownRow& row, std::string& out) {
+    out += row.cells.*Cell;
+}
+
+struct RowTag {
+    std::string_view tag;
+    void (*append)(const ShownRow&, std::string&);
+};
+
+constexpr std::array rowTags{
+    RowTag{"{QTY}", appendQuantity},
+    RowTag{"{CODE}", appendCell<&DocumentRow::code>},
+    RowTag{"{DESC}", appendCell<&DocumentRow::description>},
+    RowTag{"{OTHER}", appendCell<&DocumentRow::other>},
+    RowTag{"{TAX%}", appendCell<&DocumentRow::taxRate>},
+    RowTag{"{TAX$}", appendTax},
+    RowTag{"{PRICEEXC}", appendCell<&DocumentRow::price>},
+    RowTag{"{PRICEINC}", appendPriceWithTax},
+    RowTag{"{AMTINC}", appendCell<&DocumentRow::amount>},
+    RowTag{"{AMTEXC}", appendAmountWithoutTax},
+};
+
+template <std::string DeliveryDetails::*Detail>
+void appendTrimmed(const ShownOrder& shown, std::string& out) {
+    out += base::trim(shown.order.details.*Detail);
+}
+
+template <std::string DeliveryDetails::*Detail>
+void appendAsTyped(const ShownOrder& shown, std::string& out) {
+    out += shown.order.details.*Detail;
+}
+
+void appendToday(const ShownOrder& shown, std::string& out) {
+    out += shown.order.today;
+}
+
+void appendDeliveryDate(const ShownOrder& shown, std::string& out) {
+    out += shown.order.deliveryDate;
+}
+
+void appendComment(const ShownOrder& shown, std::string& out) {
+    const auto comment = base::trim(shown.order.comment);
+    if (shown.kind == OutputKind::print)
+        out += base::replaceAll(comment, "\r\n", " <br>");
+    else
+        out += comment;
+}
+
+void appendOrderNumber(const ShownOrder& shown, std::string& out) {
+    out += base::trim(shown.order.orderNumber);
+}
+
+void appendTaxTotal(const ShownOrder& shown, std::string& out) {
+    appendMoney(out, double{shown.order.totals.tax});
+}
+
+void appendTotal(const ShownOrder& shown, std::string& out) {
+    appendMoney(out, double{shown.order.totals.order});
+}
+
+// To the cent, which the difference of two singles is not.
+void appendTotalWithoutTax(const ShownOrder& shown, std::string& out) {
+    const auto& totals = shown.order.totals;
+    appendMoney(out, base::roundToCents(double{totals.order} - double{totals.tax}));
+}
+
+struct OrderTag {
+    std::string_view tag;
+    void (*append)(const ShownOrder&, std::string&);
+};
+
+constexpr std::array orderTags{
+    OrderTag{"{ATTENTION}", appendTrimmed<&DeliveryDetails::attention>},
+    OrderTag{"{ORGNAME}", appendTrimmed<&DeliveryDetails::business>},
+    OrderTag{"{STREET}", appendTrimmed<&DeliveryDetails::street>},
+    OrderTag{"{CITY}", appendAsTyped<&DeliveryDetails::city>},
+    OrderTag{"{STATE}", appendTrimmed<&DeliveryDetails::state>},
+    OrderTag{"{ZIP}", appendAsTyped<&DeliveryDetails::zip>},
+    OrderTag{"{COUNTRY}", appendAsTyped<&DeliveryDetails::country>},
+    OrderTag{"{PHONE}", appendAsTyped<&DeliveryDetails::phone>},
+    OrderTag{"{TODAY}", appendToday},
+    OrderTag{"{DELDATE}", appendDeliveryDate},
+    OrderTag{"{COMMENT}", appendComment},
+    OrderTag{"{REFNUM}", appendOrderNumber},
+    OrderTag{"{TOTTAX}", appendTaxTotal},
+    OrderTag{"{TOTINC}", appendTotal},
+    OrderTag{"{TOTEXC}", appendTotalWithoutTax},
+};
+
+// A parameter text has the number of its record, from 2 to 19; the other tags follow these numbers.
+constexpr unsigned firstRowTag = 20;
+constexpr unsigned firstOrderTag = firstRowTag + static_cast<unsigned>(rowTags.size());
+
+template <typename Tags>
+unsigned numberIn(const Tags& tags, std::string_view tag, unsigned first) {
+    const auto found =
+        std::find_if(tags.begin(), tags.end(), [&](const auto& known) { return known.tag == tag; });
+    return found == tags.end() ? 0 : first + static_cast<unsigned>(found - tags.begin());
+}
+
+}
+
+OrderFields::OrderFields(const catalog::Parameters& parameters, const OrderContents& order, OutputKind kind)
+    : m_parameters(parameters),
+      m_order(order),
+      m_row(order.rows.empty() ? nullptr : &order.rows.front()),
+      m_kind(kind) {}
+
+unsigned OrderFields::number(std::string_view tag) const {
+    if (const auto text = pages::parameterOf(tag))
+        return static_cast<unsigned>(*text);
+    if (const auto row = numberIn(rowTags, tag, firstRowTag); row != 0)
+        return row;
+    return numberIn(orderTags, tag, firstOrderTag);
+}
+
+void OrderFields::append(unsigned number, std::string& out) const {
+    if (number < firstRowTag) {
+        out += m_parameters.text(static_cast<ParameterText>(number));
+    } else if (number >= firstOrderTag) {
+        orderTags[number - firstOrderTag].append({m_order, m_kind}, out);
+    } else if (m_row != nullptr) {
+        const bool exempt = m_order.taxStatus == TaxStatus::exempt;
+        rowTags[number - firstRowTag].append({*m_row, exempt, m_parameters.header().quantityDecimals()}, out);
+    }
+}
+
+}

@@ -1,0 +1,38 @@
+#include "ui/system/sendmail_mailer.h"
+
+#include "order/mail_message.h"
+#include "ui/system/mail_stamp.h"
+#include "ui/system/waiting_process.h"
+
+#include <QStandardPaths>
+
+#include <utility>
+
+namespace ui::system {
+
+std::optional<QString> findSendmail(const QStringList& otherFolders) {
+    const auto name = QStringLiteral("sendmail");
+    auto found = QStandardPaths::findExecutable(name);
+    if (found.isEmpty())
+        found = QStandardPaths::findExecutable(name, otherFolders);
+    return found.isEmpty() ? std::nullopt : std::optional(found);
+}
+
+SendmailMailer::SendmailMailer(QString command, std::chrono::milliseconds timeLimit)
+    : m_command(std::move(command)), m_timeLimit(timeLimit) {}
+
+platform::Mailer::Outcome SendmailMailer::send(const platform::Mail& mail) {
+    QProcess process;
+    process.setProgram(m_command);
+    // A line with a single dot does not end the message (-oi); its head names the recipients (-t).
+    process.setArguments({QStringLiteral("-oi"), QStringLiteral("-t")});
+    runFor(process, QByteArray::fromStdString(order::mailMessage(mail, mailStamp())), m_timeLimit);
+    if (process.state() != QProcess::NotRunning) {
+        process.kill();
+        process.waitForFinished();
+        return Outcome::failed;
+    }
+    return exitCodeOf(process) == 0 ? Outcome::placed : Outcome::failed;
+}
+
+}

@@ -1,0 +1,34 @@
+#include "ui/system/waiting_process.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+namespace ui::system {
+
+void runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit) {
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::stateChanged, &loop, [&loop](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning)
+            loop.quit();
+    });
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    timer.start(timeLimit);
+    process.start();
+    process.write(input);
+    process.closeWriteChannel();
+    if (process.state() != QProcess::NotRunning)
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+std::optional<int> exitCodeOf(const QProcess& process) {
+    if (process.state() != QProcess::NotRunning || process.error() == QProcess::FailedToStart ||
+        process.exitStatus() != QProcess::NormalExit)
+        return std::nullopt;
+    return process.exitCode();
+}
+
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+
+#include <chrono>
+#include <optional>
+
+namespace ui::system {
+
+/// Starts the process, which has its program and arguments, gives it the input and waits in an event loop,
+/// so that windows stay alive, until it has ended or the time is over; then it may still run. What the user
+/// does meanwhile takes effect afterwards.
+void runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit);
+
+/// Nothing for a process that still runs, was killed or could not be started.
+[[nodiscard]] std::optional<int> exitCodeOf(const QProcess& process);
+
+}
