@@ -18,8 +18,6 @@
 #include "ui/system/screen.h"
 #include "ui/system/zip_extractor.h"
 
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -27,6 +25,7 @@
 #include <QProcess>
 #include <QStackedWidget>
 #include <QTimer>
+#include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -58,7 +57,9 @@ protected:
 class BenchProgramFile final : public platform::ProgramFile {
 public:
     explicit BenchProgramFile(fs::path path) : m_path(std::move(path)) {}
+
     [[nodiscard]] fs::path path() const override { return m_path; }
+
     [[nodiscard]] bool isReadOnly() const override { return false; }
 
 private:
@@ -123,7 +124,9 @@ public:
         session.folders = {m_folder, m_folder, m_folder};
         session.layout = {"50", "2", "3"};
     }
+
     ~Sample() { fs::remove_all(m_folder); }
+
     Sample(const Sample&) = delete;
     Sample& operator=(const Sample&) = delete;
 
@@ -145,7 +148,8 @@ void rowChangeToLoadedPage(benchmark::State& state) {
     page.resize(900, 500);
     static_cast<QWidget&>(page).show();
     ui::Browsing browsing(sample.session, catalog, banner, page);
-    ui::qt::PageTurner turner(page, [&](int row) { browsing.showRecord(row + 1); }, nullptr);
+    ui::qt::PageTurner turner(
+        page, [&](int row) { browsing.showRecord(row + 1); }, nullptr);
     turner.start();
     QEventLoop loop;
     QObject::connect(&page, &ui::qt::PageBrowser::loaded, &loop, &QEventLoop::quit);
@@ -197,7 +201,8 @@ void openOrderView(benchmark::State& state) {
     support::CatalogBuilder many;
     many.groups = {{"All", 1, 0, 0}};
     for (int i = 0; i < manyLines; ++i)
-        many.products.push_back({.text = "P" + std::to_string(i) + "\nArticle\nBox", .price = 1.25F, .taxRate = 20});
+        many.products.push_back(
+            {.text = "P" + std::to_string(i) + "\nArticle\nBox", .price = 1.25F, .taxRate = 20});
     many.writeTo(sample.session.folders.DataFolder);
     const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
     ui::qt::MessageBoxes messages;
@@ -230,7 +235,8 @@ void openOrderView(benchmark::State& state) {
 
 void openGroupList(benchmark::State& state) {
     ui::qt::GroupBox box(nullptr);
-    std::vector<pages::GroupEntry> entries(static_cast<std::size_t>(state.range(0)), {"Hexagon nut M6, zinc plated", 1});
+    std::vector<pages::GroupEntry> entries(static_cast<std::size_t>(state.range(0)),
+                                           {"Hexagon nut M6, zinc plated", 1});
     box.show();
     for (auto _ : state) {
         box.showEntries(entries);
@@ -253,12 +259,28 @@ int main(int argc, char* argv[]) {
     benchmark::Initialize(&argc, argv);
     prepareApplication();
     const QApplication application(argc, argv);
-    for (const auto& [name, mode] : {std::pair{"firstPaint/program", programMode}, std::pair{"firstPaint/bareWindow", bareMode}})
-        benchmark::RegisterBenchmark(name, firstPaint, mode)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
-    benchmark::RegisterBenchmark("rowChangeToLoadedPage", rowChangeToLoadedPage)->UseRealTime()->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("bareLoadOfTheSameFile", bareLoadOfTheSameFile)->UseRealTime()->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("openOrderView", openOrderView)->Arg(0)->Arg(manyLines)->UseRealTime()->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("openGroupList", openGroupList)->Arg(10)->Arg(manyLines)->UseRealTime()->Unit(benchmark::kMillisecond);
+    for (const auto& [name, mode] :
+         {std::pair{"firstPaint/program", programMode}, std::pair{"firstPaint/bareWindow", bareMode}})
+        benchmark::RegisterBenchmark(name, firstPaint, mode)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(5);
+    benchmark::RegisterBenchmark("rowChangeToLoadedPage", rowChangeToLoadedPage)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("bareLoadOfTheSameFile", bareLoadOfTheSameFile)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("openOrderView", openOrderView)
+        ->Arg(0)
+        ->Arg(manyLines)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("openGroupList", openGroupList)
+        ->Arg(10)
+        ->Arg(manyLines)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

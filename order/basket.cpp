@@ -7,9 +7,7 @@
 namespace order {
 
 Basket::Basket(const catalog::ProductTable& products, bool chargesTax, BasketFile& file)
-    : m_products(products),
-      m_file(file),
-      m_chargesTax(chargesTax) {}
+    : m_products(products), m_file(file), m_chargesTax(chargesTax) {}
 
 LineChange Basket::update(std::int32_t product, float quantity) {
     const auto oldLine = lineOf(product);

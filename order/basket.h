@@ -81,8 +81,9 @@ private:
     bool m_chargesTax;
     TaxStatus m_taxStatus = TaxStatus::taxed;
     std::vector<BasketLine> m_lines;
-    std::vector<std::int32_t> m_recordOf; // basket record by product, 0 for none; empty before the first order
-    std::int32_t m_lastRecord = 0;        // given to a product so far
+    std::vector<std::int32_t>
+        m_recordOf;                // basket record by product, 0 for none; empty before the first order
+    std::int32_t m_lastRecord = 0; // given to a product so far
     CentSum m_orderTotal;
     CentSum m_taxTotal;
 };

@@ -25,8 +25,8 @@ constexpr std::array details{
 };
 
 std::string quotedAgain(const std::string& text) {
-    const bool quoted = text.size() >= 2 && text.front() == text.back() &&
-                        (text.front() == '"' || text.front() == '\'');
+    const bool quoted =
+        text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
     return quoted ? text.front() + text + text.front() : text;
 }
 

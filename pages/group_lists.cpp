@@ -46,7 +46,8 @@ struct EntriesOf {
 
     std::vector<GroupEntry> operator()(FromRecord start) const {
         const auto record = catalog.products.at(start.record);
-        return record.isProduct() ? productsFrom(catalog, start.record) : siblingsFrom(catalog, record.group());
+        return record.isProduct() ? productsFrom(catalog, start.record)
+                                  : siblingsFrom(catalog, record.group());
     }
 
     std::vector<GroupEntry> operator()(FromParentOf start) const {

@@ -21,9 +21,11 @@ struct GroupEntry {
 struct FromRecord {
     std::int32_t record = 0;
 };
+
 struct FromParentOf {
     std::int32_t group = 0;
 };
+
 using ListStart = std::variant<std::monostate, FromRecord, FromParentOf>;
 
 /// The entries of the list that starts there. Walks end with the list, the file, or after as many entries
@@ -44,7 +46,9 @@ public:
     /// Fills the first list.
     explicit GroupLists(const catalog::Catalog& catalog);
 
-    [[nodiscard]] const std::vector<GroupEntry>& entries(int list) const { return m_lists.at(at(list)).entries; }
+    [[nodiscard]] const std::vector<GroupEntry>& entries(int list) const {
+        return m_lists.at(at(list)).entries;
+    }
 
     /// The user has chosen an entry: its record number, or 0 where the entry selects nothing. Choosing a
     /// group prepares the next list, which then holds "Please Select" only.
@@ -52,6 +56,7 @@ public:
         std::int32_t record = 0;
         bool preparedNext = false;
     };
+
     Choice choose(int list, int entry);
 
     /// The user enters or opens a list: one with fewer than two entries is filled. True when it changed.

@@ -16,7 +16,9 @@ public:
     std::optional<std::int32_t> back(std::int32_t shown);
 
     /// There is nothing earlier to return to than this record.
-    [[nodiscard]] bool holdsOnly(std::int32_t record) const { return m_records.size() == 1 && m_records.front() == record; }
+    [[nodiscard]] bool holdsOnly(std::int32_t record) const {
+        return m_records.size() == 1 && m_records.front() == record;
+    }
 
     [[nodiscard]] std::size_t size() const { return m_records.size(); }
 

@@ -14,6 +14,7 @@ public:
     static constexpr std::size_t mostBytes = std::size_t{8} * 1024 * 1024;
 
     explicit RenderGuard(const std::filesystem::path& templatePath) : m_path(templatePath) {}
+
     explicit RenderGuard(std::filesystem::path&&) = delete;
 
     void countReplacements(std::size_t count) {

@@ -29,11 +29,14 @@ Script& Script::when(const QString& what, Condition ready, Action act) {
 
 Script& Script::pause(int milliseconds) {
     auto waited = std::make_shared<QElapsedTimer>();
-    return when("a pause", [waited, milliseconds] {
-        if (!waited->isValid())
-            waited->start();
-        return waited->elapsed() >= milliseconds;
-    }, [] {});
+    return when(
+        "a pause",
+        [waited, milliseconds] {
+            if (!waited->isValid())
+                waited->start();
+            return waited->elapsed() >= milliseconds;
+        },
+        [] {});
 }
 
 bool Script::run() {
@@ -101,9 +104,10 @@ void press(QMessageBox& box, QMessageBox::StandardButton button) {
 
 void clickInPage(QWebEngineView& view, const QString& selector, Qt::MouseButton button,
                  Qt::KeyboardModifiers modifiers) {
-    const auto script = "(function () { var e = document.querySelector(" + quoted(selector) +
-                        "); if (!e) return null; e.scrollIntoView({block: 'center'});"
-                        " var r = e.getClientRects()[0]; return [r.left + r.width / 2, r.top + r.height / 2]; })()";
+    const auto script =
+        "(function () { var e = document.querySelector(" + quoted(selector) +
+        "); if (!e) return null; e.scrollIntoView({block: 'center'});"
+        " var r = e.getClientRects()[0]; return [r.left + r.width / 2, r.top + r.height / 2]; })()";
     view.page()->runJavaScript(script, 1, [&view, selector, button, modifiers](const QVariant& found) {
         const auto place = found.toList();
         if (place.size() != 2) {

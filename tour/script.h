@@ -24,8 +24,9 @@ public:
     /// Gives what has been loaded time to reach the screen.
     Script& pause(int milliseconds);
 
-    /// May be called again after more steps have been added. Runs the event loop until the last step is done (true), or a step waited too long or the program
-    /// left its event loop before (false; says which step on standard error).
+    /// May be called again after more steps have been added. Runs the event loop until the last step is done
+    /// (true), or a step waited too long or the program left its event loop before (false; says which step on
+    /// standard error).
     [[nodiscard]] bool run();
 
 private:

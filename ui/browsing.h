@@ -36,6 +36,7 @@ public:
 
     /// The record to go back to, for `showRecord`. Nothing where there is none.
     [[nodiscard]] std::optional<std::int32_t> stepBack() { return m_history.back(m_currentRecord); }
+
     [[nodiscard]] const pages::History& history() const { return m_history; }
 
     /// For all pages from now on; a record's page that is up is shown again, with its prices.
@@ -45,7 +46,9 @@ public:
     [[nodiscard]] bool recordIsUp() const { return m_recordIsUp; }
 
     [[nodiscard]] const std::filesystem::path& scratchPage() const { return m_scratchPage.path(); }
+
     [[nodiscard]] std::int32_t currentRecord() const { return m_currentRecord; }
+
     [[nodiscard]] pages::TaxStatus taxStatus() const { return m_taxStatus; }
 
 private:

@@ -41,7 +41,8 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
         {Field::other, extra, extraColumnWidth, extraAlign.header, extraAlign.text, -1, !extra.empty()}};
     if (parameters.chargesTax())
         columns.push_back({Field::taxRate, taxName + "%", 11, right, right, 2, true});
-    columns.push_back({Field::price, parameters.text(ParameterText::priceCaption), 12, right, right, 2, true});
+    columns.push_back(
+        {Field::price, parameters.text(ParameterText::priceCaption), 12, right, right, 2, true});
     if (parameters.chargesTax())
         columns.push_back({Field::tax, taxName, 11, right, right, 2, true});
     columns.push_back({Field::total, "Total", 10 + totalExtraWidth, right, right, 2, true});

@@ -27,7 +27,8 @@ std::filesystem::path asPath(std::string address) {
 LinkRules::LinkRules(const catalog::Catalog& catalog, const catalog::Folders& folders)
     : m_catalog(catalog),
       m_files(pageFilesOf(folders)),
-      m_folders{asAddress(folders.UserFolder), asAddress(folders.DataFolder), asAddress(folders.ProgramFolder)} {}
+      m_folders{asAddress(folders.UserFolder), asAddress(folders.DataFolder),
+                asAddress(folders.ProgramFolder)} {}
 
 LinkEnd LinkRules::follow(std::string_view encodedAddress) const {
     const auto address = readAddress(encodedAddress);

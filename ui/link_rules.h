@@ -14,14 +14,19 @@ namespace ui {
 
 /// Where a link of a catalogue page leads.
 struct LeadsNowhere {};
+
 struct LeadsToProduct {
     std::int32_t record; ///< in Prdlst.dat
 };
+
 struct LeadsToMissingProduct {};
+
 struct LeadsToPage {
     std::filesystem::path file; ///< exists, and pages may have it
 };
+
 struct LeadsOutside {}; ///< to the web, for the system's browser
+
 using LinkEnd = std::variant<LeadsNowhere, LeadsToProduct, LeadsToMissingProduct, LeadsToPage, LeadsOutside>;
 
 /// The link rules of one open catalogue, which must outlive them.

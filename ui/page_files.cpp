@@ -10,9 +10,11 @@
 
 namespace ui {
 namespace fs = std::filesystem;
+
 namespace {
 
-constexpr std::array<std::string_view, 7> privateEndings = {".ini", ".dat", ".idx", ".ect", ".sup", ".zip", ".exe"};
+constexpr std::array<std::string_view, 7> privateEndings = {".ini", ".dat", ".idx", ".ect",
+                                                            ".sup", ".zip", ".exe"};
 
 bool isPrivate(const fs::path& path) {
     const auto ending = base::textOf(path.extension());

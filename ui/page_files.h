@@ -17,7 +17,8 @@ public:
     explicit PageFiles(const std::vector<std::filesystem::path>& folders);
 
     /// The file's true path; nothing where the page may not have it or there is none.
-    [[nodiscard]] std::optional<std::filesystem::path> find(const std::filesystem::path& asked, Resource resource) const;
+    [[nodiscard]] std::optional<std::filesystem::path> find(const std::filesystem::path& asked,
+                                                            Resource resource) const;
 
     /// Whether a path, existing or not, lies in one of the folders.
     [[nodiscard]] bool contains(const std::filesystem::path& path) const;

@@ -21,7 +21,8 @@ struct ToolbarButton {
 
 inline constexpr std::array toolbarButtons{
     ToolbarButton{Command::exit, "Exit", "Exit", "Save the delivery details and leave (Ctrl+Q)"},
-    ToolbarButton{Command::search, "Search", "Search", "Search the list for a code or a description (Ctrl+F)"},
+    ToolbarButton{Command::search, "Search", "Search",
+                  "Search the list for a code or a description (Ctrl+F)"},
     ToolbarButton{Command::back, "Back", "Back", "Go back to the page shown before (Alt+Left)"},
     ToolbarButton{Command::priceList, "Plist", "Price List", "Show the list of products"},
     ToolbarButton{Command::checkOut, "CheckOut", "Check Out", "Show the order and its delivery details"},
@@ -35,8 +36,11 @@ inline constexpr std::array toolbarButtons{
 class ToolbarState {
 public:
     [[nodiscard]] bool enabled(Command command) const { return m_enabled[index(command)]; }
+
     [[nodiscard]] bool visible(Command command) const { return !m_hidden[index(command)]; }
+
     void enable(Command command, bool on) { m_enabled[index(command)] = on; }
+
     void hide(Command command) { m_hidden[index(command)] = true; }
 
     friend bool operator==(const ToolbarState&, const ToolbarState&) = default;
@@ -53,7 +57,8 @@ enum class ViewMode { catalogue, order };
 
 /// The state in which the main window opens, with nothing ordered and nothing shown yet.
 /// `emailStatus` is the setting Email/Status of Start.ini.
-[[nodiscard]] ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_view emailStatus);
+[[nodiscard]] ToolbarState openingToolbar(const catalog::Parameters& parameters,
+                                          std::string_view emailStatus);
 
 /// The buttons after each thing that happens to the order; those that it does not concern stay as they are.
 /// "Check Out" is for the catalogue view with an order total other than 0, "Clear" for a total above 0.

@@ -11,17 +11,23 @@ namespace {
 class GroupListsTest : public testing::Test {
 protected:
     GroupListsTest() {
-        builder.groups = {{"Table of Contents", 1, 2, 0}, {" Bolts ", 2, 4, 1}, {"Paint", 7, 0, 1},
-                          {"Hex", 3, 0, 2},               {"Eye", 5, 0, 2}};
-        builder.products = {header("Contents", 1), header("Bolts", 2),        header("Hex", 4),
-                            product("H1\nHex 1\n", 4), header("Eye", 5),      product("E1\nEye 1\nBox", 5),
+        builder.groups = {{"Table of Contents", 1, 2, 0},
+                          {" Bolts ", 2, 4, 1},
+                          {"Paint", 7, 0, 1},
+                          {"Hex", 3, 0, 2},
+                          {"Eye", 5, 0, 2}};
+        builder.products = {header("Contents", 1),     header("Bolts", 2),      header("Hex", 4),
+                            product("H1\nHex 1\n", 4), header("Eye", 5),        product("E1\nEye 1\nBox", 5),
                             header("Paint", 3),        product("P1\nRed\n", 3), product("P2\nBlue\n", 3)};
     }
 
     static support::Product header(const char* name, std::int16_t group) {
         return {.text = "\n" + std::string(name) + "\n", .group = group, .flag = 'N'};
     }
-    static support::Product product(const char* text, std::int16_t group) { return {.text = text, .group = group}; }
+
+    static support::Product product(const char* text, std::int16_t group) {
+        return {.text = text, .group = group};
+    }
 
     const catalog::Catalog& open() {
         builder.writeTo(folder);

@@ -11,6 +11,7 @@ using pages::LinkTarget;
 
 TEST(Links, AreJudgedByTheirNameAndWhatStandsBehindIt) {
     const std::vector<std::string> folders{"\\other\\", "\\home\\anna\\odd?.htm|folder\\"};
+
     const struct {
         const char* name;
         Link link;
@@ -26,6 +27,7 @@ TEST(Links, AreJudgedByTheirNameAndWhatStandsBehindIt) {
         {"Tmp.htm?A#B", {LinkTarget::product, "A#B", false}},
         {"Pic.jpg?x.htm", {LinkTarget::product, "X.HTM", false}},
     };
+
     for (const auto& c : cases)
         EXPECT_EQ(pages::judgeLink(folders[1] + c.name, true, folders), c.link) << c.name;
 }
@@ -34,7 +36,8 @@ TEST(Links, LeadOutOnlyToTheWeb) {
     const auto judge = [](const char* address) { return pages::judgeLink(address, false, {}).target; };
     EXPECT_EQ(judge("http://example.com/X.HTM?AB 1"), LinkTarget::outside);
     EXPECT_EQ(judge("HTTPS://example.com/index.html"), LinkTarget::outside);
-    for (const char* address : {"http://example.com/", "mailto:x@y.htm", "mailto:a@b", "ftp://a/b.htm", "", "c:\\x.htm"})
+    for (const char* address :
+         {"http://example.com/", "mailto:x@y.htm", "mailto:a@b", "ftp://a/b.htm", "", "c:\\x.htm"})
         EXPECT_EQ(judge(address), LinkTarget::nothing) << address;
 }
 

@@ -1,10 +1,9 @@
+#include "catalog/catalog.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
 #include "ui/grid_columns.h"
 #include "ui/product_cells.h"
 #include "ui/toolbar.h"
-
-#include "catalog/catalog.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +19,10 @@ using ui::Field;
 class MainWindowParts : public testing::Test {
 protected:
     MainWindowParts() {
-        builder.texts = {{ParameterText::codeCaption, "Item"}, {ParameterText::descriptionCaption, "Article"},
-                         {ParameterText::taxName, "GST%"},     {ParameterText::priceCaption, "Each"}};
+        builder.texts = {{ParameterText::codeCaption, "Item"},
+                         {ParameterText::descriptionCaption, "Article"},
+                         {ParameterText::taxName, "GST%"},
+                         {ParameterText::priceCaption, "Each"}};
         builder.groups = {{"All", 1, 0, 0}};
         builder.products = {{.text = "G\nBolts\n", .flag = 'N'},
                             {.text = "B1\nBolt\nBox 10", .price = 22.5F, .taxRate = 12.5F, .memo = "long"}};
@@ -44,19 +45,20 @@ protected:
 };
 
 TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
-    EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description, Field::other,
-                                     Field::taxRate, Field::price, Field::tax, Field::total}));
+    EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description,
+                                     Field::other, Field::taxRate, Field::price, Field::tax, Field::total}));
     EXPECT_EQ(ui::productColumns(parameters())[5].caption, "GST%");
     EXPECT_EQ(ui::productColumns(parameters())[7].caption, "GST");
     builder.taxSwitch = 'N';
-    EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description, Field::other,
-                                     Field::price, Field::total}));
+    EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description,
+                                     Field::other, Field::price, Field::total}));
 }
 
 TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet) {
     const auto numberOf = [&](Field field) {
         const auto columns = ui::orderColumns(parameters());
-        return std::find_if(columns.begin(), columns.end(), [&](const ui::Column& column) { return column.field == field; }) -
+        return std::find_if(columns.begin(), columns.end(),
+                            [&](const ui::Column& column) { return column.field == field; }) -
                columns.begin();
     };
     EXPECT_EQ(numberOf(Field::taxRate), 4);
@@ -72,6 +74,7 @@ TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet)
 TEST_F(MainWindowParts, TheExtraColumnShowsOnlyWithACaptionAndAlignsByItsLetter) {
     EXPECT_FALSE(ui::productColumns(parameters())[4].shown);
     builder.texts[ParameterText::extraCaption] = "Pack";
+
     const struct {
         char letter;
         Alignment header, text;
@@ -79,6 +82,7 @@ TEST_F(MainWindowParts, TheExtraColumnShowsOnlyWithACaptionAndAlignsByItsLetter)
                  {'R', Alignment::rightHeader, Alignment::right},
                  {' ', Alignment::centred, Alignment::centred},
                  {'l', Alignment::centred, Alignment::centred}};
+
     for (const auto& c : cases) {
         builder.extraColumnAlignment = c.letter;
         const auto column = ui::productColumns(parameters())[4];

@@ -7,6 +7,7 @@ namespace {
 TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
     const std::string folder = "file:///home/anna/ACME/";
     const std::string read = "\\home\\anna\\ACME\\";
+
     const struct {
         const char* encoded;
         const char* text;
@@ -30,6 +31,7 @@ TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
         {"Acme%20Co", "Acme Co"},
         {"Caf%C3%A9%CE%A9", "Caf\xE9&#937;"},
     };
+
     for (const auto& c : cases) {
         const auto address = ui::readAddress(folder + c.encoded);
         EXPECT_EQ(address.text, read + c.text) << c.encoded;
@@ -38,8 +40,8 @@ TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
 }
 
 TEST(LinkAddress, KnowsWhatIsNoFileOfThisComputer) {
-    for (const char* encoded : {"http://example.com/X.HTM?AB%201", "mailto:a@b?subject=x", "file://server/share/x.htm",
-                                "c:%5CProg%5CTmp.htm", "", "?", "%"})
+    for (const char* encoded : {"http://example.com/X.HTM?AB%201", "mailto:a@b?subject=x",
+                                "file://server/share/x.htm", "c:%5CProg%5CTmp.htm", "", "?", "%"})
         EXPECT_FALSE(ui::readAddress(encoded).isFile) << encoded;
     EXPECT_EQ(ui::readAddress("mailto:a%40b").text, "mailto:a@b");
     EXPECT_EQ(ui::readAddress("file:///C:/Prog/ACME/Tmp.htm?A").text, "C:\\Prog\\ACME\\Tmp.htm?A");

@@ -1,6 +1,5 @@
-#include "ui/page_files.h"
-
 #include "tests/support/test_folder.h"
+#include "ui/page_files.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +17,9 @@ protected:
         const auto root = fs::canonical(support::testFolder());
         for (const char* folder : {"prog/ACME/Pics", "prog/ACME2", "secret"})
             fs::create_directories(root / folder);
-        for (const char* name : {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini",
-                                 "prog/ACME/PrdPrm.DAT", "prog/ACME/Banner.Ect", "prog/x.zip", "secret/key.jpg"})
+        for (const char* name :
+             {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini", "prog/ACME/PrdPrm.DAT",
+              "prog/ACME/Banner.Ect", "prog/x.zip", "secret/key.jpg"})
             std::ofstream(root / name) << "x";
         fs::create_symlink(root / "secret", root / "prog/ACME/out");
         return root;
@@ -39,8 +39,9 @@ TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
 }
 
 TEST_F(PageFilesTest, KeepsPagesInsideTheFoldersAndAwayFromData) {
-    for (const char* name : {"secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
-                             "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
+    for (const char* name :
+         {"secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
+          "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
         EXPECT_EQ(files.find(root / name, ui::Resource::picture), std::nullopt) << name;
     EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", ui::Resource::other), std::nullopt);
     EXPECT_TRUE(files.contains(root / "prog/ACME/Tmp.htm"));

@@ -19,11 +19,14 @@ public:
     explicit CatalogView(QWidget* parent);
 
     [[nodiscard]] GroupBoxes& groupBoxes() { return *m_groupBoxes; }
+
     [[nodiscard]] ProductGrid& grid() { return *m_grid; }
+
     [[nodiscard]] PageBrowser& page() { return *m_page; }
 
     /// Where the splitter stands, in pixels from the grid's top. A place that makes no sense is not taken.
     [[nodiscard]] int splitTop() const { return m_splitter->handle(1)->y(); }
+
     void setSplitTop(double top);
 
     void searchPage() { m_pageSearch->open(); }

@@ -68,7 +68,8 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     return true;
 }
 
-QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const {
+QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                    const QModelIndex& index) const {
     const int decimals = m_columns.at(static_cast<std::size_t>(index.column())).decimals;
     auto* editor = new QLineEdit(parent);
     editor->setObjectName("quantity");

@@ -25,7 +25,8 @@ public:
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
 
     /// An editor in which nothing was typed leaves the cell alone.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;

@@ -30,7 +30,8 @@ DateBox::DateBox(int number, QWidget* parent) : QLineEdit(parent) {
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
     const auto text = fromQt(event->text());
-    const bool types = text.size() == 1 && static_cast<unsigned char>(text[0]) >= ' ' && event->key() != Qt::Key_Delete &&
+    const bool types = text.size() == 1 && static_cast<unsigned char>(text[0]) >= ' ' &&
+                       event->key() != Qt::Key_Delete &&
                        !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
     if (event->key() == Qt::Key_Backspace || (types && !order::passesIntoDate(text[0])))
         return;

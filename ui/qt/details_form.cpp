@@ -25,17 +25,24 @@ struct BoxDescription {
 };
 
 constexpr std::array boxes{
-    BoxDescription{"txOrgName", "lbOrgName", "*&Business", "Enter your Business Name (mandatory for ordering)",
-                   &DeliveryDetails::business, 1, 0},
-    BoxDescription{"txAtten", "lbAttention", "Attentio&n", "Enter your name", &DeliveryDetails::attention, 2, 0},
-    BoxDescription{"txStreet", "lbStreet", "S&treet", "Enter your delivery Street Address", &DeliveryDetails::street, 3, 0},
-    BoxDescription{"txCity", "lbCity", "Cit&y/Suburb", "Enter your delivery City/Suburb", &DeliveryDetails::city, 4, 0},
-    BoxDescription{"txState", "lbState", "St&ate", "Enter your delivery State", &DeliveryDetails::state, 5, 0},
-    BoxDescription{"txZip", "lbZip", "&Zip Code", "Enter your delivery Zip Code", &DeliveryDetails::zip, 6, 0},
-    BoxDescription{"txCountry", "lbCountry", "Co&untry", "Enter delivery Country", &DeliveryDetails::country, 7, 0},
+    BoxDescription{"txOrgName", "lbOrgName", "*&Business",
+                   "Enter your Business Name (mandatory for ordering)", &DeliveryDetails::business, 1, 0},
+    BoxDescription{"txAtten", "lbAttention", "Attentio&n", "Enter your name", &DeliveryDetails::attention, 2,
+                   0},
+    BoxDescription{"txStreet", "lbStreet", "S&treet", "Enter your delivery Street Address",
+                   &DeliveryDetails::street, 3, 0},
+    BoxDescription{"txCity", "lbCity", "Cit&y/Suburb", "Enter your delivery City/Suburb",
+                   &DeliveryDetails::city, 4, 0},
+    BoxDescription{"txState", "lbState", "St&ate", "Enter your delivery State", &DeliveryDetails::state, 5,
+                   0},
+    BoxDescription{"txZip", "lbZip", "&Zip Code", "Enter your delivery Zip Code", &DeliveryDetails::zip, 6,
+                   0},
+    BoxDescription{"txCountry", "lbCountry", "Co&untry", "Enter delivery Country", &DeliveryDetails::country,
+                   7, 0},
     BoxDescription{"txPhone", "lbPhone", "*&Phone Number", "Enter your Phone (mandatory for ordering)",
                    &DeliveryDetails::phone, 1, 1},
-    BoxDescription{"txOrdNo", "lbOrdNo", "&Order Number", "Enter your order / reference number", nullptr, 2, 1},
+    BoxDescription{"txOrdNo", "lbOrdNo", "&Order Number", "Enter your order / reference number", nullptr, 2,
+                   1},
 };
 
 constexpr int dateRow = 3;
@@ -74,7 +81,8 @@ DetailsForm::DetailsForm(QWidget* parent)
         edit->setObjectName(description.name);
         edit->setAccessibleName(plain(description.caption));
         edit->setToolTip(description.prompt);
-        layout->addWidget(labelFor(edit, description.label, description.caption, this), description.row, 2 * description.column);
+        layout->addWidget(labelFor(edit, description.label, description.caption, this), description.row,
+                          2 * description.column);
         layout->addWidget(edit, description.row, 2 * description.column + 1);
         watch(edit);
         if (description.detail)

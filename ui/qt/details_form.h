@@ -27,7 +27,9 @@ public:
     void focusFirst();
 
     [[nodiscard]] QString orderNumber() const { return m_orderNumber->text(); }
+
     [[nodiscard]] QString comment() const { return m_comment->toPlainText(); }
+
     [[nodiscard]] QString deliveryDate() const { return m_date->date(); }
 
 protected:

@@ -2,13 +2,17 @@
 
 #include "base/files.h"
 #include "base/numbers.h"
+#include "order/email_command.h"
+#include "ui/document_rows.h"
 #include "ui/qt/text.h"
 #include "ui/zoom.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDate>
 #include <QDesktopServices>
 #include <QHeaderView>
+#include <QLocale>
 #include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -46,13 +50,16 @@ QString columnsOf(const Grid& grid) {
 
 }
 
-Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages)
+Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages,
+             platform::Mailer& mailer)
     : m_session(session),
       m_guard(guard),
       m_messages(messages),
+      m_mailer(mailer),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
       m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
       m_ordering(m_catalog, *m_basketFile, messages, m_toolbarState),
+      m_orderWriter(m_catalog.parameters, session.folders.DataFolder, session.layout),
       m_groupLists(m_catalog),
       m_links(m_catalog, m_session.folders),
       m_toolbar(new Toolbar(this)),
@@ -123,12 +130,16 @@ void Form1::restoreSettings() {
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
     connect(&m_catalogView->grid(), &ProductGrid::currentRowChanged, m_turner, &PageTurner::turnTo);
-    connect(&m_catalogView->groupBoxes(), &GroupBoxes::chosen, this, m_guard([this](int record) { goTo(record); }));
+    connect(&m_catalogView->groupBoxes(), &GroupBoxes::chosen, this,
+            m_guard([this](int record) { goTo(record); }));
     connect(&m_catalogView->page(), &PageBrowser::backAsked, this, m_guard([this] { goBack(); }));
-    m_catalogView->page().onLink(m_guard([this](const QUrl& address, bool clicked) { followLink(address, clicked); }));
-    connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this](bool exempt) { setExempt(exempt); }));
+    m_catalogView->page().onLink(
+        m_guard([this](const QUrl& address, bool clicked) { followLink(address, clicked); }));
+    connect(&m_totals->exempt(), &QCheckBox::toggled, this,
+            m_guard([this](bool exempt) { setExempt(exempt); }));
     m_products->onQuantity(m_guard([this](int row, std::string_view text) { editProduct(row, text); }));
-    m_orderView->model().onQuantity(m_guard([this](int row, std::string_view text) { editOrder(row, text); }));
+    m_orderView->model().onQuantity(
+        m_guard([this](int row, std::string_view text) { editOrder(row, text); }));
     // The banner must be up before the scratch page is written again.
     connect(m_banner, &PageBrowser::loaded, m_turner, &PageTurner::start);
     addShortcuts();
@@ -204,8 +215,10 @@ void Form1::runCommand(Command command) {
     case Command::clear:
         clearOrder();
         break;
-    case Command::print:
     case Command::email:
+        emailOrder();
+        break;
+    case Command::print:
     case Command::help:
         break;
     }
@@ -213,8 +226,8 @@ void Form1::runCommand(Command command) {
 
 void Form1::showToolbar() {
     auto shown = m_toolbarState;
-    for (const auto unfinished : {Command::print, Command::email, Command::help})
-        shown.enable(unfinished, false);
+    for (const auto missing : {Command::print, Command::help})
+        shown.enable(missing, false);
     m_toolbar->show(shown);
 }
 
@@ -343,6 +356,24 @@ void Form1::clearOrder() {
     if (wasInOrderView)
         showCatalogView();
     showOrder();
+}
+
+void Form1::emailOrder() {
+    order::EmailCommand(m_catalog.parameters, m_orderWriter, m_messages, m_mailer).run(orderContents());
+}
+
+order::OrderContents Form1::orderContents() {
+    auto& form = m_orderView->details();
+    form.readInto(m_details);
+    m_details.taxExempt = m_totals->exempt().isChecked();
+    return {m_details,
+            fromQt(form.orderNumber()),
+            fromQt(form.comment().replace('\n', "\r\n")),
+            fromQt(form.deliveryDate()),
+            fromQt(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat)),
+            m_ordering.basket().taxStatus(),
+            m_ordering.basket().totals(),
+            documentRows(m_catalog, m_ordering.grids().orderRows())};
 }
 
 void Form1::commitPending() {

@@ -3,16 +3,19 @@
 #include "app/session.h"
 #include "catalog/catalog.h"
 #include "order/delivery_details.h"
+#include "order/order_contents.h"
+#include "order/order_document.h"
 #include "pages/group_lists.h"
+#include "platform/mailer.h"
 #include "ui/browsing.h"
 #include "ui/link_rules.h"
 #include "ui/ordering.h"
 #include "ui/qt/catalog_view.h"
 #include "ui/qt/find.h"
 #include "ui/qt/guard.h"
-#include "ui/qt/product_model.h"
 #include "ui/qt/order_view.h"
 #include "ui/qt/page_turner.h"
+#include "ui/qt/product_model.h"
 #include "ui/qt/toolbar.h"
 #include "ui/qt/totals_bar.h"
 #include "ui/qt/window_memory.h"
@@ -29,7 +32,8 @@ class Form1 final : public QMainWindow {
     Q_OBJECT
 
 public:
-    Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages);
+    Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages,
+          platform::Mailer& mailer);
     ~Form1() override;
 
 signals:
@@ -69,6 +73,8 @@ private:
     void showPriceList();
     void showCatalogView();
     void clearOrder();
+    void emailOrder();
+    [[nodiscard]] order::OrderContents orderContents();
 
     void commitPending();
     void saveDetails();
@@ -77,6 +83,7 @@ private:
     app::Session m_session;
     Guard& m_guard;
     platform::MessageBox& m_messages;
+    platform::Mailer& m_mailer;
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
     system::DiskFile m_basketOnDisk;
@@ -85,6 +92,7 @@ private:
     ToolbarState m_toolbarState;
     Ordering m_ordering;
     order::DeliveryDetails m_details;
+    order::OrderWriter m_orderWriter;
     pages::GroupLists m_groupLists;
     LinkRules m_links;
 

@@ -23,11 +23,14 @@ public:
     GridModel(std::vector<Column> columns, int quantityDecimals, QObject* parent);
 
     [[nodiscard]] const std::vector<Column>& columns() const { return m_columns; }
+
     [[nodiscard]] int quantityDecimals() const { return m_quantityDecimals; }
+
     [[nodiscard]] virtual bool takesQuantity(int row) const = 0;
 
     /// Hears every quantity that an editor or a paste hands over. It is the handler who says `rowChanged`.
     void onQuantity(QuantityHandler handler) { m_quantityHandler = std::move(handler); }
+
     void rowChanged(int row);
     void allRowsChanged();
 

@@ -31,6 +31,7 @@ public:
     void run(const std::function<void()>& work);
 
     [[nodiscard]] bool ending() const { return m_ending; }
+
     /// Leaves the event loop; nothing that is guarded runs any more.
     void end(int exitCode);
 

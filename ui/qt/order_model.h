@@ -17,11 +17,14 @@ public:
     void refill(const std::function<void()>& fill);
 
     [[nodiscard]] bool takesQuantity(int) const override { return true; }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
 protected:
     [[nodiscard]] std::string cell(int row, Field field) const override;
+
     [[nodiscard]] bool isHeading(int) const override { return false; }
+
     [[nodiscard]] order::RowColour colour(int row) const override;
 
 private:

@@ -18,7 +18,9 @@ public:
     void open(OrderModel* model);
 
     [[nodiscard]] DetailsForm& details() { return *m_details; }
+
     [[nodiscard]] Grid& grid() { return *m_grid; }
+
     [[nodiscard]] OrderModel& model() { return *m_model; }
 
 private:

@@ -78,7 +78,8 @@ void PageBrowser::makeView() {
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     connect(m_view, &QWebEngineView::loadFinished, this, &PageBrowser::finish);
-    connect(view, &PageView::zoomAsked, this, [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
+    connect(view, &PageView::zoomAsked, this,
+            [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
     connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
     connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);
 }

@@ -33,10 +33,12 @@ public:
 
     /// For this page and all later ones; 1 is the pages' own size.
     void setZoom(double factor);
+
     [[nodiscard]] double zoom() const { return m_zoom; }
 
     /// No page is being loaded or waits for it.
     [[nodiscard]] bool idle() const { return !m_loading && !m_next; }
+
     [[nodiscard]] QWebEngineView* view() const { return m_view; }
 
 signals:

@@ -50,7 +50,7 @@ void PageSearchBar::find(bool backward) {
         m_result->setText(m_text->text().isEmpty() ? QString()
                           : none                   ? QString("Not on this page")
                                                    : QString::number(result.activeMatch()) + " of " +
-                                             QString::number(result.numberOfMatches()));
+                                       QString::number(result.numberOfMatches()));
     });
 }
 

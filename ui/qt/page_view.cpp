@@ -38,8 +38,8 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
-    const bool isBackButton =
-        event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::BackButton;
+    const bool isBackButton = event->type() == QEvent::MouseButtonPress &&
+                              static_cast<QMouseEvent*>(event)->button() == Qt::BackButton;
     if (isBackButton)
         emit backAsked();
     return isBackButton || QWebEngineView::eventFilter(watched, event);

@@ -14,6 +14,7 @@ public:
 
     /// 0-based; -1 when there is none.
     [[nodiscard]] std::int32_t currentRow() const override { return currentIndex().row(); }
+
     void setCurrentRow(std::int32_t row) override;
     void takeFocus() override;
     /// As `setCurrentRow`, in the first column.

@@ -31,8 +31,9 @@ void Program::startUp() {
 }
 
 void Program::openMainWindow(const app::Session& session) {
-    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages);
-    connect(m_form1.get(), &Form1::closed, this, [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
+    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer);
+    connect(m_form1.get(), &Form1::closed, this,
+            [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
     m_form1->show();
 }
 

@@ -6,6 +6,7 @@
 #include "ui/qt/message_boxes.h"
 #include "ui/qt/welcome.h"
 #include "ui/system/background_archive.h"
+#include "ui/system/system_mailer.h"
 
 #include <QObject>
 
@@ -32,6 +33,7 @@ public:
     void start();
 
     [[nodiscard]] Welcome& welcome() { return m_welcome; }
+
     /// Nothing until the main window is open.
     [[nodiscard]] Form1* mainWindow() { return m_form1.get(); }
 
@@ -44,6 +46,7 @@ private:
     MessageBoxes m_messages;
     Guard m_guard;
     system::BackgroundArchive m_archive;
+    system::SystemMailer m_mailer;
     Welcome m_welcome;
     app::StartUp m_startUp;
     std::filesystem::path m_programFolder;

@@ -83,7 +83,8 @@ QWidget* Welcome::workPanel() {
     auto* panel = new QWidget(this);
     auto* layout = new QVBoxLayout(panel);
     layout->addStretch(2);
-    for (QWidget* item : {static_cast<QWidget*>(picture), static_cast<QWidget*>(name), static_cast<QWidget*>(m_status), static_cast<QWidget*>(m_progress)})
+    for (QWidget* item : {static_cast<QWidget*>(picture), static_cast<QWidget*>(name),
+                          static_cast<QWidget*>(m_status), static_cast<QWidget*>(m_progress)})
         layout->addWidget(item, 0, Qt::AlignHCenter);
     layout->addStretch(3);
     return panel;
@@ -107,7 +108,9 @@ QWidget* Welcome::passwordPanel() {
         entry->setMaximumWidth(fontMetrics().averageCharWidth() * 30);
     }
     auto* row = new QHBoxLayout;
-    for (QWidget* item : {static_cast<QWidget*>(m_password), static_cast<QWidget*>(m_confirmLabel), static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_next), static_cast<QWidget*>(m_setPassword)})
+    for (QWidget* item : {static_cast<QWidget*>(m_password), static_cast<QWidget*>(m_confirmLabel),
+                          static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_next),
+                          static_cast<QWidget*>(m_setPassword)})
         row->addWidget(item);
     row->addStretch();
     auto* layout = new QVBoxLayout(m_passwordPanel);
@@ -121,7 +124,8 @@ QWidget* Welcome::passwordPanel() {
 
 void Welcome::drive(app::StartUp& startUp) {
     const auto next = m_guard([this, &startUp] { startUp.next(fromQt(m_password->text())); });
-    const auto confirm = m_guard([this, &startUp] { startUp.confirm(fromQt(m_password->text()), fromQt(m_confirm->text())); });
+    const auto confirm =
+        m_guard([this, &startUp] { startUp.confirm(fromQt(m_password->text()), fromQt(m_confirm->text())); });
     connect(m_password, &QLineEdit::returnPressed, this, next);
     connect(m_next, &QPushButton::clicked, this, next);
     connect(m_confirm, &QLineEdit::returnPressed, this, confirm);
@@ -159,7 +163,8 @@ void Welcome::setStatus(std::string_view text) {
 
 void Welcome::setConfirming(bool on) {
     m_next->setVisible(!on);
-    for (QWidget* item : {static_cast<QWidget*>(m_confirmLabel), static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_setPassword)})
+    for (QWidget* item : {static_cast<QWidget*>(m_confirmLabel), static_cast<QWidget*>(m_confirm),
+                          static_cast<QWidget*>(m_setPassword)})
         item->setVisible(on);
 }
 

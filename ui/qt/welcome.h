@@ -29,7 +29,10 @@ public:
 
     /// Connects the controls to the start-up that they drive.
     void drive(app::StartUp& startUp);
-    void onOpenMainWindow(std::function<void(const app::Session&)> open) { m_openMainWindow = std::move(open); }
+
+    void onOpenMainWindow(std::function<void(const app::Session&)> open) {
+        m_openMainWindow = std::move(open);
+    }
 
     /// How far unpacking has come, in bytes.
     void showProgress(quint64 done, quint64 total);

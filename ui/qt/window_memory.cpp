@@ -41,7 +41,9 @@ void WindowMemory::restore(QHeaderView& header, const QString& layout) const {
     if (widths.size() != header.count())
         return;
     for (int i = 0; i < header.count(); ++i)
-        if (const int width = widths.at(i).toInt(); width > 0 && width < 10000 && header.sectionResizeMode(i) == QHeaderView::Interactive && !header.isSectionHidden(i))
+        if (const int width = widths.at(i).toInt(); width > 0 && width < 10000 &&
+                                                    header.sectionResizeMode(i) == QHeaderView::Interactive &&
+                                                    !header.isSectionHidden(i))
             header.resizeSection(i, width);
 }
 

@@ -36,11 +36,13 @@ private:
 
 }
 
-platform::Archive::Result BackgroundArchive::extract(const std::filesystem::path& archive, std::string_view mask,
+platform::Archive::Result BackgroundArchive::extract(const std::filesystem::path& archive,
+                                                     std::string_view mask,
                                                      const std::filesystem::path& folder) {
     if (m_cancelled)
         return Result::cancelled;
-    ThrottledProgress reports(m_cancelled, [this](quint64 done, quint64 total) { emit progress(done, total); });
+    ThrottledProgress reports(m_cancelled,
+                              [this](quint64 done, quint64 total) { emit progress(done, total); });
     Result result = Result::failed;
     std::exception_ptr failure;
     QEventLoop loop;

@@ -11,7 +11,8 @@ QString lockName(const std::filesystem::path& programFolder) {
     std::error_code error;
     const auto real = std::filesystem::canonical(programFolder, error);
     const auto path = QByteArray::fromStdString((error ? programFolder : real).string());
-    return "tavorine-" + QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16) + ".lock";
+    return "tavorine-" + QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16) +
+           ".lock";
 }
 
 }

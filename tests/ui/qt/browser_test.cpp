@@ -1,7 +1,6 @@
+#include "base/files.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/page_browser.h"
-
-#include "base/files.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -56,9 +55,13 @@ TEST_F(BrowserTest, ReadsPagesAsWindows1252UnlessTheyDeclareAnother) {
         const char* page;
         const char* text;
     } cases[] = {{"\xBD x \xBC", "½ x ¼"},
-                 {"10\xB5" "F \xB1" "5%", "10µF ±5%"},
+                 {"10\xB5"
+                  "F \xB1"
+                  "5%",
+                  "10µF ±5%"},
                  {"5\xA2 \x80", "5¢ €"},
                  {"<meta charset=utf-8>\xC2\xBD \xCE\xA9", "½ Ω"}};
+
     for (const auto& c : cases) {
         show(c.page);
         EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), QString::fromUtf8(c.text));
@@ -67,7 +70,8 @@ TEST_F(BrowserTest, ReadsPagesAsWindows1252UnlessTheyDeclareAnother) {
 
 TEST_F(BrowserTest, ShowsAPageThatIsTooLargeToHandOverTheSameWay) {
     show("<p id=a>\xBD</p>" + std::string(1'500'000, 'x') + "<p id=b>\xBC</p>");
-    EXPECT_EQ(evaluate("document.getElementById('a').innerText + document.getElementById('b').innerText").toString(),
+    EXPECT_EQ(evaluate("document.getElementById('a').innerText + document.getElementById('b').innerText")
+                  .toString(),
               QString::fromUtf8("½¼"));
     EXPECT_EQ(base::filesEndingWith(folder / "ACME", ".htm").size(), 0U);
 }
@@ -76,7 +80,9 @@ TEST_F(BrowserTest, FindsPicturesInAnyLetterCaseAndOnlyInItsFolders) {
     show("<img id=in src='bolt.png'><img id=out src='../outside.png'><img id=none src='none.png'>"
          "<img id=swap src='none.png' onerror=\"this.onerror=null;this.src='BOLT.png'\">"
          "<img id=loop src='none.png' onerror=\"this.src='none'+Math.random()+'.png'\">");
-    const auto width = [&](const char* id) { return QString("document.getElementById('%1').naturalWidth").arg(id); };
+    const auto width = [&](const char* id) {
+        return QString("document.getElementById('%1').naturalWidth").arg(id);
+    };
     EXPECT_TRUE(becomes(width("in") + " === 3"));
     EXPECT_TRUE(becomes(width("swap") + " === 3"));
     for (const char* id : {"out", "none", "loop"})
@@ -90,15 +96,30 @@ TEST_F(BrowserTest, NothingOfAPageReachesTheNetwork) {
     QObject::connect(&server, &QTcpServer::newConnection, [&] { ++connections; });
     const auto host = "127.0.0.1:" + std::to_string(server.serverPort());
     const auto url = "http://" + host + "/x";
-    show("<p id=here>still here</p><link rel=stylesheet href='" + url + "'><link rel=prefetch href='" + url + "'><img src='" + url + "'>"
-         "<iframe src='" + url + "'></iframe><script src='" + url + "'></script><video src='" + url + "'></video>"
-         "<style>@font-face{font-family:f;src:url(" + url + ")} body{font-family:f;background:url(" + url + ")}</style>"
-         "<object data='" + url + "'></object><form id=f action='" + url + "'></form>"
-         "<script>try{new WebSocket('ws://" + host + "')}catch(e){} try{fetch('" + url + "').catch(()=>{})}catch(e){}"
-         "try{navigator.sendBeacon('" + url + "')}catch(e){} try{window.open('" + url + "')}catch(e){}"
-         "try{var r=new RTCPeerConnection({iceServers:[{urls:'stun:" + host + "'}]});r.createDataChannel('c');"
+    show("<p id=here>still here</p><link rel=stylesheet href='" + url + "'><link rel=prefetch href='" + url +
+         "'><img src='" + url +
+         "'>"
+         "<iframe src='" +
+         url + "'></iframe><script src='" + url + "'></script><video src='" + url +
+         "'></video>"
+         "<style>@font-face{font-family:f;src:url(" +
+         url + ")} body{font-family:f;background:url(" + url +
+         ")}</style>"
+         "<object data='" +
+         url + "'></object><form id=f action='" + url +
+         "'></form>"
+         "<script>try{new WebSocket('ws://" +
+         host + "')}catch(e){} try{fetch('" + url +
+         "').catch(()=>{})}catch(e){}"
+         "try{navigator.sendBeacon('" +
+         url + "')}catch(e){} try{window.open('" + url +
+         "')}catch(e){}"
+         "try{var r=new RTCPeerConnection({iceServers:[{urls:'stun:" +
+         host +
+         "'}]});r.createDataChannel('c');"
          "r.createOffer().then(o=>r.setLocalDescription(o))}catch(e){} document.getElementById('f').submit();"
-         "location='" + url + "';</script>");
+         "location='" +
+         url + "';</script>");
     QTest::qWait(1500);
     EXPECT_EQ(connections, 0);
     EXPECT_EQ(evaluate("document.getElementById('here').innerText").toString(), "still here");
@@ -131,8 +152,9 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
     browser.onLink([&](const QUrl& url, bool clicked) {
         links.push_back(url.fileName().toStdString() + (clicked ? " clicked" : ""));
     });
-    show("<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
-         "<p id=x>x</p>");
+    show(
+        "<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
+        "<p id=x>x</p>");
     for (const char* id : {"#a", "#b", "#c"}) {
         tour::clickInPage(*browser.view(), id);
         QTest::qWait(400);

@@ -18,11 +18,13 @@ class OutsideBrowser : public QObject {
 
 public:
     OutsideBrowser() { QDesktopServices::setUrlHandler("http", this, "open"); }
+
     ~OutsideBrowser() override { QDesktopServices::unsetUrlHandler("http"); }
 
     std::vector<QString> opened;
 
 public slots:
+
     void open(const QUrl& url) { opened.push_back(url.toString()); }
 };
 
@@ -32,16 +34,20 @@ protected:
     BrowsingTest() {
         writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
         catalog.catalogPassword = "OMIT";
-        catalog.groups = {{"Table of Contents", 1, 2, 0}, {"Bolts", 2, 4, 1}, {"Paint", 8, 0, 1},
-                          {"Hex", 3, 0, 2},               {"Eye", 6, 0, 2}};
-        catalog.products = {header("Contents", 1),   header("Bolts", 2), header("Hex", 4),
-                            product("HEX 1", 4),     product("50% OFF", 4), header("Eye", 5),
-                            product("A/B\\\"C\"#\xC4", 5), header("Paint", 3), product("PAINT", 3)};
+        catalog.groups = {{"Table of Contents", 1, 2, 0},
+                          {"Bolts", 2, 4, 1},
+                          {"Paint", 8, 0, 1},
+                          {"Hex", 3, 0, 2},
+                          {"Eye", 6, 0, 2}};
+        catalog.products = {header("Contents", 1),         header("Bolts", 2),    header("Hex", 4),
+                            product("HEX 1", 4),           product("50% OFF", 4), header("Eye", 5),
+                            product("A/B\\\"C\"#\xC4", 5), header("Paint", 3),    product("PAINT", 3)};
     }
 
     static support::Product header(const std::string& name, std::int16_t group) {
         return {.text = "G-" + name + "\n" + name + "\n", .group = group, .flag = 'N'};
     }
+
     static support::Product product(const std::string& code, std::int16_t group) {
         return {.text = code + "\nArticle " + code + "\n", .price = 1, .group = group};
     }
@@ -54,16 +60,18 @@ protected:
     }
 
     static ProductGrid* grid() { return visible<ProductGrid>("ctGrid1"); }
+
     static bool backEnabled() { return visibleWidget("Back")->isEnabled(); }
 
     /// A step that waits until a record's page is up.
     void expectRecord(int record, const QString& text, std::function<void()> then) {
-        script.when("record " + QString::number(record) + ": " + text,
-                    [record, text] { 
-                        return grid() && grid()->currentRow() == record - 1 && shows(page(), text) &&
-                               !QApplication::activeModalWidget();
-                    },
-                    std::move(then));
+        script.when(
+            "record " + QString::number(record) + ": " + text,
+            [record, text] {
+                return grid() && grid()->currentRow() == record - 1 && shows(page(), text) &&
+                       !QApplication::activeModalWidget();
+            },
+            std::move(then));
     }
 
     static QComboBox* list(int number) { return visible<QComboBox>(QString("GDB(%1)").arg(number)); }
@@ -92,9 +100,7 @@ TEST_F(BrowsingTest, LeadsThroughListsPagesAndLinksAndBackAgain) {
         EXPECT_EQ(list(1)->currentText(), "Please Select");
         choose(1, "E");
     });
-    expectRecord(6, "Eye", [] {
-        choose(2, "Art");
-    });
+    expectRecord(6, "Eye", [] { choose(2, "Art"); });
     expectRecord(7, "At A/B", [] {
         EXPECT_EQ(list(3)->count(), 0); // a product prepares no further list
         clickInPage(*page(), "#other");
@@ -129,14 +135,17 @@ TEST_F(BrowsingTest, EveryFormOfALinkFindsItsProduct) {
                  {"again", "Tmp.htm?HEX 1", 4, "At HEX 1."},
                  {"oddbar", "{DIR}\\tmp.HTM|A/B\\&quot;C&quot;#\xC4", 7, "At A/B"},
                  {"window", "Tmp.htm?PAINT", 9, "At PAINT."}};
+
     std::string page;
     for (const auto& link : links)
-        page += std::string("<a id=") + link.id + (std::string(link.id) == "window" ? " target=_blank" : "") + " href=\"" + link.href + "\">x</a> ";
+        page += std::string("<a id=") + link.id + (std::string(link.id) == "window" ? " target=_blank" : "") +
+                " href=\"" + link.href + "\">x</a> ";
     deliverWith(page);
     int from = 1;
     std::string shown = "Contents";
     for (const auto& link : links) {
-        expectRecord(from, QString::fromLatin1(shown.c_str()), [&link] { clickInPage(*ProgramTest::page(), QString("#") + link.id); });
+        expectRecord(from, QString::fromLatin1(shown.c_str()),
+                     [&link] { clickInPage(*ProgramTest::page(), QString("#") + link.id); });
         from = link.record;
         shown = link.text;
     }
@@ -147,17 +156,24 @@ TEST_F(BrowsingTest, EveryFormOfALinkFindsItsProduct) {
 
 TEST_F(BrowsingTest, OtherLinksStayWhereTheyAreOrOpenOutside) {
     OutsideBrowser outside;
-    deliverWith("<a id=none href='Tmp.htm?NONE'>x</a> <a id=mail href='mailto:a@b.htm'>x</a> <a id=pic href='x.jpg'>x</a>"
+    deliverWith("<a id=none href='Tmp.htm?NONE'>x</a> <a id=mail href='mailto:a@b.htm'>x</a> <a id=pic "
+                "href='x.jpg'>x</a>"
                 "<a id=web href='http://example.com/x.htm'>x</a> <a id=site href='http://example.com/'>x</a>"
                 "<a id=about href='ABOUT.htm'>x</a>",
                 {{"About.htm", "<p>About us \xBD</p><a id=home href=Tmp.htm>home</a>"}});
     expectRecord(1, "Contents", [] { clickInPage(*page(), "#none"); });
     answer("Missing Product", QMessageBox::Ok);
     for (const char* id : {"#mail", "#pic", "#site", "#web"})
-        script.when(id, [] { return true; }, [id] { clickInPage(*page(), id); }).pause(300);
-    script.when("the page as it was", [] { return shows(page(), "Contents"); }, [] { clickInPage(*page(), "#about"); });
-    script.when("the supplier's page", [] { return shows(page(), QString::fromUtf8("About us ½")); },
-                [] { clickInPage(*page(), "#home"); });
+        script
+            .when(
+                id, [] { return true; }, [id] { clickInPage(*page(), id); })
+            .pause(300);
+    script.when(
+        "the page as it was", [] { return shows(page(), "Contents"); },
+        [] { clickInPage(*page(), "#about"); });
+    script.when(
+        "the supplier's page", [] { return shows(page(), QString::fromUtf8("About us ½")); },
+        [] { clickInPage(*page(), "#home"); });
     expectRecord(1, "Contents", [] {});
     closeMainWindow();
     ASSERT_TRUE(play());
@@ -174,8 +190,9 @@ TEST_F(BrowsingTest, OfAHeldKeyTheLastRowIsShownAndRecorded) {
             QTest::keyClick(grid(), Qt::Key_Down);
     });
     expectRecord(151, "At P141.", [] { QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton); });
-    script.when("an earlier record", [] { return grid()->currentRow() < 150; },
-                [] { EXPECT_LE(grid()->currentRow(), 2); });
+    script.when(
+        "an earlier record", [] { return grid()->currentRow() < 150; },
+        [] { EXPECT_LE(grid()->currentRow(), 2); });
     closeMainWindow();
     EXPECT_TRUE(play());
 }

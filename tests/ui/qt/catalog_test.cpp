@@ -12,39 +12,49 @@ using ui::qt::ProductGrid;
 TEST_F(ProgramTest, LeadsFromADroppedZipToAProductPage) {
     deliver("ACME", smallCatalog("Acme"));
     answerEmailQuestion();
-    script.when("the welcome page", [] { return shows(startPage(), "Welcome to Acme list"); }, [&] {
-        EXPECT_EQ(visibleWidget("Welcome")->windowTitle(), "Welcome to Acme");
-        EXPECT_EQ(readFile("ACME/Tmp.htm"), "<h1>Welcome to Acme list</h1>\r\n");
-    });
+    script.when(
+        "the welcome page", [] { return shows(startPage(), "Welcome to Acme list"); },
+        [&] {
+            EXPECT_EQ(visibleWidget("Welcome")->windowTitle(), "Welcome to Acme");
+            EXPECT_EQ(readFile("ACME/Tmp.htm"), "<h1>Welcome to Acme list</h1>\r\n");
+        });
     enterPassword("");
-    script.when("the table of contents", [] { return shows(page(), "Contents"); }, [&] {
-        EXPECT_EQ(visibleWidget("Welcome"), nullptr);
-        EXPECT_EQ(readFile("ACME/Tmp.htm"), "<h1>Contents\n</h1>\r\nBolts\n;\r\n\r\n\r\n\r\n");
-        auto* grid = visible<ProductGrid>("ctGrid1");
-        ASSERT_NE(grid, nullptr);
-        EXPECT_TRUE(takesKeys(grid));
-        EXPECT_EQ(grid->model()->rowCount(), 4);
-        EXPECT_EQ(grid->model()->index(2, 6).data().toString(), "10");
-        for (int i = 0; i < 3; ++i)
-            QTest::keyClick(grid, Qt::Key_Down);
-    });
-    script.when("the banner", [] { return shows(visible<QWebEngineView>("wbBanner"), "Acme list"); }, [] {});
-    script.when("the product's page", [] { return shows(page(), QString::fromUtf8("Großer Bolzen")); }, [&] {
-        EXPECT_EQ(readFile("ACME/Tmp.htm"), "<p>B2 Gro\xDF" "er Bolzen\n 2.75</p>\r\n");
-        auto* exempt = visible<QCheckBox>("cbTax");
-        ASSERT_NE(exempt, nullptr);
-        EXPECT_EQ(exempt->text(), "GST Exempt");
-        QTest::mouseClick(exempt, Qt::LeftButton, {}, {8, exempt->height() / 2});
-    });
-    script.when("the page without tax", [] { return shows(page(), "2.50"); }, [] {});
+    script.when(
+        "the table of contents", [] { return shows(page(), "Contents"); },
+        [&] {
+            EXPECT_EQ(visibleWidget("Welcome"), nullptr);
+            EXPECT_EQ(readFile("ACME/Tmp.htm"), "<h1>Contents\n</h1>\r\nBolts\n;\r\n\r\n\r\n\r\n");
+            auto* grid = visible<ProductGrid>("ctGrid1");
+            ASSERT_NE(grid, nullptr);
+            EXPECT_TRUE(takesKeys(grid));
+            EXPECT_EQ(grid->model()->rowCount(), 4);
+            EXPECT_EQ(grid->model()->index(2, 6).data().toString(), "10");
+            for (int i = 0; i < 3; ++i)
+                QTest::keyClick(grid, Qt::Key_Down);
+        });
+    script.when(
+        "the banner", [] { return shows(visible<QWebEngineView>("wbBanner"), "Acme list"); }, [] {});
+    script.when(
+        "the product's page", [] { return shows(page(), QString::fromUtf8("Großer Bolzen")); },
+        [&] {
+            EXPECT_EQ(readFile("ACME/Tmp.htm"), "<p>B2 Gro\xDF"
+                                                "er Bolzen\n 2.75</p>\r\n");
+            auto* exempt = visible<QCheckBox>("cbTax");
+            ASSERT_NE(exempt, nullptr);
+            EXPECT_EQ(exempt->text(), "GST Exempt");
+            QTest::mouseClick(exempt, Qt::LeftButton, {}, {8, exempt->height() / 2});
+        });
+    script.when(
+        "the page without tax", [] { return shows(page(), "2.50"); }, [] {});
     closeMainWindow();
     ASSERT_TRUE(play());
     EXPECT_FALSE(exists("ACME.zip"));
     EXPECT_EQ(readFile("Start.ini"), "[Email]\r\nStatus=Yes\r\n");
     const auto settings = readFile("ACME/User.ini");
     EXPECT_THAT(settings, testing::StartsWith("[Split]\r\nTop= "));
-    EXPECT_THAT(settings, testing::EndsWith("\r\n[Order]\r\nTax=1\r\nAttention=\r\nCity=\r\nCountry=\r\nBusiness=\r\n"
-                                            "Phone=\r\nState=\r\nStreet=\r\nZip=\r\n"));
+    EXPECT_THAT(settings,
+                testing::EndsWith("\r\n[Order]\r\nTax=1\r\nAttention=\r\nCity=\r\nCountry=\r\nBusiness=\r\n"
+                                  "Phone=\r\nState=\r\nStreet=\r\nZip=\r\n"));
 }
 
 TEST_F(ProgramTest, WithoutTaxThereIsNoTaxToBeSeen) {
@@ -54,15 +64,17 @@ TEST_F(ProgramTest, WithoutTaxThereIsNoTaxToBeSeen) {
     catalog.texts.erase(catalog::ParameterText::supplierFax);
     writeFile("Start.ini", "[Email]\r\nStatus= no \r\n");
     deliver("ACME", catalog);
-    script.when("the table of contents", [] { return shows(page(), "Contents"); }, [] {
-        EXPECT_EQ(visible<ProductGrid>("ctGrid1")->model()->columnCount(), 7);
-        EXPECT_EQ(visibleWidget("cbTax"), nullptr);
-        EXPECT_EQ(visibleWidget("lbTotTax"), nullptr);
-        EXPECT_NE(visibleWidget("lbTotOrd"), nullptr);
-        EXPECT_EQ(visibleWidget("Print"), nullptr);
-        EXPECT_EQ(visibleWidget("Email"), nullptr);
-        EXPECT_NE(visibleWidget("Exit"), nullptr);
-    });
+    script.when(
+        "the table of contents", [] { return shows(page(), "Contents"); },
+        [] {
+            EXPECT_EQ(visible<ProductGrid>("ctGrid1")->model()->columnCount(), 7);
+            EXPECT_EQ(visibleWidget("cbTax"), nullptr);
+            EXPECT_EQ(visibleWidget("lbTotTax"), nullptr);
+            EXPECT_NE(visibleWidget("lbTotOrd"), nullptr);
+            EXPECT_EQ(visibleWidget("Print"), nullptr);
+            EXPECT_EQ(visibleWidget("Email"), nullptr);
+            EXPECT_NE(visibleWidget("Exit"), nullptr);
+        });
     closeMainWindow();
     EXPECT_TRUE(play());
 }
@@ -72,10 +84,13 @@ TEST_F(ProgramTest, KeepsTheSplitterWhereItWasLeft) {
     catalog.catalogPassword = "OMIT";
     writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
     deliver("ACME", catalog, {{"User.ini", "[Split]\nTop= 222\n"}});
-    script.when("the splitter's place", [] {
-        auto* grid = visibleWidget("ctGrid1");
-        return grid && grid->height() == 222;
-    }, [] {});
+    script.when(
+        "the splitter's place",
+        [] {
+            auto* grid = visibleWidget("ctGrid1");
+            return grid && grid->height() == 222;
+        },
+        [] {});
     closeMainWindow();
     ASSERT_TRUE(play());
     EXPECT_THAT(readFile("ACME/User.ini"), testing::StartsWith("[Split]\nTop= 222\n"));
@@ -87,17 +102,21 @@ TEST_F(ProgramTest, AMissingDataFileEndsTheProgramWithItsMessage) {
     writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
     deliver("ACME", catalog);
     ASSERT_TRUE([&] {
-        script.when("the main window", [] { return visibleWidget("Form1") != nullptr; }, [] {});
+        script.when(
+            "the main window", [] { return visibleWidget("Form1") != nullptr; }, [] {});
         closeMainWindow();
         return play();
     }());
     std::filesystem::remove(folder / "ACME" / "PrdMem.Dat");
-    script.when("the message", [] { return messageBox("Terminate Tavorine"); }, [&] {
-        EXPECT_EQ(messageBox("Terminate Tavorine")->text().toStdString(),
-                  (folder / "ACME" / "PrdMem.Dat").string() + " is missing. Please contact your supplier");
-        EXPECT_EQ(visibleWidget("Form1"), nullptr);
-        press(*messageBox("Terminate Tavorine"), QMessageBox::Ok);
-    });
+    script.when(
+        "the message", [] { return messageBox("Terminate Tavorine"); },
+        [&] {
+            EXPECT_EQ(messageBox("Terminate Tavorine")->text().toStdString(),
+                      (folder / "ACME" / "PrdMem.Dat").string() +
+                          " is missing. Please contact your supplier");
+            EXPECT_EQ(visibleWidget("Form1"), nullptr);
+            press(*messageBox("Terminate Tavorine"), QMessageBox::Ok);
+        });
     EXPECT_TRUE(play());
 }
 
@@ -106,11 +125,14 @@ TEST_F(ProgramTest, ADamagedTemplateEndsTheProgramWithItsMessage) {
     catalog.catalogPassword = "OMIT";
     writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
     deliver("ACME", catalog, {{"GroupI.Ect", "{{never closed"}});
-    script.when("the message", [] { return messageBox("Terminating error"); }, [&] {
-        EXPECT_EQ(messageBox("Terminating error")->text().toStdString(),
-                  (folder / "ACME" / "GroupI.Ect").string() + " is  corrupt \nPlease re-install your data files");
-        press(*messageBox("Terminating error"), QMessageBox::Ok);
-    });
+    script.when(
+        "the message", [] { return messageBox("Terminating error"); },
+        [&] {
+            EXPECT_EQ(messageBox("Terminating error")->text().toStdString(),
+                      (folder / "ACME" / "GroupI.Ect").string() +
+                          " is  corrupt \nPlease re-install your data files");
+            press(*messageBox("Terminating error"), QMessageBox::Ok);
+        });
     EXPECT_TRUE(play());
 }
 

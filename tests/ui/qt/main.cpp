@@ -1,10 +1,9 @@
 #include "ui/system/browser_start.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,8 +1,7 @@
+#include "base/bytes.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/details_form.h"
 #include "ui/qt/grid.h"
-
-#include "base/bytes.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -29,19 +28,27 @@ protected:
 
     /// A step on the main window, once its page is up.
     void then(const QString& what, std::function<void()> act) {
-        script.when(what, [] { return page() && !QApplication::activeModalWidget(); }, std::move(act));
+        script.when(
+            what, [] { return page() && !QApplication::activeModalWidget(); }, std::move(act));
     }
 
     static Grid* products() { return visible<Grid>("ctGrid1"); }
+
     static Grid* order() { return visible<Grid>("ctGrid2"); }
+
     static QString text(const char* name) { return visible<QLabel>(name)->text(); }
-    static QString cell(Grid* grid, int row, int column) { return grid->model()->index(row, column).data().toString(); }
+
+    static QString cell(Grid* grid, int row, int column) {
+        return grid->model()->index(row, column).data().toString();
+    }
+
     static QLineEdit* box(const char* name) { return visible<QLineEdit>(name); }
+
     static void press(const char* button) { QTest::mouseClick(visibleWidget(button), Qt::LeftButton); }
 
     static QString enabledButtons() {
         QString all;
-        for (const char* key : {"Search", "Back", "Plist", "CheckOut", "Clear"})
+        for (const char* key : {"Search", "Back", "Plist", "CheckOut", "Email", "Clear"})
             if (visibleWidget(key)->isEnabled())
                 all += QString(key) + " ";
         return all.trimmed();
@@ -56,6 +63,7 @@ protected:
         ASSERT_NE(editor(grid), nullptr) << "no editor on row " << row;
         QTest::keyClicks(editor(grid), quantity.mid(1));
     }
+
     static void enter(Grid* grid, int row, const QString& quantity) {
         type(grid, row, quantity);
         QTest::keyClick(editor(grid), Qt::Key_Return);
@@ -76,8 +84,10 @@ TEST_F(OrderTest, IsTakenByKeysInBothViews) {
         QTest::keyClicks(products(), "5"); // a group's row takes none
         EXPECT_EQ(editor(products()), nullptr);
         enter(products(), 2, "2");
-        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 7) + "/" + cell(products(), 2, 8), "2/2.5/22.5");
-        EXPECT_EQ(products()->model()->index(2, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(0, 255, 0));
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 7) + "/" + cell(products(), 2, 8),
+                  "2/2.5/22.5");
+        EXPECT_EQ(products()->model()->index(2, 1).data(Qt::BackgroundRole).value<QBrush>().color(),
+                  QColor(0, 255, 0));
         EXPECT_EQ(products()->currentIndex().row(), 3);
         EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "22.50/2.50");
         EXPECT_EQ(enabledButtons(), "Search Back CheckOut Clear");
@@ -90,16 +100,18 @@ TEST_F(OrderTest, IsTakenByKeysInBothViews) {
         EXPECT_EQ(cell(products(), 2, 0), "2");
         press("CheckOut");
     });
-    script.when("the order view", [] { return order() != nullptr; }, [] {
-        EXPECT_EQ(products(), nullptr);
-        EXPECT_EQ(page(), nullptr);
-        EXPECT_EQ(visibleWidget("GDB(0)"), nullptr);
-        EXPECT_EQ(enabledButtons(), "Plist Clear");
-        EXPECT_TRUE(takesKeys(box("txOrgName")));
-        ASSERT_EQ(order()->model()->rowCount(), 2);
-        EXPECT_EQ(cell(order(), 0, 0) + "/" + cell(order(), 0, 2), "2/B1");
-        visibleWidget("Form1")->close();
-    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [] {
+            EXPECT_EQ(products(), nullptr);
+            EXPECT_EQ(page(), nullptr);
+            EXPECT_EQ(visibleWidget("GDB(0)"), nullptr);
+            EXPECT_EQ(enabledButtons(), "Plist Email Clear");
+            EXPECT_TRUE(takesKeys(box("txOrgName")));
+            ASSERT_EQ(order()->model()->rowCount(), 2);
+            EXPECT_EQ(cell(order(), 0, 0) + "/" + cell(order(), 0, 2), "2/B1");
+            visibleWidget("Form1")->close();
+        });
     EXPECT_TRUE(play());
 }
 
@@ -114,10 +126,12 @@ TEST_F(OrderTest, APendingQuantityIsNeverLost) {
         EXPECT_EQ(text("lbTotOrd"), "22.50");
         press("CheckOut");
     });
-    script.when("the order view", [] { return order() != nullptr; }, [] {
-        type(order(), 0, "3");
-        press("Plist");
-    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [] {
+            type(order(), 0, "3");
+            press("Plist");
+        });
     then("the product grid again", [] {
         EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 8), "3/33.75");
         EXPECT_EQ(text("lbTotOrd"), "33.75");
@@ -143,7 +157,8 @@ TEST_F(OrderTest, IsExemptedAndCleared) {
         EXPECT_EQ(text("lbTotOrd"), "20.00");
         press("CheckOut");
     });
-    script.when("the order view", [] { return order() != nullptr; }, [] { press("Clear"); });
+    script.when(
+        "the order view", [] { return order() != nullptr; }, [] { press("Clear"); });
     answer("Warning - Clear ordered items", QMessageBox::Yes);
     then("the catalogue view", [] {
         EXPECT_EQ(cell(products(), 2, 0) + cell(products(), 2, 7) + cell(products(), 2, 8), "");
@@ -163,43 +178,92 @@ TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
         enter(products(), 2, "1");
         press("CheckOut");
     });
-    script.when("the order view", [] { return order() != nullptr; }, [] {
-        EXPECT_EQ(box("txOrgName")->toolTip(), "Enter your Business Name (mandatory for ordering)");
-        box("txOrgName")->insert(QString::fromUtf8("\"Bäcker π\"")); // keys of a test are plain letters
-        QTest::keyClick(box("txOrgName"), Qt::Key_Return);
-        EXPECT_TRUE(takesKeys(box("txAtten")));
-        QTest::keyClicks(box("txDel(0)"), "3x1");
-        EXPECT_EQ(box("txDel(0)")->text(), "31");
-        EXPECT_TRUE(takesKeys(box("txDel(1)")));
-        QTest::keyClick(box("txDel(1)"), Qt::Key_Backspace);
-        QTest::keyClicks(box("txDel(1)"), "04");
-    });
-    script.when("the month is refused", [] { return takesKeys(box("txDel(1)")); }, [] {
-        box("txDel(1)")->clear();
-        QTest::keyClicks(box("txDel(1)"), "05");
-        QTest::keyClicks(box("txDel(2)"), "26");
-        auto* form = visible<ui::qt::DetailsForm>("Details");
-        ASSERT_NE(form, nullptr);
-        EXPECT_EQ(form->deliveryDate(), "31/05/26");
-        auto* comment = visible<QPlainTextEdit>("txComment");
-        QTest::keyClicks(comment, "a");
-        QTest::keyClick(comment, Qt::Key_Return, Qt::ControlModifier);
-        QTest::keyClicks(comment, "b");
-        EXPECT_EQ(form->comment(), "a\nb");
-        visibleWidget("Form1")->close();
-    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [] {
+            EXPECT_EQ(box("txOrgName")->toolTip(), "Enter your Business Name (mandatory for ordering)");
+            box("txOrgName")->insert(QString::fromUtf8("\"Bäcker π\"")); // keys of a test are plain letters
+            QTest::keyClick(box("txOrgName"), Qt::Key_Return);
+            EXPECT_TRUE(takesKeys(box("txAtten")));
+            QTest::keyClicks(box("txDel(0)"), "3x1");
+            EXPECT_EQ(box("txDel(0)")->text(), "31");
+            EXPECT_TRUE(takesKeys(box("txDel(1)")));
+            QTest::keyClick(box("txDel(1)"), Qt::Key_Backspace);
+            QTest::keyClicks(box("txDel(1)"), "04");
+        });
+    script.when(
+        "the month is refused", [] { return takesKeys(box("txDel(1)")); },
+        [] {
+            box("txDel(1)")->clear();
+            QTest::keyClicks(box("txDel(1)"), "05");
+            QTest::keyClicks(box("txDel(2)"), "26");
+            auto* form = visible<ui::qt::DetailsForm>("Details");
+            ASSERT_NE(form, nullptr);
+            EXPECT_EQ(form->deliveryDate(), "31/05/26");
+            auto* comment = visible<QPlainTextEdit>("txComment");
+            QTest::keyClicks(comment, "a");
+            QTest::keyClick(comment, Qt::Key_Return, Qt::ControlModifier);
+            QTest::keyClicks(comment, "b");
+            EXPECT_EQ(form->comment(), "a\nb");
+            visibleWidget("Form1")->close();
+        });
     ASSERT_TRUE(play());
-    EXPECT_THAT(readFile("ACME/User.ini"), testing::HasSubstr("Business=\"\"B\xE4" "cker &#960;\"\"\r\n"));
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::HasSubstr("Business=\"\"B\xE4"
+                                                              "cker &#960;\"\"\r\n"));
 
     then("the product grid", [] {
         enter(products(), 2, "1");
         press("CheckOut");
     });
-    script.when("the order view", [] { return order() != nullptr; }, [] {
-        EXPECT_EQ(box("txOrgName")->text(), QString::fromUtf8("\"Bäcker π\""));
-        visibleWidget("Form1")->close();
-    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [] {
+            EXPECT_EQ(box("txOrgName")->text(), QString::fromUtf8("\"Bäcker π\""));
+            visibleWidget("Form1")->close();
+        });
     EXPECT_TRUE(play());
+}
+
+TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
+    namespace fs = std::filesystem;
+    deliver("ACME", catalog,
+            {{"EmlOrd.ect", "Order of {ORGNAME}\n<R1>{QTY} x {CODE}\n</R1>Total {TOTINC}\n{COMMENT}\n"}});
+    fs::create_directories(folder / "bin");
+    writeFile("bin/sendmail", "#!/bin/sh\ncat > '" + (folder / "mail.txt").string() + "'\n");
+    fs::permissions(folder / "bin/sendmail", fs::perms::owner_all);
+    const auto path = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString((folder / "bin").string()) + ":" + path);
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        press("CheckOut");
+    });
+    script.when(
+        "the order view", [] { return order() != nullptr; }, [] { press("Email"); });
+    answer("Missing Information", QMessageBox::Ok);
+    answer("Missing Information", QMessageBox::Ok);
+    script.when(
+        "the order view again", [] { return order() && !QApplication::activeModalWidget(); },
+        [] {
+            box("txOrgName")->setText("Marlowe");
+            box("txPhone")->setText("01632 960 118");
+            box("txOrdNo")->setText("A-7");
+            visible<QPlainTextEdit>("txComment")->setPlainText("Ring\ntwice");
+            press("Email");
+        });
+    answer("Place email order in Outbox", QMessageBox::Ok);
+    script.when(
+        "the mail", [this] { return exists("mail.txt") && !QApplication::activeModalWidget(); },
+        [] { visibleWidget("Form1")->close(); });
+    const bool played = play();
+    qputenv("PATH", path);
+    ASSERT_TRUE(played);
+    EXPECT_THAT(boxTexts, testing::ElementsAre("You must enter a Business Name to complete the order",
+                                               "You must enter a Phone Number to complete the order",
+                                               "Your email order is being placed in your Outbox"));
+    const auto mail = readFile("mail.txt");
+    EXPECT_THAT(mail, testing::HasSubstr("To: o@example.com\n"));
+    EXPECT_THAT(mail, testing::HasSubstr("Subject: Tavorine Order Number: A-7\n"));
+    EXPECT_THAT(mail, testing::HasSubstr("Order of Marlowe\n2.0 x B1\nTotal 22.50\nRing\ntwice\n"));
 }
 
 TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {
@@ -208,7 +272,8 @@ TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {
         QApplication::clipboard()->setText("1\n2\n3\tx\n-5\n6\n");
         products()->setCurrentIndex(products()->model()->index(0, 0));
         QTest::keyClick(products(), Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 3, 0), "3/"); // groups and "-5" take nothing
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 3, 0),
+                  "3/"); // groups and "-5" take nothing
         products()->setCurrentIndex(products()->model()->index(2, 0));
         QTest::keyClick(products(), Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QApplication::clipboard()->text(), "3\t\tB1\tSmall bolt\t12.5\t10\t3.75\t33.75");

@@ -14,14 +14,14 @@ protected:
 
     /// Confirms a new password as soon as the second entry has the focus.
     void confirm(const QString& password) {
-        script.when("the confirmation",
-                    [] { return takesKeys(visibleWidget("txtConfirm")); },
-                    [password] {
-                        EXPECT_EQ(visibleWidget("cbNext(0)"), nullptr);
-                        EXPECT_NE(visibleWidget("cbNext(1)"), nullptr);
-                        QTest::keyClicks(visibleWidget("txtConfirm"), password);
-                        QTest::keyClick(visibleWidget("txtConfirm"), Qt::Key_Return);
-                    });
+        script.when(
+            "the confirmation", [] { return takesKeys(visibleWidget("txtConfirm")); },
+            [password] {
+                EXPECT_EQ(visibleWidget("cbNext(0)"), nullptr);
+                EXPECT_NE(visibleWidget("cbNext(1)"), nullptr);
+                QTest::keyClicks(visibleWidget("txtConfirm"), password);
+                QTest::keyClick(visibleWidget("txtConfirm"), Qt::Key_Return);
+            });
     }
 
     [[nodiscard]] std::string storedPassword() const { return readFile("ACME/PrdPrm.dat").substr(4, 9); }
@@ -62,7 +62,8 @@ TEST_F(PasswordTest, DecliningAnotherTryEndsTheProgram) {
     deliver("ACME", catalog);
     enterPassword("wrong");
     answer("Password Protection", QMessageBox::No);
-    script.when("never", [] { return false; }, [] {});
+    script.when(
+        "never", [] { return false; }, [] {});
     EXPECT_FALSE(play());
     EXPECT_EQ(storedPassword(), "SECRET   ");
 }

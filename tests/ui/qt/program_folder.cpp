@@ -14,8 +14,11 @@ ProgramTest::ProgramTest() {
     folder = fs::canonical(testing::TempDir()) / "windows_test" / test->name();
     fs::remove_all(folder);
     fs::create_directories(folder);
-    writeFile("Start.ect", "<html><body>Suppliers<table><tr><R1><td><a id=\"{SUPPID}\" href=\"{DIR}\\{SUPPID}\">{SUPPLIER}</a> "
-                           "<a id=\"remove-{SUPPID}\" href=\"{DIR}\\-{SUPPID}\">remove</a></td></R1></tr></table></body></html>");
+    writeFile(
+        "Start.ect",
+        "<html><body>Suppliers<table><tr><R1><td><a id=\"{SUPPID}\" href=\"{DIR}\\{SUPPID}\">{SUPPLIER}</a> "
+        "<a id=\"remove-{SUPPID}\" "
+        "href=\"{DIR}\\-{SUPPID}\">remove</a></td></R1></tr></table></body></html>");
 }
 
 void ProgramTest::deliver(const std::string& supplier, const support::CatalogBuilder& catalog,
@@ -43,15 +46,19 @@ void ProgramTest::deliver(const std::string& supplier, const support::CatalogBui
 support::CatalogBuilder ProgramTest::smallCatalog(const std::string& name) {
     using catalog::ParameterText;
     support::CatalogBuilder builder;
-    builder.texts = {{ParameterText::supplierName, name},        {ParameterText::catalogName, name + " list"},
-                     {ParameterText::codeCaption, "Code"},       {ParameterText::descriptionCaption, "Article"},
-                     {ParameterText::taxName, "GST%"},           {ParameterText::priceCaption, "Price"},
-                     {ParameterText::supplierFax, "555 01"},     {ParameterText::supplierEmail, "o@example.com"}};
+    builder.texts = {{ParameterText::supplierName, name},    {ParameterText::catalogName, name + " list"},
+                     {ParameterText::codeCaption, "Code"},   {ParameterText::descriptionCaption, "Article"},
+                     {ParameterText::taxName, "GST%"},       {ParameterText::priceCaption, "Price"},
+                     {ParameterText::supplierFax, "555 01"}, {ParameterText::supplierEmail, "o@example.com"}};
     builder.groups = {{"Table of Contents", 1, 2, 0}, {"Bolts", 2, 0, 1}};
     builder.products = {{.text = "T\nContents\n", .group = 1, .flag = 'N'},
                         {.text = "G\nBolts\n", .group = 2, .flag = 'N'},
                         {.text = "B1\nSmall bolt\n", .price = 10, .taxRate = 12.5F, .group = 2},
-                        {.text = "B2\nGro\xDF" "er Bolzen\n", .price = 2.5F, .taxRate = 10, .group = 2}};
+                        {.text = "B2\nGro\xDF"
+                                 "er Bolzen\n",
+                         .price = 2.5F,
+                         .taxRate = 10,
+                         .group = 2}};
     return builder;
 }
 
@@ -77,27 +84,30 @@ bool ProgramTest::play() {
 }
 
 void ProgramTest::answer(const QString& title, QMessageBox::StandardButton button) {
-    script.when("the box " + title, [title] { return messageBox(title) != nullptr; },
-                [this, title, button] {
-                    auto* box = messageBox(title);
-                    boxTexts.push_back(box->text());
-                    press(*box, button);
-                });
+    script.when(
+        "the box " + title, [title] { return messageBox(title) != nullptr; },
+        [this, title, button] {
+            auto* box = messageBox(title);
+            boxTexts.push_back(box->text());
+            press(*box, button);
+        });
 }
 
 void ProgramTest::enterPassword(const QString& password) {
-    script.when("the password entry",
-                [] {
-                    auto* entry = visible<QLineEdit>("txtPassword");
-                    return entry && takesKeys(entry) && entry->text().isEmpty();
-                },
-                [password] {
-                    QTest::keyClicks(visibleWidget("txtPassword"), password);
-                    QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return);
-                });
+    script.when(
+        "the password entry",
+        [] {
+            auto* entry = visible<QLineEdit>("txtPassword");
+            return entry && takesKeys(entry) && entry->text().isEmpty();
+        },
+        [password] {
+            QTest::keyClicks(visibleWidget("txtPassword"), password);
+            QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return);
+        });
 }
 
 void ProgramTest::closeMainWindow() {
-    script.when("the main window", [] { return visibleWidget("Form1") != nullptr; },
-                [] { visibleWidget("Form1")->close(); });
+    script.when(
+        "the main window", [] { return visibleWidget("Form1") != nullptr; },
+        [] { visibleWidget("Form1")->close(); });
 }

@@ -6,10 +6,9 @@
 #include "ui/system/instance_lock.h"
 #include "ui/system/screen.h"
 
+#include <QLineEdit>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <QLineEdit>
 
 #include <filesystem>
 #include <memory>
@@ -36,13 +35,17 @@ protected:
     [[nodiscard]] bool play();
 
     void answer(const QString& title, QMessageBox::StandardButton button);
+
     void answerEmailQuestion() { answer("Tavorine Catalog Viewer", QMessageBox::Yes); }
+
     /// Types into the password entry as soon as the welcome page is up, and presses Enter.
     void enterPassword(const QString& password);
     void closeMainWindow();
 
     [[nodiscard]] static QWebEngineView* page() { return tour::visible<QWebEngineView>("WbPage"); }
+
     [[nodiscard]] static QWebEngineView* startPage() { return tour::visible<QWebEngineView>("WebBrowser1"); }
+
     [[nodiscard]] static bool shows(QWebEngineView* view, const QString& text) {
         return view && tour::pageText(*view).contains(text);
     }
@@ -55,7 +58,9 @@ private:
     class TestProgramFile final : public platform::ProgramFile {
     public:
         explicit TestProgramFile(std::filesystem::path path) : m_path(std::move(path)) {}
+
         [[nodiscard]] std::filesystem::path path() const override { return m_path; }
+
         [[nodiscard]] bool isReadOnly() const override { return false; }
 
     private:

@@ -10,7 +10,8 @@ protected:
     SupplierTest() { writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n"); }
 
     void expectList(std::function<void()> then) {
-        script.when("the supplier list", [] { return shows(startPage(), "Suppliers"); }, std::move(then));
+        script.when(
+            "the supplier list", [] { return shows(startPage(), "Suppliers"); }, std::move(then));
     }
 };
 
@@ -23,8 +24,9 @@ TEST_F(SupplierTest, InstallsUpdatesDeclinesAndRemovesSuppliers) {
         EXPECT_EQ(readFile("BOLTS.jpg"), "logo");
         clickInPage(*startPage(), "#NUTS");
     });
-    script.when("the welcome page", [] { return shows(startPage(), "Welcome to Nuts list"); },
-                [] { visibleWidget("Welcome")->close(); });
+    script.when(
+        "the welcome page", [] { return shows(startPage(), "Welcome to Nuts list"); },
+        [] { visibleWidget("Welcome")->close(); });
     EXPECT_TRUE(play());
     EXPECT_EQ(readFile("NUTS/Tmp.htm"), "<h1>Welcome to Nuts list</h1>\r\n");
 }
@@ -42,7 +44,8 @@ TEST_F(SupplierTest, AsksBeforeItReplacesACatalogueByOneThatIsNotNewer) {
     answer("Confirm Catalog Update", QMessageBox::No);
     closeMainWindow();
     ASSERT_TRUE(play());
-    EXPECT_EQ(boxTexts.back(), "Would you like to replace:\n\n   Bolts catalog version 00001\n\nwith\n\n   Bolts catalog version 00001");
+    EXPECT_EQ(boxTexts.back(), "Would you like to replace:\n\n   Bolts catalog version 00001\n\nwith\n\n   "
+                               "Bolts catalog version 00001");
     EXPECT_EQ(readFile("BOLTS/Prdlst.dat"), installed);
     EXPECT_FALSE(exists("BOLTS.zip"));
 
@@ -59,17 +62,19 @@ TEST_F(SupplierTest, RemovesASupplierFromTheListOnlyWhenToldTwice) {
     deliver("PAINT", smallCatalog("Paint"));
     expectList([] { clickInPage(*startPage(), "#remove-NUTS"); });
     answer("Remove NUTS Trading", QMessageBox::No);
-    script.when("the list as it was", [] { return shows(startPage(), "NUTS Trading"); }, [&] {
-        EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
-        clickInPage(*startPage(), "#remove-BOLTS");
-    });
+    script.when(
+        "the list as it was", [] { return shows(startPage(), "NUTS Trading"); },
+        [&] {
+            EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
+            clickInPage(*startPage(), "#remove-BOLTS");
+        });
     answer("Remove BOLTS Trading", QMessageBox::Yes);
-    script.when("the list without it",
-                [] { return shows(startPage(), "Suppliers") && !shows(startPage(), "BOLTS"); },
-                [&] {
-                    EXPECT_FALSE(exists("BOLTS") || exists("BOLTS.sup"));
-                    EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
-                });
+    script.when(
+        "the list without it", [] { return shows(startPage(), "Suppliers") && !shows(startPage(), "BOLTS"); },
+        [&] {
+            EXPECT_FALSE(exists("BOLTS") || exists("BOLTS.sup"));
+            EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
+        });
     EXPECT_TRUE(play());
     EXPECT_EQ(boxTexts.front(), "Are you sure you wish to remove this supplier");
 }
