@@ -224,6 +224,7 @@ void Form1::runCommand(Command command) {
     }
 }
 
+// Print and help cannot be had yet, whatever the order's state.
 void Form1::showToolbar() {
     auto shown = m_toolbarState;
     for (const auto missing : {Command::print, Command::help})

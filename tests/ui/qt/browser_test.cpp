@@ -1,6 +1,7 @@
 #include "base/files.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/page_browser.h"
+#include "ui/zoom.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -148,19 +149,42 @@ TEST_F(BrowserTest, OfPagesShownInABurstTheLastIsSeenFromItsTop) {
 }
 
 TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
+    base::replaceFile(folder / "ACME" / "frame.htm", "<a id=f href='Tmp.htm?F1'>f</a><a id=p href='plain.htm'>p</a>");
+    base::replaceFile(folder / "ACME" / "plain.htm", "<p>plain</p>");
     std::vector<std::string> links;
     browser.onLink([&](const QUrl& url, bool clicked) {
-        links.push_back(url.fileName().toStdString() + (clicked ? " clicked" : ""));
+        links.push_back(url.fileName().toStdString() + "?" + url.query().toStdString() + (clicked ? " clicked" : ""));
     });
-    show(
-        "<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
-        "<p id=x>x</p>");
-    for (const char* id : {"#a", "#b", "#c"}) {
+    show("<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
+         "<form action='Tmp.htm'><input name=code value=B2><input type=submit id=d></form>"
+         "<iframe src='frame.htm'></iframe><p id=x>x</p>");
+    for (const char* id : {"#a", "#b", "#c", "#d"}) {
         tour::clickInPage(*browser.view(), id);
         QTest::qWait(400);
     }
-    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm clicked", "other.htm clicked"));
+    // Frames of files are strangers to the page, so the click is placed by eye.
+    const auto frame = evaluate("(function () { var r = document.querySelector('iframe').getClientRects()[0];"
+                                " return [r.left, r.top]; })()").toList();
+    const QPoint corner(frame[0].toInt(), frame[1].toInt());
+    QTest::mouseClick(browser.view()->focusProxy(), Qt::LeftButton, {}, corner + QPoint(14, 18));
+    QTest::qWait(400);
+    browser.view()->page()->triggerAction(QWebEnginePage::Reload);
+    QTest::qWait(400);
+    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked", "Tmp.htm?code=B2",
+                                            "Tmp.htm?F1 clicked"));
     EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
+}
+
+TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {
+    show("<p>one</p>");
+    browser.setZoom(ui::zoomedBy(browser.zoom(), 1));
+    EXPECT_DOUBLE_EQ(browser.zoom(), 1.1);
+    show("<p>two</p>");
+    EXPECT_NEAR(browser.view()->zoomFactor(), 1.1, 0.01);
+    EXPECT_DOUBLE_EQ(ui::zoomedBy(3.0, 1), 3.0);
+    EXPECT_DOUBLE_EQ(ui::zoomedBy(0.5, -1), 0.5);
+    EXPECT_DOUBLE_EQ(ui::zoomedBy(1.04, -1), 1.0);
+    EXPECT_DOUBLE_EQ(ui::sensibleZoom(0), 1.0);
 }
 
 }
