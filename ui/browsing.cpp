@@ -1,5 +1,9 @@
 #include "ui/browsing.h"
 
+#include "base/errors.h"
+
+#include <utility>
+
 namespace ui {
 
 Browsing::Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
@@ -11,22 +15,30 @@ Browsing::Browsing(const app::Session& session, const catalog::Catalog& catalog,
 
 void Browsing::showBanner() {
     m_currentRecord = 1;
-    const auto text = m_pages.banner(m_currentRecord, m_taxStatus);
-    m_scratchPage.write(text);
-    m_banner.show(m_scratchPage.path(), text);
+    put(m_banner, m_pages.banner(m_currentRecord, m_taxStatus));
 }
 
 void Browsing::showRecord(std::int32_t recordNumber) {
     m_currentRecord = recordNumber;
-    showAgain();
     m_history.push(recordNumber);
+    showAgain();
 }
 
 void Browsing::showAgain() {
     m_recordIsUp = true;
-    const auto text = m_pages.page(m_currentRecord, m_taxStatus);
-    m_scratchPage.write(text);
-    m_page.show(m_scratchPage.path(), text);
+    put(m_page, m_pages.page(m_currentRecord, m_taxStatus));
+}
+
+void Browsing::put(platform::Browser& browser, std::string_view text) {
+    std::optional<base::FileError> failure;
+    try {
+        m_scratchPage.write(text);
+    } catch (const base::FileError& error) {
+        failure = error;
+    }
+    browser.show(m_scratchPage.path(), text);
+    if (failure && !std::exchange(m_failureTold, true))
+        throw base::FileError(*failure);
 }
 
 void Browsing::showPage(const std::filesystem::path& file, std::string_view bytes) {

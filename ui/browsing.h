@@ -15,7 +15,8 @@
 namespace ui {
 
 /// What the main window shows of its catalogue: the banner, and the page of the current record.
-/// The session, the catalogue and both browsers must outlive it.
+/// The session, the catalogue and both browsers must outlive it. A page that cannot be written to the scratch
+/// page is shown all the same; the first one throws base::FileError when it is up.
 class Browsing {
 public:
     Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
@@ -52,6 +53,8 @@ public:
     [[nodiscard]] pages::TaxStatus taxStatus() const { return m_taxStatus; }
 
 private:
+    void put(platform::Browser& browser, std::string_view text);
+
     pages::CatalogPages m_pages;
     pages::ScratchPage m_scratchPage;
     platform::Browser& m_banner;
@@ -60,6 +63,7 @@ private:
     std::int32_t m_currentRecord = 1;
     pages::History m_history;
     bool m_recordIsUp = false;
+    bool m_failureTold = false;
 };
 
 }

@@ -149,22 +149,26 @@ TEST_F(BrowserTest, OfPagesShownInABurstTheLastIsSeenFromItsTop) {
 }
 
 TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
-    base::replaceFile(folder / "ACME" / "frame.htm", "<a id=f href='Tmp.htm?F1'>f</a><a id=p href='plain.htm'>p</a>");
+    base::replaceFile(folder / "ACME" / "frame.htm",
+                      "<a id=f href='Tmp.htm?F1'>f</a><a id=p href='plain.htm'>p</a>");
     base::replaceFile(folder / "ACME" / "plain.htm", "<p>plain</p>");
     std::vector<std::string> links;
     browser.onLink([&](const QUrl& url, bool clicked) {
-        links.push_back(url.fileName().toStdString() + "?" + url.query().toStdString() + (clicked ? " clicked" : ""));
+        links.push_back(url.fileName().toStdString() + "?" + url.query().toStdString() +
+                        (clicked ? " clicked" : ""));
     });
-    show("<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
-         "<form action='Tmp.htm'><input name=code value=B2><input type=submit id=d></form>"
-         "<iframe src='frame.htm'></iframe><p id=x>x</p>");
+    show(
+        "<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
+        "<form action='Tmp.htm'><input name=code value=B2><input type=submit id=d></form>"
+        "<iframe src='frame.htm'></iframe><p id=x>x</p>");
     for (const char* id : {"#a", "#b", "#c", "#d"}) {
         tour::clickInPage(*browser.view(), id);
         QTest::qWait(400);
     }
     // Frames of files are strangers to the page, so the click is placed by eye.
     const auto frame = evaluate("(function () { var r = document.querySelector('iframe').getClientRects()[0];"
-                                " return [r.left, r.top]; })()").toList();
+                                " return [r.left, r.top]; })()")
+                           .toList();
     const QPoint corner(frame[0].toInt(), frame[1].toInt());
     QTest::mouseClick(browser.view()->focusProxy(), Qt::LeftButton, {}, corner + QPoint(14, 18));
     QTest::qWait(400);
