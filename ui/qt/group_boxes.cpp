@@ -83,7 +83,7 @@ void GroupBoxes::open(pages::GroupLists& lists) {
 
 void GroupBoxes::enter(int list) {
     if (m_lists && m_lists->enter(list))
-        m_boxes.at(static_cast<std::size_t>(list))->showEntries(m_lists->entries(list));
+        boxAt(list)->showEntries(m_lists->entries(list));
 }
 
 void GroupBoxes::choose(int list, int entry) {
@@ -91,7 +91,7 @@ void GroupBoxes::choose(int list, int entry) {
         return;
     const auto choice = m_lists->choose(list, entry);
     if (choice.preparedNext)
-        m_boxes.at(static_cast<std::size_t>(list + 1))->showEntries(m_lists->entries(list + 1));
+        boxAt(list + 1)->showEntries(m_lists->entries(list + 1));
     if (choice.record > 0)
         emit chosen(choice.record);
 }

@@ -60,6 +60,8 @@ signals:
     void chosen(int record);
 
 private:
+    [[nodiscard]] GroupBox* boxAt(int list) const { return m_boxes.at(static_cast<std::size_t>(list)); }
+
     void enter(int list);
     void choose(int list, int entry);
 

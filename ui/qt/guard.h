@@ -17,13 +17,11 @@ public:
     /// The slot to connect. One that wants none of the signal's arguments is called without them.
     template <typename Slot>
     [[nodiscard]] auto operator()(Slot slot) {
-        return [this, slot = std::move(slot)](auto&&... arguments) mutable {
-            run([&] {
-                if constexpr (std::is_invocable_v<Slot&, decltype(arguments)...>)
-                    slot(std::forward<decltype(arguments)>(arguments)...);
-                else
-                    slot();
-            });
+        return [this, slot = std::move(slot)](auto&&... arguments) mutable -> void {
+            if constexpr (std::is_invocable_v<Slot&, decltype(arguments)...>)
+                run([&] { slot(std::forward<decltype(arguments)>(arguments)...); });
+            else if constexpr (std::is_invocable_v<Slot&>)
+                run([&] { slot(); });
         };
     }
 

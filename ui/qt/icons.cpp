@@ -55,7 +55,7 @@ QPainterPath pathOf(std::string_view stroke) {
 
 class StrokeIcon final : public QIconEngine {
 public:
-    explicit StrokeIcon(QPainterPath path) : m_path(std::move(path)) {}
+    explicit StrokeIcon(const QPainterPath& path) : m_path(path) {}
 
     [[nodiscard]] QIconEngine* clone() const override { return new StrokeIcon(m_path); }
 
