@@ -14,8 +14,6 @@
 namespace ui::qt {
 namespace {
 
-using Attribute = QWebEngineSettings::WebAttribute;
-
 constexpr std::array attributes{
     std::pair{QWebEngineSettings::JavascriptEnabled, true},
     std::pair{QWebEngineSettings::ShowScrollBars, true},

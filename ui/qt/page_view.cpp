@@ -5,8 +5,6 @@
 #include <QMenu>
 #include <QWebEnginePage>
 
-#include <array>
-
 namespace ui::qt {
 
 PageView::PageView(QWidget* parent) : QWebEngineView(parent) {

@@ -3,8 +3,8 @@
 #include "ui/qt/page_browser.h"
 #include "ui/zoom.h"
 
-#include <QBuffer>
 #include <QImage>
+#include <QProcess>
 #include <QTcpServer>
 #include <QTest>
 
@@ -177,6 +177,16 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
     EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked", "Tmp.htm?code=B2",
                                             "Tmp.htm?F1 clicked"));
     EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
+}
+
+TEST_F(BrowserTest, PagesGoOnAfterTheBrowsersProcessHasDied) {
+    show("<p>one</p>");
+    const auto process = QString::number(browser.view()->page()->renderProcessPid());
+    browser.show(folder / "ACME" / "Tmp.htm", "<p>two</p>" + std::string(400'000, 'x'));
+    ASSERT_EQ(QProcess::execute("kill", {"-9", process}), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    show("<p>three</p>");
+    EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
 }
 
 TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {
