@@ -1,5 +1,8 @@
 #include "ui/grid_columns.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace ui {
 namespace {
 
@@ -32,20 +35,21 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
     const auto& taxName = parameters.text(ParameterText::taxName);
     const auto extraAlign = extraColumnAlignments(parameters.header().extraColumnAlignment());
     const int quantityDecimals = parameters.header().quantityDecimals();
+    const int narrowestQuantity = 4 + (quantityDecimals > 0 ? 1 + quantityDecimals : 0);
 
     std::vector<Column> columns{
-        {Field::quantity, "Qty", 10, right, right, quantityDecimals, true},
-        {Field::mark, "+*", 3, centred, centred, -1, true},
-        {Field::code, parameters.text(ParameterText::codeCaption), codeWidth, left, left, -1, true},
-        {Field::description, parameters.text(ParameterText::descriptionCaption), 0, left, left, -1, true},
-        {Field::other, extra, extraColumnWidth, extraAlign.header, extraAlign.text, -1, !extra.empty()}};
+        {Field::quantity, "Qty", 10, narrowestQuantity, right, right, quantityDecimals, true},
+        {Field::mark, "+*", 3, 3, centred, centred, -1, true},
+        {Field::code, parameters.text(ParameterText::codeCaption), codeWidth, 12, left, left, -1, true},
+        {Field::description, parameters.text(ParameterText::descriptionCaption), 0, 16, left, left, -1, true},
+        {Field::other, extra, extraColumnWidth, 6, extraAlign.header, extraAlign.text, -1, !extra.empty()}};
     if (parameters.chargesTax())
-        columns.push_back({Field::taxRate, taxName + "%", 11, right, right, 2, true});
+        columns.push_back({Field::taxRate, taxName + "%", 11, 6, right, right, 2, true});
     columns.push_back(
-        {Field::price, parameters.text(ParameterText::priceCaption), 12, right, right, 2, true});
+        {Field::price, parameters.text(ParameterText::priceCaption), 12, 8, right, right, 2, true});
     if (parameters.chargesTax())
-        columns.push_back({Field::tax, taxName, 11, right, right, 2, true});
-    columns.push_back({Field::total, "Total", 10 + totalExtraWidth, right, right, 2, true});
+        columns.push_back({Field::tax, taxName, 11, 8, right, right, 2, true});
+    columns.push_back({Field::total, "Total", 10 + totalExtraWidth, 9, right, right, 2, true});
     return columns;
 }
 
@@ -54,6 +58,25 @@ std::vector<Column> orderColumns(const catalog::Parameters& parameters) {
     if (!parameters.header().orderGridHasExtraColumn())
         std::erase_if(columns, [](const Column& column) { return column.field == Field::other; });
     return columns;
+}
+
+std::vector<int> fittedWidths(const std::vector<ColumnRoom>& columns, int room) {
+    int wanted = 0;
+    int narrowest = 0;
+    for (const auto& column : columns) {
+        wanted += std::max(column.wanted, column.narrowest);
+        narrowest += column.narrowest;
+    }
+    const double kept =
+        wanted > narrowest ? std::clamp(double(room - narrowest) / double(wanted - narrowest), 0.0, 1.0) : 1;
+    std::vector<int> widths;
+    for (const auto& [full, least] : columns)
+        widths.push_back(full > least ? least + static_cast<int>((full - least) * kept) : least);
+    const int leftOver = room - std::accumulate(widths.begin(), widths.end(), 0);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i].wanted == 0 && columns[i].narrowest > 0)
+            widths[i] += std::max(0, leftOver);
+    return widths;
 }
 
 }

@@ -17,6 +17,7 @@ struct Column {
     Field field;
     std::string caption;
     int widthInUnits; ///< one unit is an average character of the grid's font; 0 takes what is left over
+    int narrowest;    ///< where there is not room for all; in units, in a column of numbers in digits
     Alignment header;
     Alignment text;
     int decimals; ///< shown behind the point; -1 for columns that hold no number
@@ -28,5 +29,17 @@ struct Column {
 
 /// The columns of `ctGrid2`: the same, without the extra column where the catalogue's switch says so.
 [[nodiscard]] std::vector<Column> orderColumns(const catalog::Parameters& parameters);
+
+/// A column's width as it should be and as it may become at worst, in pixels. The one that takes what is left
+/// over should be 0 wide; a hidden one has 0 for both.
+struct ColumnRoom {
+    int wanted;
+    int narrowest;
+};
+
+/// The widths of columns that share so many pixels: all as they should be while the one that takes what is
+/// left over keeps its narrowest; below that the others become narrower alike. Where not even the narrowest
+/// have room, the widths add up to more.
+[[nodiscard]] std::vector<int> fittedWidths(const std::vector<ColumnRoom>& columns, int room);
 
 }

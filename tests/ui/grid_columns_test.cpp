@@ -121,4 +121,16 @@ TEST_F(MainWindowParts, PrintAndEmailAreHiddenWithoutTheSuppliersAddressOrTheUse
         EXPECT_FALSE(visible(Command::email, status)) << status;
 }
 
+TEST(FittedWidths, NarrowAlikeDownToTheirNarrowestAndThenOverhang) {
+    const std::vector<ui::ColumnRoom> columns{{100, 50}, {0, 40}, {0, 0}, {60, 60}};
+    const std::pair<int, std::vector<int>> cases[] = {
+        {500, {100, 340, 0, 60}}, // the second takes what is left over
+        {200, {100, 40, 0, 60}},  {175, {75, 40, 0, 60}}, {151, {51, 40, 0, 60}},
+        {100, {50, 40, 0, 60}},   {0, {50, 40, 0, 60}},
+    };
+    for (const auto& [room, widths] : cases)
+        EXPECT_EQ(ui::fittedWidths(columns, room), widths) << room;
+    EXPECT_EQ(ui::fittedWidths({}, 100), std::vector<int>());
+}
+
 }

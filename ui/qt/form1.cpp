@@ -11,7 +11,6 @@
 #include <QCloseEvent>
 #include <QDate>
 #include <QDesktopServices>
-#include <QHeaderView>
 #include <QLocale>
 #include <QShortcut>
 #include <QShowEvent>
@@ -25,9 +24,8 @@ namespace {
 
 using catalog::ParameterText;
 
-constexpr int bannerHeight = 84;
+constexpr int bannerHeight = 88; // of its page, which grows with the screen's scaling and not with the font
 constexpr QSize designedSize{1000, 720};
-constexpr QSize smallestSize{600, 420};
 
 // The basket of a new order is started between the products and the groups, as every load does.
 catalog::Catalog open(const app::Session& session, std::optional<order::BasketFile>& basket,
@@ -98,7 +96,6 @@ void Form1::layOut() {
     layout->addWidget(m_views, 1);
     layout->addWidget(m_totals);
     setCentralWidget(middle);
-    setMinimumSize(smallestSize);
     m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
 }
@@ -111,7 +108,7 @@ void Form1::fill() {
     m_catalogView->groupBoxes().open(m_groupLists);
     m_orderView->open(new OrderModel(m_catalog, m_ordering.grids(), this));
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})
-        m_memory.restore(*grid->horizontalHeader(), columnsOf(*grid));
+        m_memory.restore(grid->columnWidths(), columnsOf(*grid));
     m_catalogView->page().setZoom(m_memory.pageZoom());
 }
 
@@ -403,7 +400,7 @@ void Form1::saveSettings() {
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})
-        m_memory.save(*grid->horizontalHeader(), columnsOf(*grid));
+        m_memory.save(grid->columnWidths(), columnsOf(*grid));
 }
 
 }

@@ -11,8 +11,6 @@ namespace ui::qt {
 namespace {
 
 constexpr int quantityColumn = 0;
-constexpr int rowPadding = 8;
-constexpr int cellPadding = 8;
 
 bool startsQuantity(const QKeyEvent& event) {
     const auto text = event.text();
@@ -35,9 +33,10 @@ Grid::Grid(const QString& name, const QString& accessibleName, QWidget* parent) 
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsMovable(false);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    fit();
 }
 
 void Grid::open(GridModel* model) {
@@ -47,21 +46,25 @@ void Grid::open(GridModel* model) {
     m_cells = new CellDelegate(model->columns(), this);
     setItemDelegate(m_cells);
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
-    layOutColumns(model->columns());
+    m_widths = new ColumnWidths(*horizontalHeader(), model->columns());
+    fit();
 }
 
-void Grid::layOutColumns(const std::vector<Column>& columns) {
-    const int unit = fontMetrics().averageCharWidth();
-    auto* header = horizontalHeader();
-    header->setMinimumSectionSize(3 * unit);
-    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-        const auto& column = columns[static_cast<std::size_t>(i)];
-        setColumnHidden(i, !column.shown);
-        if (column.widthInUnits > 0)
-            header->resizeSection(i, column.widthInUnits * unit + cellPadding);
-        else
-            header->setSectionResizeMode(i, QHeaderView::Stretch);
-    }
+void Grid::fit() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    if (m_widths)
+        m_widths->fit(viewport()->width());
+}
+
+void Grid::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    fit();
+}
+
+void Grid::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fit();
 }
 
 void Grid::commitPending() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/qt/cell_delegate.h"
+#include "ui/qt/column_widths.h"
 #include "ui/qt/grid_model.h"
 
 #include <QTableView>
@@ -21,6 +22,8 @@ public:
 
     [[nodiscard]] GridModel* gridModel() const { return m_model; }
 
+    [[nodiscard]] ColumnWidths& columnWidths() { return *m_widths; }
+
     /// The quantity editor that is open; nothing when none is.
     [[nodiscard]] QLineEdit* editor() const { return m_cells ? m_cells->editor() : nullptr; }
 
@@ -29,9 +32,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void layOutColumns(const std::vector<Column>& columns);
+    void fit();
     void startQuantity(QKeyEvent* event);
     void moveBy(int rows);
     void copySelection() const;
@@ -39,6 +44,7 @@ private:
 
     GridModel* m_model = nullptr;
     CellDelegate* m_cells = nullptr;
+    ColumnWidths* m_widths = nullptr; // with the model
 };
 
 }

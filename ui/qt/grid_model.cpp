@@ -84,6 +84,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     const auto& column = m_columns.at(static_cast<std::size_t>(section));
     if (role == Qt::DisplayRole)
         return toQt(column.caption);
+    if (role == Qt::ToolTipRole)
+        return toQt(column.caption).toHtmlEscaped();
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(qtAlignment(column.header));
     return {};

@@ -4,11 +4,14 @@
 
 #include <QScreen>
 #include <QSettings>
+#include <QStyle>
 
 namespace ui::qt {
 namespace {
 
 constexpr auto zoomKey = "Page/Zoom";
+constexpr double ordinaryFontHeight = 14; // pixels
+constexpr double shareOfLargeScreen = 0.5;
 
 QSettings memory() {
     return {QSettings::IniFormat, QSettings::UserScope, "Tavorine", "Windows"};
@@ -25,7 +28,14 @@ QString columnsKey(const QString& layout) {
 }
 
 void WindowMemory::placeAsDesigned(QWidget& window, QSize size) {
-    window.resize(size.boundedTo(window.screen()->availableSize()));
+    const auto screen = window.screen()->availableSize();
+    const auto designed = size * window.fontMetrics().height() / ordinaryFontHeight;
+    const auto wanted = designed.expandedTo(screen * shareOfLargeScreen);
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const bool hasRoom = wanted.width() <= screen.width() && wanted.height() + titleBar <= screen.height();
+    window.resize(wanted.boundedTo(screen));
+    if (!hasRoom)
+        window.setWindowState(Qt::WindowMaximized);
 }
 
 void WindowMemory::restore(QWidget& window) const {
@@ -36,22 +46,18 @@ void WindowMemory::save(const QWidget& window) const {
     memory().setValue(placeKey(window), window.saveGeometry());
 }
 
-void WindowMemory::restore(QHeaderView& header, const QString& layout) const {
-    const auto widths = memory().value(columnsKey(layout)).toStringList();
-    if (widths.size() != header.count())
-        return;
-    for (int i = 0; i < header.count(); ++i)
-        if (const int width = widths.at(i).toInt(); width > 0 && width < 10000 &&
-                                                    header.sectionResizeMode(i) == QHeaderView::Interactive &&
-                                                    !header.isSectionHidden(i))
-            header.resizeSection(i, width);
+void WindowMemory::restore(ColumnWidths& widths, const QString& layout) const {
+    std::vector<int> chosen;
+    for (const auto& width : memory().value(columnsKey(layout)).toStringList())
+        chosen.push_back(width.toInt());
+    widths.choose(chosen);
 }
 
-void WindowMemory::save(const QHeaderView& header, const QString& layout) const {
-    QStringList widths;
-    for (int i = 0; i < header.count(); ++i)
-        widths.append(QString::number(header.sectionSize(i)));
-    memory().setValue(columnsKey(layout), widths);
+void WindowMemory::save(const ColumnWidths& widths, const QString& layout) const {
+    QStringList chosen;
+    for (const int width : widths.chosen())
+        chosen.append(QString::number(width));
+    memory().setValue(columnsKey(layout), chosen);
 }
 
 double WindowMemory::pageZoom() const {
