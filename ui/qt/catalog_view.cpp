@@ -2,13 +2,15 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace ui::qt {
 namespace {
 
-constexpr int designedGridHeight = 210;
-constexpr int designedPageHeight = 700;
+constexpr double designedGridShare = 0.4; // of the height, at most
+constexpr int designedGridLines = 15;     // of text, so about ten rows
 constexpr int tallest = 100000;
-constexpr int fewestLines = 4;
+constexpr int fewestLines = 3;
 
 QVBoxLayout* stack(QWidget* widget) {
     auto* layout = new QVBoxLayout(widget);
@@ -37,7 +39,6 @@ CatalogView::CatalogView(QWidget* parent)
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(0, 0);
     m_splitter->setStretchFactor(1, 1);
-    m_splitter->setSizes({designedGridHeight, designedPageHeight});
 
     auto* layout = stack(this);
     layout->addWidget(m_groupBoxes);
@@ -45,9 +46,9 @@ CatalogView::CatalogView(QWidget* parent)
 }
 
 void CatalogView::setSplitTop(double top) {
-    if (top <= 0 || top > tallest)
-        return;
-    const int upper = static_cast<int>(top);
+    const int designed = std::min(fontMetrics().height() * designedGridLines,
+                                  static_cast<int>(m_splitter->height() * designedGridShare));
+    const int upper = top > 0 && top <= tallest ? static_cast<int>(top) : designed;
     m_splitter->setSizes({upper, m_splitter->height() - m_splitter->handleWidth() - upper});
 }
 

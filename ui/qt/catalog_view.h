@@ -24,7 +24,8 @@ public:
 
     [[nodiscard]] PageBrowser& page() { return *m_page; }
 
-    /// Where the splitter stands, in pixels from the grid's top. A place that makes no sense is not taken.
+    /// Where the splitter stands, in pixels from the grid's top. A place that makes no sense becomes the
+    /// designed one.
     [[nodiscard]] int splitTop() const { return m_splitter->handle(1)->y(); }
 
     void setSplitTop(double top);

@@ -1,5 +1,6 @@
 #include "ui/qt/date_box.h"
 
+#include "ui/qt/flow_layout.h"
 #include "ui/qt/text.h"
 
 #include <QFocusEvent>
@@ -25,7 +26,16 @@ DateBox::DateBox(int number, QWidget* parent) : QLineEdit(parent) {
     setToolTip(prompt);
     setMaxLength(digitsOfABox);
     setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this));
-    setFixedWidth(fontMetrics().horizontalAdvance("00") + 20);
+    setFixedWidth(fontMetrics().horizontalAdvance("00000"));
+}
+
+// At once, but for a click, which has its say first: what is typed meanwhile must not be taken for old.
+void DateBox::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::MouseFocusReason)
+        QTimer::singleShot(0, this, &QLineEdit::selectAll);
+    else
+        selectAll();
 }
 
 void DateBox::keyPressEvent(QKeyEvent* event) {
@@ -43,22 +53,23 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 DateBoxRow::DateBoxRow(QWidget* parent) : QWidget(parent), m_date(new QLineEdit(this)) {
     m_date->setObjectName("txDelDate");
     m_date->hide();
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    auto* boxes = new QHBoxLayout;
     for (std::size_t i = 0; i < m_boxes.size(); ++i) {
         if (i > 0)
-            layout->addWidget(new QLabel("/", this));
+            boxes->addWidget(new QLabel("/", this));
         auto* box = new DateBox(static_cast<int>(i), this);
         box->installEventFilter(this);
         connect(box, &DateBox::entryEnded, this, [this, i] { endEntry(i); });
-        layout->addWidget(box);
+        boxes->addWidget(box);
         m_boxes.at(i) = box;
     }
+    boxes->addStretch();
     auto* hint = new QLabel("DD/MM/YY", this);
     hint->setObjectName("lbDDMMYY");
-    hint->setEnabled(false);
+    auto* layout = new FlowLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(boxes);
     layout->addWidget(hint);
-    layout->addStretch();
     setFocusProxy(m_boxes.front());
 }
 

@@ -9,7 +9,7 @@
 namespace ui::qt {
 
 /// One of the three boxes `txDel` of the delivery date. It takes digits only; Delete works, Backspace does
-/// nothing. Entry ends with the second digit.
+/// nothing. Entry ends with the second digit. The box that gets the focus has its whole text selected.
 class DateBox final : public QLineEdit {
     Q_OBJECT
 
@@ -20,6 +20,7 @@ signals:
     void entryEnded();
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };
 

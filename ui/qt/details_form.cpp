@@ -2,12 +2,12 @@
 
 #include "ui/qt/text.h"
 
-#include <QGridLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QTimer>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace ui::qt {
 namespace {
@@ -41,13 +41,15 @@ constexpr std::array boxes{
                    7, 0},
     BoxDescription{"txPhone", "lbPhone", "*&Phone Number", "Enter your Phone (mandatory for ordering)",
                    &DeliveryDetails::phone, 1, 1},
-    BoxDescription{"txOrdNo", "lbOrdNo", "&Order Number", "Enter your order / reference number", nullptr, 2,
+    BoxDescription{"txOrdNo", "lbOrdNo", "Or&der Number", "Enter your order / reference number", nullptr, 2,
                    1},
 };
 
 constexpr int dateRow = 3;
 constexpr int commentRow = 4;
 constexpr int lastRow = 7;
+constexpr int narrowestBox = 16; // in average characters
+constexpr int commentLines = 3;
 
 QLabel* labelFor(QWidget* box, const QString& name, const QString& caption, QWidget* parent) {
     auto* label = new QLabel(caption, parent);
@@ -60,58 +62,111 @@ QString plain(QString caption) {
     return caption.remove('&').remove('*');
 }
 
+QLabel* titleLabel(QWidget* parent) {
+    auto* title = new QLabel("Deliver to", parent);
+    title->setObjectName("lbDeliverTo");
+    auto bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    return title;
+}
+
 }
 
 DetailsForm::DetailsForm(QWidget* parent)
-    : QWidget(parent), m_comment(new QPlainTextEdit(this)), m_date(new DateBoxRow(this)) {
+    : QWidget(parent), m_title(titleLabel(this)), m_layout(new QGridLayout(this)) {
     setObjectName("Details");
-    auto* layout = new QGridLayout(this);
-    layout->setContentsMargins(12, 8, 12, 8);
-    layout->setVerticalSpacing(3);
-    layout->setColumnStretch(1, 1);
-    layout->setColumnStretch(3, 1);
-    auto* title = new QLabel("Deliver to", this);
-    title->setObjectName("lbDeliverTo");
-    auto bold = font();
-    bold.setBold(true);
-    title->setFont(bold);
-    layout->addWidget(title, 0, 0, 1, 2);
+    m_layout->setContentsMargins(12, 8, 12, 8);
+    m_layout->setVerticalSpacing(3);
+    // Tab leads through the boxes in the order in which they are made.
+    addBoxes();
+    m_date = new DateBoxRow(this);
+    m_lines.push_back(
+        {labelFor(m_date->focusProxy(), "lbDelDate", "Deli&very Date (DD/MM/YY)", this), m_date, dateRow, 1});
+    addComment();
+    arrange(2);
+}
+
+void DetailsForm::addBoxes() {
     for (const auto& description : boxes) {
         auto* edit = new QLineEdit(this);
         edit->setObjectName(description.name);
         edit->setAccessibleName(plain(description.caption));
         edit->setToolTip(description.prompt);
-        layout->addWidget(labelFor(edit, description.label, description.caption, this), description.row,
-                          2 * description.column);
-        layout->addWidget(edit, description.row, 2 * description.column + 1);
+        m_lines.push_back({labelFor(edit, description.label, description.caption, this), edit,
+                           description.row, description.column});
         watch(edit);
         if (description.detail)
             m_boxes.push_back({edit, description.detail});
         else
             m_orderNumber = edit;
     }
-    layout->addWidget(labelFor(m_date, "lbDelDate", "&Delivery Date (DD/MM/YY)", this), dateRow, 2);
-    layout->addWidget(m_date, dateRow, 3);
-    addComment();
 }
 
 void DetailsForm::addComment() {
+    m_comment = new QPlainTextEdit(this);
     m_comment->setObjectName("txComment");
     m_comment->setAccessibleName("Comments");
     m_comment->setToolTip("Enter comments or order instructions");
     m_comment->setTabChangesFocus(true);
-    m_comment->setMinimumHeight(fontMetrics().lineSpacing() * 2);
+    m_comment->setMinimumHeight(fontMetrics().lineSpacing() * commentLines);
     m_comment->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     watch(m_comment);
-    auto* label = labelFor(m_comment, "lbComment", "Co&mments (<Ctrl><Enter> for new line)", this);
+    auto* label = labelFor(m_comment, "lbComment", "C&omments (<Ctrl><Enter> for new line)", this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    auto* grid = static_cast<QGridLayout*>(layout());
-    grid->addWidget(label, commentRow, 2, lastRow - commentRow + 1, 1);
-    grid->addWidget(m_comment, commentRow, 3, lastRow - commentRow + 1, 1);
-    QWidget::setTabOrder(m_orderNumber, m_date);
-    QWidget::setTabOrder(m_date, m_comment);
+    m_lines.push_back({label, m_comment, commentRow, 1});
+}
+
+int DetailsForm::labelWidth(int column) const {
+    int widest = 0;
+    for (const auto& line : m_lines)
+        if (line.column == column && line.field != m_comment)
+            widest = std::max(widest, line.label->sizeHint().width());
+    return widest;
+}
+
+int DetailsForm::boxWidth(int column) const {
+    const int box = fontMetrics().averageCharWidth() * narrowestBox;
+    return column == 0 ? box : std::max(box, m_date->sizeHint().width());
+}
+
+int DetailsForm::gaps(int count) const {
+    const auto margins = m_layout->contentsMargins();
+    return count * m_layout->horizontalSpacing() + margins.left() + margins.right();
+}
+
+int DetailsForm::narrowest() const {
+    const int box = std::max(boxWidth(0), m_date->minimumSizeHint().width());
+    return std::max(labelWidth(0), labelWidth(1)) + box + gaps(1);
+}
+
+void DetailsForm::fitInto(int width) {
+    const int two = labelWidth(0) + boxWidth(0) + labelWidth(1) + boxWidth(1) + gaps(3);
+    arrange(width < two ? 1 : 2);
+}
+
+// In one column the lines follow each other as the focus does.
+void DetailsForm::arrange(int columns) {
+    if (std::exchange(m_columns, columns) == columns)
+        return;
+    while (auto* item = m_layout->takeAt(0))
+        delete item;
+    m_layout->addWidget(m_title, 0, 0, 1, 2);
+    int row = 0;
+    for (const auto& line : m_lines) {
+        const int top = columns == 1 ? ++row : line.row;
+        const int left = columns == 1 ? 0 : 2 * line.column;
+        const int height = line.field == m_comment && columns == 2 ? lastRow - commentRow + 1 : 1;
+        m_layout->addWidget(line.label, top, left, height, 1);
+        m_layout->addWidget(line.field, top, left + 1, height, 1);
+    }
+    m_layout->setColumnStretch(1, 1);
+    m_layout->setColumnStretch(3, columns - 1);
+    m_layout->setColumnMinimumWidth(3, columns == 2 ? boxWidth(1) : 0);
+    updateGeometry();
 }
 
 void DetailsForm::watch(QWidget* box) {
@@ -120,8 +175,11 @@ void DetailsForm::watch(QWidget* box) {
 
 bool DetailsForm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
-        // After the click or the key that brought the focus has had its say.
-        QTimer::singleShot(0, watched, [watched] { QMetaObject::invokeMethod(watched, "selectAll"); });
+        const auto select = [watched] { QMetaObject::invokeMethod(watched, "selectAll"); };
+        if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
+            QTimer::singleShot(0, watched, select); // after the click has had its say
+        else
+            select();
     } else if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr auto toolTip = "Drill down through groups and products, selecting from left to right";
 constexpr int visibleEntries = 24;
-constexpr int shortestEntry = 8; // characters
+constexpr int shortestEntry = 6; // characters
 
 }
 

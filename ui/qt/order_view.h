@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/qt/details_form.h"
+#include "ui/qt/details_area.h"
 #include "ui/qt/grid.h"
 #include "ui/qt/order_model.h"
 
@@ -17,14 +17,14 @@ public:
 
     void open(OrderModel* model);
 
-    [[nodiscard]] DetailsForm& details() { return *m_details; }
+    [[nodiscard]] DetailsForm& details() { return m_details->form(); }
 
     [[nodiscard]] Grid& grid() { return *m_grid; }
 
     [[nodiscard]] OrderModel& model() { return *m_model; }
 
 private:
-    DetailsForm* m_details;
+    DetailsArea* m_details;
     Grid* m_grid; // `ctGrid2`
     OrderModel* m_model = nullptr;
 };

@@ -3,7 +3,31 @@
 #include "ui/qt/icons.h"
 #include "ui/qt/text.h"
 
+#include <QEvent>
+
+#include <string_view>
+
 namespace ui::qt {
+namespace {
+
+// The letters of the captions, by position. The delivery details use the others of the alphabet.
+constexpr std::string_view mnemonics = "xSkLCimrH";
+static_assert(mnemonics.size() == toolbarButtons.size());
+
+QString withMnemonic(const ToolbarButton& button) {
+    auto caption = toQt(button.caption);
+    const auto letter = QChar(mnemonics.at(static_cast<std::size_t>(button.command) - 1));
+    return caption.insert(caption.indexOf(letter), '&');
+}
+
+// A tip names the keys; where the command has none of its own, the caption's letter.
+QString tipOf(const ToolbarButton& button) {
+    const auto tip = toQt(button.tip);
+    const auto letter = QChar(mnemonics.at(static_cast<std::size_t>(button.command) - 1));
+    return tip.endsWith(')') ? tip : tip + " (Alt+" + letter.toUpper() + ")";
+}
+
+}
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     setObjectName("Toolbar1");
@@ -11,11 +35,13 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    setIconSize({24, 24});
+    const int iconSize = fontMetrics().height() * 7 / 4;
+    setIconSize({iconSize, iconSize});
     for (const auto& button : toolbarButtons) {
         auto* item = addAction(commandIcon(button.command), toQt(button.caption));
         item->setObjectName(toQt(button.key));
-        item->setToolTip(toQt(button.tip));
+        item->setIconText(withMnemonic(button));
+        item->setToolTip(tipOf(button));
         connect(item, &QAction::triggered, this, [this, command = button.command] { emit clicked(command); });
         if (auto* widget = widgetForAction(item)) {
             widget->setObjectName(toQt(button.key));
@@ -37,6 +63,23 @@ void Toolbar::show(const ToolbarState& state) {
         action(button.command)->setEnabled(state.enabled(button.command));
         action(button.command)->setVisible(state.visible(button.command));
     }
+}
+
+void Toolbar::resizeEvent(QResizeEvent* event) {
+    QToolBar::resizeEvent(event);
+    fit();
+}
+
+void Toolbar::changeEvent(QEvent* event) {
+    QToolBar::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fit();
+}
+
+void Toolbar::fit() {
+    setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    if (sizeHint().width() > width())
+        setToolButtonStyle(Qt::ToolButtonIconOnly);
 }
 
 }

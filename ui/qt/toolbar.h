@@ -9,7 +9,8 @@
 
 namespace ui::qt {
 
-/// `Toolbar1`: the nine commands. Each button's object name is its key.
+/// `Toolbar1`: the nine commands. Each button's object name is its key. Where the captions have no room the
+/// buttons show their icons only; Alt with the caption's letter presses them all the same.
 class Toolbar final : public QToolBar {
     Q_OBJECT
 
@@ -24,7 +25,13 @@ public:
 signals:
     void clicked(ui::Command command);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
 private:
+    void fit();
+
     std::array<QAction*, toolbarButtons.size()> m_actions{};
 };
 

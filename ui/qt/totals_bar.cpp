@@ -1,5 +1,6 @@
 #include "ui/qt/totals_bar.h"
 
+#include "ui/qt/flow_layout.h"
 #include "ui/qt/text.h"
 
 #include <QHBoxLayout>
@@ -7,6 +8,17 @@
 #include <array>
 
 namespace ui::qt {
+namespace {
+
+QLayout* pair(QLabel* caption, QLabel* amount, int gapBehind) {
+    auto* layout = new QHBoxLayout;
+    layout->setContentsMargins(0, 0, gapBehind, 0);
+    layout->addWidget(caption);
+    layout->addWidget(amount);
+    return layout;
+}
+
+}
 
 TotalsBar::TotalsBar(QWidget* parent)
     : QWidget(parent),
@@ -26,21 +38,18 @@ TotalsBar::TotalsBar(QWidget* parent)
     for (auto* label : {m_taxCaption, m_tax, m_order})
         label->setTextFormat(Qt::PlainText);
 
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = new FlowLayout(this);
     layout->setContentsMargins(10, 6, 12, 6);
     layout->addWidget(m_exempt);
     layout->addStretch();
-    layout->addWidget(m_taxCaption);
-    layout->addWidget(m_tax);
-    layout->addSpacing(18);
-    layout->addWidget(new QLabel("Total", this));
-    layout->addWidget(m_order);
+    layout->addLayout(pair(m_taxCaption, m_tax, fontMetrics().averageCharWidth() * 2));
+    layout->addLayout(pair(new QLabel("Total", this), m_order, 0));
 }
 
 void TotalsBar::open(const catalog::Parameters& parameters) {
     const auto& taxName = parameters.text(catalog::ParameterText::taxName);
     const auto caption = std::string(base::trim(taxName)) + " Exempt";
-    m_exempt->setText(toQt(caption).replace('&', "&&"));
+    m_exempt->setText(toQt(base::trim(taxName)).replace('&', "&&") + " &Exempt");
     m_exempt->setAccessibleName(toQt(caption));
     m_taxCaption->setText(toQt(taxName));
     for (QWidget* control : std::array<QWidget*, 3>{m_exempt, m_taxCaption, m_tax})

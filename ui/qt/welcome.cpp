@@ -1,6 +1,7 @@
 #include "ui/qt/welcome.h"
 
 #include "ui/link_address.h"
+#include "ui/qt/flow_layout.h"
 #include "ui/qt/icons.h"
 #include "ui/qt/text.h"
 
@@ -16,9 +17,18 @@ namespace ui::qt {
 namespace {
 
 constexpr QSize designedSize{860, 620};
-constexpr QSize smallestSize{480, 360};
-constexpr int workPanelWidth = 460;
+constexpr int workPanelWidth = 65; // in average characters
 constexpr int progressSteps = 1000;
+
+// As wide as it may become, in the middle.
+QWidget* centred(QWidget* panel) {
+    auto* whole = new QWidget(panel->parentWidget());
+    auto* layout = new QHBoxLayout(whole);
+    layout->addStretch(1);
+    layout->addWidget(panel, 100);
+    layout->addStretch(1);
+    return whole;
+}
 
 }
 
@@ -48,7 +58,6 @@ Welcome::Welcome(Guard& guard)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_stack);
-    setMinimumSize(smallestSize);
     m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
     connect(m_browser, &PageBrowser::loaded, this, [this] {
@@ -69,25 +78,25 @@ QWidget* Welcome::workPanel() {
     m_status->setTextFormat(Qt::PlainText);
     m_status->setWordWrap(true);
     m_status->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_status->setFixedWidth(workPanelWidth);
     m_status->setMinimumHeight(fontMetrics().lineSpacing() * 4);
     m_progress->setObjectName("pbProgress");
     m_progress->setAccessibleName("Progress");
     m_progress->setRange(0, progressSteps);
-    m_progress->setFixedWidth(workPanelWidth);
     auto policy = m_progress->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_progress->setSizePolicy(policy);
     m_progress->hide();
 
     auto* panel = new QWidget(this);
+    panel->setMaximumWidth(fontMetrics().averageCharWidth() * workPanelWidth);
     auto* layout = new QVBoxLayout(panel);
     layout->addStretch(2);
-    for (QWidget* item : {static_cast<QWidget*>(picture), static_cast<QWidget*>(name),
-                          static_cast<QWidget*>(m_status), static_cast<QWidget*>(m_progress)})
-        layout->addWidget(item, 0, Qt::AlignHCenter);
+    layout->addWidget(picture, 0, Qt::AlignHCenter);
+    layout->addWidget(name, 0, Qt::AlignHCenter);
+    layout->addWidget(m_status);
+    layout->addWidget(m_progress);
     layout->addStretch(3);
-    return panel;
+    return centred(panel);
 }
 
 QWidget* Welcome::passwordPanel() {
@@ -107,12 +116,14 @@ QWidget* Welcome::passwordPanel() {
         entry->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
         entry->setMaximumWidth(fontMetrics().averageCharWidth() * 30);
     }
-    auto* row = new QHBoxLayout;
-    for (QWidget* item : {static_cast<QWidget*>(m_password), static_cast<QWidget*>(m_confirmLabel),
-                          static_cast<QWidget*>(m_confirm), static_cast<QWidget*>(m_next),
-                          static_cast<QWidget*>(m_setPassword)})
-        row->addWidget(item);
-    row->addStretch();
+    auto* confirm = new QHBoxLayout;
+    confirm->addWidget(m_confirmLabel);
+    confirm->addWidget(m_confirm);
+    auto* row = new FlowLayout;
+    row->addWidget(m_password);
+    row->addLayout(confirm);
+    row->addWidget(m_next);
+    row->addWidget(m_setPassword);
     auto* layout = new QVBoxLayout(m_passwordPanel);
     layout->setContentsMargins(16, 10, 16, 14);
     layout->addWidget(m_prompt);
