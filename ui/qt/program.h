@@ -4,6 +4,7 @@
 #include "ui/qt/form1.h"
 #include "ui/qt/guard.h"
 #include "ui/qt/message_boxes.h"
+#include "ui/qt/screen_watch.h"
 #include "ui/qt/welcome.h"
 #include "ui/system/background_archive.h"
 #include "ui/system/system_mailer.h"
@@ -47,6 +48,7 @@ private:
     Guard m_guard;
     system::BackgroundArchive m_archive;
     system::SystemMailer m_mailer;
+    ScreenWatch m_screens;
     Welcome m_welcome;
     app::StartUp m_startUp;
     std::filesystem::path m_programFolder;

@@ -29,7 +29,7 @@ QRect screenAt(const QPoint& point) {
 
 void place(QWidget& window, QPoint corner) {
     const auto size = window.frameGeometry().size();
-    const auto screen = screenAt(corner + QPoint(size.width() / 2, size.height() / 2));
+    const auto screen = screenAt(QRect(corner, size).center());
     const auto inside = [](int wanted, int first, int last) {
         return std::max(first, std::min(wanted, last));
     };
@@ -51,6 +51,19 @@ void placeOver(QWidget& window, const QWidget& other) {
 
 void placeAt(QWidget& window, float left, float top) {
     place(window, {pixel(left), pixel(top)});
+}
+
+void bringOntoScreen(QWidget& window) {
+    if (window.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized))
+        return;
+    const auto frame = window.frameGeometry();
+    const auto decoration = frame.size() - window.size();
+    const auto screen = screenAt(frame.center());
+    if (screen.isEmpty())
+        return;
+    window.resize(window.size().boundedTo(screen.size() - decoration));
+    if (!screen.contains(window.frameGeometry()))
+        place(window, frame.topLeft());
 }
 
 }
