@@ -1,11 +1,13 @@
 #include "ui/qt/cell_delegate.h"
 
 #include "base/numbers.h"
+#include "ui/qt/contrast.h"
 #include "ui/qt/text.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QRegularExpressionValidator>
 #include <QToolTip>
 
@@ -16,6 +18,7 @@ namespace ui::qt {
 namespace {
 
 constexpr int longestQuantity = 12; // characters
+constexpr int focusFrameWidth = 2;
 
 // Where a key that ends an edit goes on to.
 std::optional<int> rowsToMove(int key) {
@@ -50,6 +53,26 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
         const auto value = static_cast<float>(base::parseNumber(fromQt(option->text)));
         option->text = toQt(base::fixedText(value, decimals));
     }
+    auto& palette = option->palette;
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        palette.setColor(group, QPalette::HighlightedText,
+                         readableOn(palette.color(group, QPalette::Highlight),
+                                    palette.color(group, QPalette::HighlightedText)));
+}
+
+void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!option.state.testFlag(QStyle::State_HasFocus))
+        return;
+    auto filled = option;
+    initStyleOption(&filled, index);
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const auto role = selected ? QPalette::HighlightedText : QPalette::Text;
+    painter->save();
+    painter->setPen(QPen(filled.palette.color(role), focusFrameWidth));
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    painter->restore();
 }
 
 bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

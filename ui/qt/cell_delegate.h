@@ -15,13 +15,18 @@ namespace ui::qt {
 [[nodiscard]] QRegularExpression quantityPattern(int decimals);
 
 /// Paints the cells of a grid: numbers with their column's decimals, and the whole text as a tip where it
-/// is cut off. Its editor takes digits and one decimal point; Enter and the arrows up and down commit and
-/// move, Tab commits, Escape leaves the cell as it was.
+/// is cut off; a selected row's text can be read whatever the desktop's colours are. Its editor takes digits
+/// and one decimal point; Enter and the arrows up and down commit and move, Tab commits, Escape leaves the
+/// cell as it was.
 class CellDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     CellDelegate(const std::vector<Column>& columns, QObject* parent);
+
+    /// The current cell of a grid that has the focus gets a frame, however the focus came there.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;

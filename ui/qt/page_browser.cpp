@@ -8,6 +8,8 @@
 #include "ui/qt/text.h"
 #include "ui/zoom.h"
 
+#include <QApplication>
+#include <QPainter>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
@@ -17,6 +19,7 @@
 namespace ui::qt {
 namespace {
 
+constexpr int frameWidth = 2;
 // What is handed over to the browser may take 2 MiB percent-encoded; a byte takes at most three.
 constexpr std::size_t largestHandedOver = 2U * 1024 * 1024 / 3 - 4096;
 
@@ -37,15 +40,24 @@ std::string marked(const std::string& bytes, const std::string& charset) {
 }
 
 PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent)
-    : QWidget(parent), m_name(name), m_accessibleName(accessibleName) {
+    : QWidget(parent), m_tabPlace(new QWidget(this)), m_name(name), m_accessibleName(accessibleName) {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(frameWidth, frameWidth, frameWidth, frameWidth);
     setAutoFillBackground(true);
+    m_tabPlace->hide();
+    m_tabPlace->setFocusPolicy(Qt::TabFocus);
+    connect(qApp, &QApplication::focusChanged, this, QOverload<>::of(&QWidget::update));
 }
 
 // A page must be gone before its profile.
 PageBrowser::~PageBrowser() {
     delete m_page;
+}
+
+void PageBrowser::paintEvent(QPaintEvent*) {
+    const auto* focus = QApplication::focusWidget();
+    if (focus && isAncestorOf(focus))
+        QPainter(this).fillRect(rect(), palette().highlight());
 }
 
 void PageBrowser::confineTo(PageFiles files) {
@@ -81,7 +93,14 @@ void PageBrowser::makeView() {
     connect(view, &PageView::zoomAsked, this,
             [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
     connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
+    connect(view, &PageView::focusWidgetChanged, this, &PageBrowser::takeTabPlace);
     connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);
+}
+
+// The browser's widgets come late, when everything else has its place in the tab order.
+void PageBrowser::takeTabPlace() {
+    if (auto* widget = m_view->focusProxy())
+        setTabOrder(m_tabPlace, widget);
 }
 
 void PageBrowser::setZoom(double factor) {

@@ -15,7 +15,7 @@ namespace ui::qt {
 
 /// A place in a window where pages are shown. The web view in it is made when the first page comes, so
 /// that a window can be painted before the browser starts. One load is in flight at a time; of the pages
-/// shown meanwhile only the last is loaded.
+/// shown meanwhile only the last is loaded. A frame around the page shows where the focus is in it.
 class PageBrowser final : public QWidget, public platform::Browser {
     Q_OBJECT
 
@@ -46,6 +46,9 @@ signals:
     void loaded();
     void backAsked();
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     struct Page {
         std::filesystem::path file;
@@ -58,7 +61,9 @@ private:
     void loadFromCopy();
     void finish();
     void restoreAfterBlank(const QUrl& url);
+    void takeTabPlace();
 
+    QWidget* m_tabPlace; ///< never shown; where Tab comes to the page
     QString m_name;
     QString m_accessibleName;
     std::optional<PageFiles> m_files;

@@ -3,6 +3,7 @@
 #include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QTimer>
 #include <QWebEnginePage>
 
 namespace ui::qt {
@@ -22,8 +23,10 @@ void PageView::contextMenuEvent(QContextMenuEvent* event) {
 
 // The browser's own widget, which gets the mouse, comes and goes with its pages.
 bool PageView::event(QEvent* event) {
-    if (event->type() == QEvent::ChildAdded)
+    if (event->type() == QEvent::ChildAdded) {
         static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
+        QTimer::singleShot(0, this, &PageView::focusWidgetChanged);
+    }
     return QWebEngineView::event(event);
 }
 

@@ -16,6 +16,8 @@ signals:
     /// Above 0 means larger.
     void zoomAsked(int direction);
     void backAsked();
+    /// The browser has put another widget of its own, which takes the focus, into the view.
+    void focusWidgetChanged();
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
