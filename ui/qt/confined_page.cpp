@@ -2,6 +2,8 @@
 
 #include "ui/qt/page_scripts.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
@@ -37,6 +39,11 @@ constexpr std::array attributes{
     std::pair{QWebEngineSettings::FocusOnNavigationEnabled, false},
     std::pair{QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
 };
+
+bool desktopIsDark() {
+    const auto palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
 
 // A page for a window that a link asked for: it hands the address over and is gone.
 class PassingPage final : public QWebEnginePage {
@@ -116,6 +123,8 @@ ConfinedProfile::ConfinedProfile(PageFiles files, QObject* parent)
         settings()->setAttribute(attribute, on);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     scripts()->insert(missingPictureScript());
+    if (desktopIsDark())
+        scripts()->insert(darkDesktopScript());
     connect(this, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest* download) { download->cancel(); });
 }

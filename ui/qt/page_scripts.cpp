@@ -3,7 +3,7 @@
 namespace ui::qt {
 namespace {
 
-constexpr auto source = R"JS(
+constexpr auto missingPictures = R"JS(
 (function () {
     var placeholder = "data:image/svg+xml," + encodeURIComponent(
         "<svg xmlns='http://www.w3.org/2000/svg' width='160' height='120' viewBox='0 0 160 120'>" +
@@ -30,16 +30,40 @@ constexpr auto source = R"JS(
 })();
 )JS";
 
-}
+// The root may not be there yet when the script runs.
+constexpr auto darkDesktop = R"JS(
+(function () {
+    function mark() {
+        if (document.documentElement)
+            document.documentElement.dataset.desktop = "dark";
+        return document.documentElement;
+    }
+    if (!mark())
+        new MutationObserver(function (changes, observer) {
+            if (mark())
+                observer.disconnect();
+        }).observe(document, {childList: true});
+})();
+)JS";
 
-QWebEngineScript missingPictureScript() {
+QWebEngineScript script(const QString& name, const QString& source) {
     QWebEngineScript script;
-    script.setName("missing pictures");
+    script.setName(name);
     script.setSourceCode(source);
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     script.setRunsOnSubFrames(true);
     return script;
+}
+
+}
+
+QWebEngineScript missingPictureScript() {
+    return script("missing pictures", missingPictures);
+}
+
+QWebEngineScript darkDesktopScript() {
+    return script("dark desktop", darkDesktop);
 }
 
 }

@@ -9,4 +9,8 @@ namespace ui::qt {
 /// of its own, out of the page's reach.
 [[nodiscard]] QWebEngineScript missingPictureScript();
 
+/// Marks a page's root with the attribute data-desktop="dark", which a page may go by or not: a page that
+/// does not ask keeps its own colours.
+[[nodiscard]] QWebEngineScript darkDesktopScript();
+
 }
