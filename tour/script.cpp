@@ -39,15 +39,21 @@ Script& Script::pause(int milliseconds) {
         [] {});
 }
 
+void Script::complain(const QString& what) {
+    std::fprintf(stderr, "%s\n", qPrintable(what));
+    m_complained = true;
+}
+
 bool Script::run() {
     m_failed = false;
+    m_complained = false;
     m_waitedMs = 0;
     order();
     QApplication::exec();
     ++m_run;
     if (m_next < m_steps.size() && !m_failed)
         std::fprintf(stderr, "the program ended before: %s\n", qPrintable(m_steps[m_next].what));
-    return m_next == m_steps.size();
+    return m_next == m_steps.size() && !m_complained;
 }
 
 // A tick that was ordered in an earlier run is none of this one's.

@@ -24,6 +24,10 @@ public:
     /// Gives what has been loaded time to reach the screen.
     Script& pause(int milliseconds);
 
+    /// Something on the screen is not as it should be: printed at once; the script goes on, and its run
+    /// returns false.
+    void complain(const QString& what);
+
     /// May be called again after more steps have been added. Runs the event loop until the last step is done
     /// (true), or a step waited too long or the program left its event loop before (false; says which step on
     /// standard error).
@@ -44,6 +48,7 @@ private:
     int m_run = 0;
     int m_waitedMs = 0;
     bool m_failed = false;
+    bool m_complained = false;
 };
 
 /// The visible widget of that object name, in any window.

@@ -1,0 +1,174 @@
+#include "tour/scenes.h"
+
+#include "tour/layout_check.h"
+#include "ui/qt/product_grid.h"
+#include "ui/system/screen.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScreen>
+#include <QTest>
+
+#include <cstdio>
+
+namespace tour {
+namespace {
+namespace fs = std::filesystem;
+
+QWidget* windowInFront() {
+    if (auto* box = QApplication::activeModalWidget())
+        return box;
+    for (const char* name : {"Form1", "Welcome"})
+        if (auto* window = visibleWidget(name))
+            return window;
+    return nullptr;
+}
+
+// From the screen, with what lies over the window.
+QPixmap pictureOf(const QWidget& window) {
+    const auto place = window.frameGeometry();
+    return QApplication::primaryScreen()->grabWindow(0, place.x(), place.y(), place.width(), place.height());
+}
+
+// Waits until the window has been drawn, looks it over and keeps its picture.
+void photograph(Script& script, const fs::path& folder, const std::string& name) {
+    script.pause(400);
+    script.when(
+        "a window to photograph", [] { return windowInFront() != nullptr; },
+        [&script, folder, name] {
+            for (const auto& fault : layoutFaults())
+                script.complain(QString::fromStdString(name) + ": " + fault);
+            const auto picture = pictureOf(*windowInFront());
+            const auto file = folder / (name + ".png");
+            if (picture.save(QString::fromStdString(file.string())))
+                std::printf("%s\n", file.c_str());
+            else
+                std::fprintf(stderr, "can not write %s\n", file.c_str());
+        });
+}
+
+bool shows(const char* view) {
+    auto* found = visible<QWebEngineView>(view);
+    return found && !pageText(*found).isEmpty();
+}
+
+// Types a quantity on the current row and goes down, past what takes none.
+void order(ui::qt::Grid& grid, const char* quantity) {
+    while (!grid.gridModel()->takesQuantity(grid.currentIndex().row()))
+        QTest::keyClick(&grid, Qt::Key_Down);
+    QTest::keyClicks(&grid, QString(quantity).left(1));
+    QTest::keyClicks(grid.editor(), QString(quantity).mid(1));
+    QTest::keyClick(grid.editor(), Qt::Key_Return);
+}
+
+// The start warns of one resolution only.
+bool screenIsSmall() {
+    const auto size = ui::system::PrimaryScreen().size();
+    return size.width == 640 && size.height == 480;
+}
+
+void fillIn(const std::vector<std::pair<const char*, const char*>>& details) {
+    for (const auto& [box, text] : details)
+        QTest::keyClicks(visibleWidget(box), text);
+}
+
+}
+
+void play(Script& script, const fs::path& folder) {
+    script.when(
+        "the e-mail question", [] { return messageBox("Tavorine Catalog Viewer"); }, [] {});
+    photograph(script, folder, "1-first-run");
+    script.when(
+        "the question", [] { return messageBox("Tavorine Catalog Viewer"); },
+        [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes); });
+    if (screenIsSmall())
+        script.when(
+            "the warning", [] { return messageBox("Tavorine Catalog Viewer"); },
+            [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Ok); });
+    script.when(
+        "the supplier list", [] { return shows("WebBrowser1"); }, [] {});
+    photograph(script, folder, "2-suppliers");
+    script.when(
+        "the list", [] { return true; },
+        [] { clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href]"); });
+    script.when(
+        "the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); }, [] {});
+    photograph(script, folder, "3-welcome");
+    script.when(
+        "the password entry", [] { return true; },
+        [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
+    script.when(
+        "the main window", [] { return shows("WbPage"); }, [] {});
+    photograph(script, folder, "4-contents");
+    script.when(
+        "the product grid", [] { return visible<ui::qt::ProductGrid>("ctGrid1"); },
+        [] {
+            for (int i = 0; i < 4; ++i)
+                QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
+        });
+    script.pause(500);
+    photograph(script, folder, "5-product");
+    script.when(
+        "the group lists", [] { return true; },
+        [] {
+            auto* list = visible<QComboBox>("GDB(0)");
+            list->setFocus();
+            list->showPopup();
+            QTest::keyClick(list->view(), Qt::Key_Down);
+            QTest::keyClick(list->view(), Qt::Key_Down);
+            QTest::keyClick(list->view(), Qt::Key_Return);
+        });
+    script.pause(500);
+    photograph(script, folder, "6-group");
+    script.when(
+        "the search window", [] { return true; },
+        [] { QTest::mouseClick(visibleWidget("Search"), Qt::LeftButton); });
+    script.when(
+        "the phrase", [] { return visibleWidget("txFind") != nullptr; },
+        [] {
+            auto* tick = visible<QCheckBox>("cbDesc");
+            if (!tick->isChecked())
+                QTest::keyClick(tick, Qt::Key_Space);
+            QTest::keyClicks(visibleWidget("txFind"), "washer");
+            QTest::mouseClick(visibleWidget("cbFirst"), Qt::LeftButton);
+        });
+    script.pause(500);
+    photograph(script, folder, "7-search");
+    script.when(
+        "the search window again", [] { return visibleWidget("Find") != nullptr; },
+        [] { QTest::keyClick(visibleWidget("Find"), Qt::Key_Escape); });
+    script.when(
+        "the grid", [] { return visibleWidget("Find") == nullptr; },
+        [] {
+            for (const char* quantity : {"10", "4", "25", "1", "2"})
+                order(*visible<ui::qt::Grid>("ctGrid1"), quantity);
+        });
+    script.pause(500);
+    photograph(script, folder, "8-quantities");
+    script.when(
+        "checking out", [] { return true; },
+        [] { QTest::mouseClick(visibleWidget("CheckOut"), Qt::LeftButton); });
+    script.when(
+        "the order view", [] { return visibleWidget("ctGrid2") != nullptr; },
+        [] {
+            fillIn({{"txOrgName", "Marlowe & Sons Joinery"},
+                    {"txAtten", "Ruth Marlowe"},
+                    {"txStreet", "3 Mill Lane"},
+                    {"txCity", "Haddon"},
+                    {"txState", "Northshire"},
+                    {"txZip", "HD2 6PL"},
+                    {"txCountry", "United Kingdom"},
+                    {"txPhone", "01632 960 118"},
+                    {"txOrdNo", "2026-117"},
+                    {"txDel(0)", "30"},
+                    {"txDel(1)", "11"},
+                    {"txDel(2)", "26"}});
+        });
+    script.pause(300);
+    photograph(script, folder, "9-order");
+}
+
+}
