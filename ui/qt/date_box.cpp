@@ -26,6 +26,7 @@ DateBox::DateBox(int number, QWidget* parent) : QLineEdit(parent) {
     setToolTip(prompt);
     setMaxLength(digitsOfABox);
     setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]*"), this));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFixedWidth(fontMetrics().horizontalAdvance("00000"));
 }
 
@@ -63,7 +64,6 @@ DateBoxRow::DateBoxRow(QWidget* parent) : QWidget(parent), m_date(new QLineEdit(
         boxes->addWidget(box);
         m_boxes.at(i) = box;
     }
-    boxes->addStretch();
     auto* hint = new QLabel("DD/MM/YY", this);
     hint->setObjectName("lbDDMMYY");
     auto* layout = new FlowLayout(this);
