@@ -2,6 +2,7 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/details_form.h"
 #include "ui/qt/grid.h"
+#include "ui/qt/page_browser.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -26,10 +27,14 @@ protected:
 
     void start() { deliver("ACME", catalog); }
 
-    /// A step on the main window, once its page is up.
+    /// A step on the main window, once its page is up and no other is on its way.
     void then(const QString& what, std::function<void()> act) {
         script.when(
-            what, [] { return page() && !QApplication::activeModalWidget(); }, std::move(act));
+            what, [] { return pageIsUp() && !QApplication::activeModalWidget(); }, std::move(act));
+    }
+
+    static bool pageIsUp() {
+        return page() && qobject_cast<ui::qt::PageBrowser*>(page()->parentWidget())->idle();
     }
 
     static Grid* products() { return visible<Grid>("ctGrid1"); }
