@@ -70,6 +70,7 @@ std::vector<int> fittedWidths(const std::vector<ColumnRoom>& columns, int room) 
     const double kept =
         wanted > narrowest ? std::clamp(double(room - narrowest) / double(wanted - narrowest), 0.0, 1.0) : 1;
     std::vector<int> widths;
+    widths.reserve(columns.size());
     for (const auto& [full, least] : columns)
         widths.push_back(full > least ? least + static_cast<int>((full - least) * kept) : least);
     const int leftOver = room - std::accumulate(widths.begin(), widths.end(), 0);

@@ -110,7 +110,7 @@ void FlowLayout::placeRow(const Row& row, const QRect& place) const {
     int x = place.x();
     for (auto* item : row.items) {
         auto size = item->sizeHint().boundedTo(place.size());
-        if (canGrow(*item)) {
+        if (canGrow(*item) && growing > 0) {
             const int more = std::min(spare / growing--, item->maximumSize().width() - size.width());
             size.rwidth() += more;
             spare -= more;
