@@ -30,13 +30,14 @@ PrintPreview::PrintPreview(QByteArray pdf, QWidget* parent)
     m_view->setPageMode(QPdfView::PageMode::MultiPage);
     m_view->setZoomMode(QPdfView::ZoomMode::FitToWidth);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(toolBar());
+    auto* bar = toolBar();
+    layout->addWidget(bar);
     layout->addWidget(m_view, 1);
     connect(m_view->pageNavigator(), &QPdfPageNavigator::currentPageChanged, this,
             &PrintPreview::showPageNumber);
     showPageNumber();
-    resize(QSize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 48)
-               .boundedTo(screen()->availableSize() * 0.95));
+    const QSize page(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 48);
+    resize(page.expandedTo(bar->sizeHint() * 1.1).boundedTo(screen()->availableSize() * 0.9));
     m_view->setFocus();
 }
 
