@@ -74,6 +74,14 @@ system::PrintTicket ticketOf(const QPrinter& printer) {
     return ticket;
 }
 
+// On white: what a page leaves free is transparent.
+QImage pictureOf(QPdfDocument& document, int page, QSize size) {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter(&picture).drawImage(0, 0, document.render(page, size));
+    return picture;
+}
+
 // As pictures of the pages, where the print system takes no PDF.
 bool paint(QByteArray pdf, QPrinter& printer) {
     QBuffer device(&pdf);
@@ -89,7 +97,7 @@ bool paint(QByteArray pdf, QPrinter& printer) {
     for (int page = 0; page < document.pageCount(); ++page) {
         if (page > 0 && !printer.newPage())
             return false;
-        painter.drawImage(paper, document.render(page, paper.size()));
+        painter.drawImage(paper, pictureOf(document, page, paper.size()));
     }
     return painter.end();
 }
