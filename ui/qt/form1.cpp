@@ -127,10 +127,7 @@ void Form1::restoreSettings() {
 
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
-    connect(m_toolbar, &Toolbar::previewAsked, this, m_guard([this] {
-                commitPending();
-                m_orderDesk.preview(orderContents());
-            }));
+    connect(m_toolbar, &Toolbar::previewAsked, this, m_guard([this] { previewOrder(); }));
     connect(&m_catalogView->grid(), &ProductGrid::currentRowChanged, m_turner, &PageTurner::turnTo);
     connect(&m_catalogView->groupBoxes(), &GroupBoxes::chosen, this,
             m_guard([this](int record) { goTo(record); }));
@@ -221,7 +218,7 @@ void Form1::runCommand(Command command) {
         m_orderDesk.email(orderContents());
         break;
     case Command::print:
-        m_orderDesk.print(orderContents());
+        printOrder();
         break;
     case Command::help:
         break;
@@ -360,6 +357,18 @@ void Form1::clearOrder() {
     if (wasInOrderView)
         showCatalogView();
     showOrder();
+}
+
+// A product page that is still due must not be written over the order's.
+void Form1::printOrder() {
+    m_turner->catchUp();
+    m_orderDesk.print(orderContents());
+}
+
+void Form1::previewOrder() {
+    commitPending();
+    m_turner->catchUp();
+    m_orderDesk.preview(orderContents());
 }
 
 order::OrderContents Form1::orderContents() {

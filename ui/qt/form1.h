@@ -73,6 +73,8 @@ private:
     void showPriceList();
     void showCatalogView();
     void clearOrder();
+    void printOrder();
+    void previewOrder();
     [[nodiscard]] order::OrderContents orderContents();
 
     void commitPending();

@@ -1,7 +1,6 @@
 #include "tests/ui/qt/order_program.h"
 #include "ui/qt/print_preview.h"
 
-#include <QAbstractPrintDialog>
 #include <QClipboard>
 #include <QProcess>
 #include <QProgressDialog>
@@ -47,22 +46,13 @@ protected:
             what, [] { return order() && !QApplication::activeModalWidget(); }, std::move(act));
     }
 
-    static QAbstractPrintDialog* printDialog() {
-        return qobject_cast<QAbstractPrintDialog*>(QApplication::activeModalWidget());
-    }
-
-    static QLineEdit* fileName() { return printDialog()->findChild<QLineEdit*>("filename"); }
-
     void inPrintDialog(std::function<void()> act) {
         script.when(
             "the print dialog", [] { return printDialog() != nullptr; }, std::move(act));
     }
 
     void printTo(const fs::path& file) {
-        inPrintDialog([file] {
-            fileName()->setText(QString::fromStdString(file.string()));
-            printDialog()->accept();
-        });
+        inPrintDialog([file] { printToFile(*printDialog(), file); });
     }
 
     void expectOrderUnchanged() {
@@ -104,7 +94,8 @@ TEST_F(PrintTest, APdfHoldsEveryLineOnceOnThePagesThatTheOrderSays) {
     orderEverything(pagedTemplate);
     inOrderView("printing", [] { press("Print"); });
     inPrintDialog([] {
-        EXPECT_TRUE(fileName()->text().endsWith("/Order A-7.pdf")) << fileName()->text().toStdString();
+        EXPECT_TRUE(proposedFile(*printDialog()).endsWith("/Order A-7.pdf"))
+            << proposedFile(*printDialog()).toStdString();
     });
     const auto pdf = folder / "order.pdf";
     printTo(pdf);
@@ -140,8 +131,7 @@ TEST_F(PrintTest, WhatIsCancelledOrCannotBeWrittenLeavesTheOrderToBePrintedAgain
     const auto gone = folder / "gone";
     inPrintDialog([gone] {
         fs::create_directory(gone);
-        fileName()->setText(QString::fromStdString((gone / "order.pdf").string()));
-        printDialog()->accept();
+        printToFile(*printDialog(), gone / "order.pdf");
         fs::remove_all(gone);
     });
     answer("Print order", QMessageBox::Ok);
