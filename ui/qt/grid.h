@@ -34,7 +34,7 @@ private:
     void layOutColumns(const std::vector<Column>& columns);
     void startQuantity(QKeyEvent* event);
     void moveBy(int rows);
-    void copySelection() const;
+    void copySelection();
     void pasteQuantities();
 
     GridModel* m_model = nullptr;

@@ -4,6 +4,7 @@
 #include "order/email_command.h"
 #include "order/print_command.h"
 #include "ui/link_rules.h"
+#include "ui/qt/busy_notice.h"
 #include "ui/qt/text.h"
 
 #include <QRegularExpression>
@@ -18,6 +19,23 @@ QString titleOf(const order::OrderContents& order) {
     const auto number = toQt(order.orderNumber).replace(notInNames, "-").left(longest).trimmed();
     return number.isEmpty() ? QString("Order") : "Order " + number;
 }
+
+/// Shows that mail is under way: the mail system may take its time.
+class NoticedMailer final : public platform::Mailer {
+public:
+    NoticedMailer(platform::Mailer& mailer, QWidget& window) : m_mailer(mailer), m_window(window) {}
+
+    [[nodiscard]] bool placesInOutbox() const override { return m_mailer.placesInOutbox(); }
+
+    Outcome send(const platform::Mail& mail) override {
+        const BusyNotice notice("Handing the order to the mail system...", m_window);
+        return m_mailer.send(mail);
+    }
+
+private:
+    platform::Mailer& m_mailer;
+    QWidget& m_window;
+};
 
 class PageTaker final : public order::PrintTarget {
 public:
@@ -37,6 +55,7 @@ OrderDesk::OrderDesk(const app::Session& session, const catalog::Parameters& par
     : m_parameters(parameters),
       m_mailer(mailer),
       m_messages(messages),
+      m_window(window),
       m_writer(parameters, session.folders.DataFolder, session.layout),
       m_scratchPage(session.folders.UserFolder),
       m_printer(pageFilesOf(session.folders), messages, guard, window) {}
@@ -50,7 +69,8 @@ void OrderDesk::preview(const order::OrderContents& order) {
 }
 
 void OrderDesk::email(const order::OrderContents& order) {
-    order::EmailCommand(m_parameters, m_writer, m_messages, m_mailer).run(order);
+    NoticedMailer mailer(m_mailer, m_window);
+    order::EmailCommand(m_parameters, m_writer, m_messages, mailer).run(order);
 }
 
 void OrderDesk::writePage(const order::OrderContents& order, const PageHandler& handler) {

@@ -30,6 +30,7 @@ private:
     const catalog::Parameters& m_parameters;
     platform::Mailer& m_mailer;
     platform::MessageBox& m_messages;
+    QWidget& m_window;
     order::OrderWriter m_writer;
     pages::ScratchPage m_scratchPage;
     OrderPrinter m_printer;

@@ -1,5 +1,6 @@
 #include "ui/qt/order_printer.h"
 
+#include "ui/qt/busy_notice.h"
 #include "ui/qt/pdf_output.h"
 #include "ui/qt/text.h"
 
@@ -104,7 +105,11 @@ void OrderPrinter::showPreview(const QByteArray& pdf) {
 }
 
 void OrderPrinter::deliver(const QByteArray& pdf) {
-    const auto failure = output(pdf, m_printer);
+    m_progress->reset(); // from here on there is no way back
+    const auto failure = [&] {
+        const BusyNotice notice("Handing the order to the printer...", *windowInFront());
+        return output(pdf, m_printer);
+    }();
     endUnlessPreviewed();
     if (failure)
         tell(*failure);

@@ -121,7 +121,8 @@ TEST_F(FindTest, IsWorkedByTheKeyboardAlone) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return grid->currentRow() == 0; }, 5000));
     EXPECT_THAT(journal.take(), IsEmpty());
     press(Qt::Key_F, Qt::ControlModifier);
-    EXPECT_EQ(control<QLineEdit>("txFind")->selectedText(), "bolt");
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return control<QLineEdit>("txFind")->selectedText() == "bolt"; }, 5000));
     press(Qt::Key_Escape);
     EXPECT_FALSE(find->isVisible());
 }

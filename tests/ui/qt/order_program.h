@@ -42,9 +42,10 @@ protected:
 
     static void press(const char* button) { QTest::mouseClick(tour::visibleWidget(button), Qt::LeftButton); }
 
+    // But for "Back", which follows the pages in their own time.
     static QString enabledButtons() {
         QString all;
-        for (const char* key : {"Search", "Back", "Plist", "CheckOut", "Email", "Clear"})
+        for (const char* key : {"Search", "Plist", "CheckOut", "Email", "Clear"})
             if (tour::visibleWidget(key)->isEnabled())
                 all += QString(key) + " ";
         return all.trimmed();
