@@ -2,6 +2,7 @@
 #include "ui/qt/print_preview.h"
 
 #include <QClipboard>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -161,6 +162,27 @@ TEST_F(PrintTest, IsPreviewedAndPrintedFromThere) {
     inOrderView("closing", [] { visibleWidget("Form1")->close(); });
     ASSERT_TRUE(play());
     EXPECT_EQ(pagesOf(pdf), 3);
+}
+
+TEST_F(PrintTest, WhateverIsTypedIsPrintedAsItStandsHoweverLong) {
+    orderEverything(
+        "<meta charset=windows-1252><div style='display:none'>{COMMENT}</div><p>For {ATTENTION}</p>"
+        "<R1>{DESC}<br></R1><p>End of the order</p>");
+    inOrderView("the comments", [] {
+        box("txAtten")->setText(QString::fromUtf8("{QTY} {{\"M\u00fcller\" \u03c0}}"));
+        visible<QPlainTextEdit>("txComment")->setPlainText(QString("{x\n").repeated(300'000));
+        press("Print");
+    });
+    const auto pdf = folder / "order.pdf";
+    printTo(pdf);
+    script.when(
+        "the PDF", [pdf] { return fs::exists(pdf); }, [] { visibleWidget("Form1")->close(); });
+    ASSERT_TRUE(play());
+    const auto text = textOfPage(pdf, 1);
+    EXPECT_TRUE(text.contains(QString::fromUtf8("For {QTY} {{\"M\u00fcller\" \u03c0}}")))
+        << text.toStdString();
+    EXPECT_TRUE(textOfPage(pdf, pagesOf(pdf)).contains("End of the order"));
+    EXPECT_FALSE(exists("ACME/Tmp.print.htm"));
 }
 
 TEST_F(PrintTest, LongPreparationCanBeCancelledAndClosingWaitsForIt) {
