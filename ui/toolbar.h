@@ -29,7 +29,7 @@ inline constexpr std::array toolbarButtons{
     ToolbarButton{Command::print, "Print", "Print", "Print the order"},
     ToolbarButton{Command::email, "Email", "Email", "E-mail the order to the supplier"},
     ToolbarButton{Command::clear, "Clear", "Clear", "Remove everything from the order"},
-    ToolbarButton{Command::help, "Help", "Help", "Open the help book"},
+    ToolbarButton{Command::help, "Help", "Help", "Open the help book (F1 opens it at what you are doing)"},
 };
 
 /// Which buttons are enabled and which are there at all.

@@ -219,16 +219,17 @@ void Form1::runCommand(Command command) {
         emailOrder();
         break;
     case Command::print:
+        break;
     case Command::help:
+        emit helpAsked();
         break;
     }
 }
 
-// Print and help cannot be had yet, whatever the order's state.
+// Printing cannot be had yet, whatever the order's state.
 void Form1::showToolbar() {
     auto shown = m_toolbarState;
-    for (const auto missing : {Command::print, Command::help})
-        shown.enable(missing, false);
+    shown.enable(Command::print, false);
     m_toolbar->show(shown);
 }
 
