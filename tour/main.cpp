@@ -40,7 +40,8 @@ private:
 void prepareProgramFolder(const fs::path& folder) {
     fs::remove_all(folder);
     fs::create_directories(folder);
-    fs::copy_file(fs::path(TAVORINE_PROGRAM_FOLDER) / "Start.ect", folder / "Start.ect");
+    for (const char* part : {"Start.ect", "help"})
+        fs::copy(fs::path(TAVORINE_PROGRAM_FOLDER) / part, folder / part, fs::copy_options::recursive);
     for (const auto& entry : fs::directory_iterator(TAVORINE_SAMPLES_FOLDER))
         if (entry.path().extension() == ".zip")
             fs::copy_file(entry.path(), folder / entry.path().filename());
@@ -49,7 +50,7 @@ void prepareProgramFolder(const fs::path& folder) {
 QWidget* windowInFront() {
     if (auto* box = QApplication::activeModalWidget())
         return box;
-    for (const char* name : {"Form1", "Welcome"})
+    for (const char* name : {"HelpWindow", "Form1", "Welcome"})
         if (auto* window = visibleWidget(name))
             return window;
     return nullptr;
@@ -183,6 +184,12 @@ void play(Script& script, const fs::path& folder) {
         });
     script.pause(300);
     photograph(script, folder, "9-order");
+    script.when(
+        "asking for help", [] { return visibleWidget("txPhone") != nullptr; },
+        [] { QTest::keyClick(visibleWidget("txPhone"), Qt::Key_F1); });
+    script.when(
+        "the help book", [] { return shows("HelpPage"); }, [] {});
+    photograph(script, folder, "10-help");
 }
 
 }

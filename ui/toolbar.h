@@ -30,7 +30,7 @@ inline constexpr std::array toolbarButtons{
                   "Print the order (Ctrl+P), or see it as it will be printed (Ctrl+Shift+P)"},
     ToolbarButton{Command::email, "Email", "Email", "E-mail the order to the supplier"},
     ToolbarButton{Command::clear, "Clear", "Clear", "Remove everything from the order"},
-    ToolbarButton{Command::help, "Help", "Help", "Open the help book"},
+    ToolbarButton{Command::help, "Help", "Help", "Open the help book (F1 opens it at what you are doing)"},
 };
 
 /// Which buttons are enabled and which are there at all.

@@ -221,15 +221,13 @@ void Form1::runCommand(Command command) {
         printOrder();
         break;
     case Command::help:
+        emit helpAsked();
         break;
     }
 }
 
-// Help cannot be had yet, whatever the order's state.
 void Form1::showToolbar() {
-    auto shown = m_toolbarState;
-    shown.enable(Command::help, false);
-    m_toolbar->show(shown);
+    m_toolbar->show(m_toolbarState);
 }
 
 void Form1::enableBack(bool on) {

@@ -39,6 +39,7 @@ public:
 signals:
     /// The window has been closed and its settings are saved.
     void closed();
+    void helpAsked();
 
 protected:
     void showEvent(QShowEvent* event) override;

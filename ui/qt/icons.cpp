@@ -14,8 +14,6 @@ namespace {
 
 constexpr double gridSize = 24;
 
-/// One stroke: letters M, L, C (centre and radius of a circle), Z, each followed by its numbers, on a
-/// square of 24 units.
 constexpr std::array<std::string_view, toolbarButtons.size()> strokes{
     /* exit   */ "M 14 4 L 6 4 L 6 20 L 14 20 M 11 12 L 21 12 M 17 8 L 21 12 L 17 16",
     /* search */ "C 10 10 6 M 14.5 14.5 L 20.5 20.5",
@@ -102,8 +100,12 @@ QPixmap programPicture(int size) {
 
 }
 
+QIcon strokeIcon(std::string_view stroke) {
+    return QIcon(new StrokeIcon(pathOf(stroke)));
+}
+
 QIcon commandIcon(Command command) {
-    return QIcon(new StrokeIcon(pathOf(strokes.at(static_cast<std::size_t>(command) - 1))));
+    return strokeIcon(strokes.at(static_cast<std::size_t>(command) - 1));
 }
 
 QIcon programIcon() {

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
+#include <QWebEngineSettings>
 
 #include <utility>
 
@@ -53,6 +54,7 @@ void PageBrowser::makeView() {
     m_view->setObjectName(m_name);
     m_view->setAccessibleName(m_accessibleName);
     m_view->setZoomFactor(m_zoom);
+    m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, m_scripts);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     connect(m_view, &QWebEngineView::loadFinished, this, &PageBrowser::finish);

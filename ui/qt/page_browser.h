@@ -28,6 +28,9 @@ public:
     void confineTo(PageFiles files);
     void onLink(LinkHandler handler);
 
+    /// The pages' own scripts do not run. Must be called before the first page is shown.
+    void withoutScripts() { m_scripts = false; }
+
     void show(const std::filesystem::path& file, std::string_view bytes) override;
     using QWidget::show;
 
@@ -69,6 +72,7 @@ private:
     Page m_current;
     double m_zoom = 1;
     bool m_loading = false;
+    bool m_scripts = true;
 };
 
 }

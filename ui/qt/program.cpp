@@ -10,11 +10,12 @@
 namespace ui::qt {
 
 Program::Program(const Machine& machine)
-    : m_guard(m_messages),
+    : m_programFolder(machine.programFile.path().parent_path()),
+      m_guard(m_messages),
+      m_help(m_programFolder / "help", m_guard),
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
-                 m_welcome.browser(), m_welcome, machine.ownFolder}),
-      m_programFolder(machine.programFile.path().parent_path()) {
+                 m_welcome.browser(), m_welcome, machine.ownFolder}) {
     m_welcome.browser().confineTo(PageFiles({m_programFolder, machine.ownFolder}));
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
@@ -48,6 +49,7 @@ void Program::openMainWindow(const app::Session& session) {
     m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer);
     connect(m_form1.get(), &Form1::closed, this,
             [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
+    connect(m_form1.get(), &Form1::helpAsked, &m_help, &Help::openContents);
     m_form1->show();
 }
 
@@ -61,15 +63,16 @@ void Program::closeMainWindow() {
     }
     m_form1.reset();
     order::deleteProgramFolderBasket(m_programFolder);
+    m_help.close();
     m_guard.end(0);
 }
 
 // While a catalogue is being unpacked the start-up ends itself as soon as that has stopped.
 void Program::leave() {
     if (m_archive.busy())
-        m_archive.cancel();
-    else
-        m_guard.end(0);
+        return m_archive.cancel();
+    m_help.close();
+    m_guard.end(0);
 }
 
 }

@@ -3,6 +3,7 @@
 #include "app/start_up.h"
 #include "ui/qt/form1.h"
 #include "ui/qt/guard.h"
+#include "ui/qt/help.h"
 #include "ui/qt/message_boxes.h"
 #include "ui/qt/welcome.h"
 #include "ui/system/background_archive.h"
@@ -46,13 +47,14 @@ private:
     void closeMainWindow();
     void leave();
 
+    std::filesystem::path m_programFolder;
     MessageBoxes m_messages;
     Guard m_guard;
+    Help m_help; // before the windows, whose controls it explains
     system::BackgroundArchive m_archive;
     system::SystemMailer m_mailer;
     Welcome m_welcome;
     app::StartUp m_startUp;
-    std::filesystem::path m_programFolder;
     std::unique_ptr<Form1> m_form1;
 };
 
