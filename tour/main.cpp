@@ -1,6 +1,7 @@
 // Walks through the program's real windows on two sample catalogues and keeps what they look like:
 //     tour FOLDER
 // puts its program folder and its screenshots into FOLDER.
+#include "tour/order_scenes.h"
 #include "tour/script.h"
 #include "ui/qt/icons.h"
 #include "ui/qt/product_grid.h"
@@ -209,5 +210,6 @@ int main(int argc, char* argv[]) {
     program.start();
     Script script;
     play(script, folder);
+    addOrderScenes(script, folder, [&](const std::string& name) { photograph(script, folder, name); });
     return script.run() ? 0 : 1;
 }

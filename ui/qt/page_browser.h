@@ -2,7 +2,7 @@
 
 #include "platform/browser.h"
 #include "ui/page_files.h"
-#include "ui/qt/confined_page.h"
+#include "ui/qt/page_loader.h"
 
 #include <QWebEngineView>
 #include <QWidget>
@@ -54,8 +54,6 @@ private:
 
     void makeView();
     void load();
-    void loadHandedOver();
-    void loadFromCopy();
     void finish();
     void restoreAfterBlank(const QUrl& url);
 
@@ -66,11 +64,11 @@ private:
     ConfinedProfile* m_profile = nullptr;
     ConfinedPage* m_page = nullptr;
     QWebEngineView* m_view = nullptr;
+    std::optional<PageLoader> m_loader; // made with the view
     std::optional<Page> m_next;
     Page m_current;
     double m_zoom = 1;
     bool m_loading = false;
-    int m_copies = 0;
 };
 
 }

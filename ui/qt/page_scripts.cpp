@@ -30,6 +30,25 @@ constexpr auto source = R"JS(
 })();
 )JS";
 
+// A break does nothing on a page of a document but in the line it stands in; this gives it a box that can
+// begin a page.
+constexpr auto printStyleSource = R"JS(
+(function () {
+    var style = document.createElement("style");
+    style.textContent = "@media print{br[style*='page-break']{display:block;content:'';break-before:page}}";
+    (document.head || document.documentElement).appendChild(style);
+})();
+)JS";
+
+}
+
+QWebEngineScript printStyleScript() {
+    QWebEngineScript script;
+    script.setName("page breaks");
+    script.setSourceCode(printStyleSource);
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    return script;
 }
 
 QWebEngineScript missingPictureScript() {

@@ -9,4 +9,8 @@ namespace ui::qt {
 /// of its own, out of the page's reach.
 [[nodiscard]] QWebEngineScript missingPictureScript();
 
+/// Makes the mark that order pages carry, a line break with a "page-break" style, begin a new page on
+/// paper; the browser alone passes over it. On the screen nothing changes.
+[[nodiscard]] QWebEngineScript printStyleScript();
+
 }

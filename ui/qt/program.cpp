@@ -1,6 +1,8 @@
 #include "ui/qt/program.h"
 
+#include "base/code_page.h"
 #include "order/basket_file.h"
+#include "ui/system/zip_delivery.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -16,6 +18,7 @@ Program::Program(const Machine& machine)
     m_welcome.browser().confineTo(PageFiles({m_programFolder, machine.ownFolder}));
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
+    m_welcome.onZipsDropped([this](const auto& zips) { installDropped(zips); });
     connect(&m_welcome, &Welcome::painted, this, m_guard([this] { startUp(); }));
     connect(&m_welcome, &Welcome::closeAsked, this, m_guard([this] { leave(); }));
     connect(&m_archive, &system::BackgroundArchive::progress, &m_welcome, &Welcome::showProgress);
@@ -28,6 +31,17 @@ void Program::start() {
 void Program::startUp() {
     m_startUp.run();
     m_welcome.hideProgress();
+}
+
+void Program::installDropped(const std::vector<std::filesystem::path>& zips) {
+    std::vector<std::filesystem::path> arrived;
+    for (const auto& zip : zips) {
+        m_welcome.setStatus("Copying " + base::textOf(zip.filename()));
+        arrived.push_back(system::deliverZip(zip, m_programFolder));
+        if (m_guard.ending())
+            return;
+    }
+    m_startUp.installArrived(arrived);
 }
 
 void Program::openMainWindow(const app::Session& session) {

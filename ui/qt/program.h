@@ -10,7 +10,9 @@
 
 #include <QObject>
 
+#include <filesystem>
 #include <memory>
+#include <vector>
 
 namespace ui::qt {
 
@@ -39,6 +41,7 @@ public:
 
 private:
     void startUp();
+    void installDropped(const std::vector<std::filesystem::path>& zips);
     void openMainWindow(const app::Session& session);
     void closeMainWindow();
     void leave();

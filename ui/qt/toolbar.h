@@ -24,8 +24,14 @@ public:
 signals:
     void clicked(ui::Command command);
 
+    /// Of the menu beside "Print", which is enabled with it.
+    void previewAsked();
+
 private:
+    void addPreview();
+
     std::array<QAction*, toolbarButtons.size()> m_actions{};
+    QAction* m_preview;
 };
 
 }
