@@ -88,13 +88,7 @@ QPixmap programPicture(int size) {
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / gridSize, size / gridSize);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1f, 0x5f, 0x5b));
-    painter.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(pathOf("M 6 7 L 18 7 M 12 7 L 12 18"));
-    painter.setPen(QPen(QColor(0xf2, 0xb1, 0x34), 2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawPath(pathOf("M 15 12 L 18 12 M 15 16 L 18 16"));
+    paintProgramPicture(painter);
     return pixmap;
 }
 
@@ -106,6 +100,17 @@ QIcon strokeIcon(std::string_view stroke) {
 
 QIcon commandIcon(Command command) {
     return strokeIcon(strokes.at(static_cast<std::size_t>(command) - 1));
+}
+
+void paintProgramPicture(QPainter& painter) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x1f, 0x5f, 0x5b));
+    painter.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(pathOf("M 6 7 L 18 7 M 12 7 L 12 18"));
+    painter.setPen(QPen(QColor(0xf2, 0xb1, 0x34), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawPath(pathOf("M 15 12 L 18 12 M 15 16 L 18 16"));
 }
 
 QIcon programIcon() {

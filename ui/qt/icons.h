@@ -6,6 +6,8 @@
 
 #include <string_view>
 
+class QPainter;
+
 namespace ui::qt {
 
 /// A picture drawn as lines in the text colour of the palette, sharp at any size. The stroke is made of
@@ -15,7 +17,10 @@ namespace ui::qt {
 /// A toolbar button's picture.
 [[nodiscard]] QIcon commandIcon(Command command);
 
-/// The program's own icon.
+/// The program's own picture, on a square of 24 units at the origin.
+void paintProgramPicture(QPainter& painter);
+
+/// The same as an icon, in the usual sizes.
 [[nodiscard]] QIcon programIcon();
 
 }
