@@ -1,6 +1,7 @@
 #include "ui/qt/program.h"
 
 #include "base/code_page.h"
+#include "catalog/program_folders.h"
 #include "order/basket_file.h"
 #include "ui/system/zip_delivery.h"
 
@@ -12,7 +13,7 @@ namespace ui::qt {
 Program::Program(const Machine& machine)
     : m_programFolder(machine.programFile.path().parent_path()),
       m_guard(m_messages),
-      m_help(m_programFolder / "help", m_guard),
+      m_help(m_programFolder / catalog::helpFolder, m_guard),
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
                  m_welcome.browser(), m_welcome, machine.ownFolder}) {
