@@ -10,6 +10,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
+#include "catalog/program_folders.h"
 
 #include <system_error>
 
@@ -34,6 +35,12 @@ public:
 [[noreturn]] void refuseTooLarge(const fs::path& zip) {
     throw UnusableZip(base::textOf(zip) +
                       " is too large for a catalog and was not installed\nPlease contact your supplier");
+}
+
+[[noreturn]] void refuseName(const fs::path& zip) {
+    throw base::FileError(base::textOf(zip) +
+                          " can not be installed, since its name is taken by a folder of the program's own\n"
+                          "Please delete it and ask your supplier for one with another name");
 }
 
 [[noreturn]] void failWriting(const fs::path& zip) {
@@ -78,10 +85,6 @@ struct CatalogZips::Zip {
         N.resize(N.size() - zipEnding.size());
     }
 
-    [[nodiscard]] bool namesFolder() const {
-        return isFolderName(N) && !base::equalIgnoringCase(N, StagedFolder::area);
-    }
-
     fs::path path;
     std::string N; ///< the supplier's folder name
 };
@@ -123,9 +126,11 @@ void CatalogZips::process(const Zip& zip) {
 }
 
 void CatalogZips::install(const Zip& zip) {
+    if (catalog::isProgramsOwnFolder(zip.N))
+        refuseName(zip.path);
     const auto marker = zip.N + ".sup";
     NewMarker newMarker(m_programFolder, marker);
-    if (!zip.namesFolder() || !extract(zip, marker, m_programFolder))
+    if (!isFolderName(zip.N) || !extract(zip, marker, m_programFolder))
         return; // Deliberate: not a catalogue; it goes without a word
     const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
     if (installed)

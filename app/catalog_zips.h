@@ -26,6 +26,9 @@ public:
     /// Throws base::Quit when the user closes the window meanwhile.
     void installAll();
 
+    /// The next `installAll` takes this zip even if it has seen one of that name.
+    void expect(const std::filesystem::path& zip) { m_processed.erase(zip); }
+
 private:
     struct Zip;
 

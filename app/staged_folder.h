@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/program_folders.h"
+
 #include <filesystem>
 #include <string_view>
 #include <vector>
@@ -12,7 +14,7 @@ namespace app {
 class StagedFolder {
 public:
     /// Under `ProgramFolder`; no supplier's folder has this name.
-    static constexpr std::string_view area = "Install.tmp";
+    static constexpr std::string_view area = catalog::installFolder;
 
     /// Makes an empty folder. Throws base::FileError where it cannot.
     StagedFolder(const std::filesystem::path& programFolder, std::string_view supplierFolder);

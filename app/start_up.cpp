@@ -94,6 +94,13 @@ void StartUp::showSupplierList() {
     showPage(folder, supplierPage(folder, m_session.layout, suppliers));
 }
 
+void StartUp::installArrived(const std::vector<fs::path>& zips) {
+    for (const auto& zip : zips)
+        m_zips.expect(zip);
+    m_zips.installAll();
+    showSupplierList();
+}
+
 bool StartUp::linkClicked(std::string_view target) {
     if (isOwnPage(target))
         return true;
@@ -124,6 +131,7 @@ void StartUp::open(const Supplier& supplier, bool isReadOnly) {
 void StartUp::showWelcomePage(const catalog::Parameters& parameters) {
     const auto& folders = m_session.folders;
     m_out.window.showPasswordEntry("Enter your supplier advised password (if any), and click Next to enter");
+    m_out.window.offerSupplierList(m_markers.suppliers().size() > 1);
     const auto path = base::filePath(folders.DataFolder, welcomeTemplate);
     if (!base::findFile(folders.DataFolder, welcomeTemplate))
         throw base::ProgramEnd(std::string(endTitle),

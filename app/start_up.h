@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace app {
 
@@ -43,6 +44,12 @@ public:
     /// One instance, the e-mail question, page sizes, program folder, catalogue zips, supplier list.
     void run();
 
+    /// The suppliers to choose from; with only one its welcome page.
+    void showSupplierList();
+
+    /// Installs zips that have been put into the program folder since `run`, then shows the list.
+    void installArrived(const std::vector<std::filesystem::path>& zips);
+
     /// A link in the start-up browser, as a person reads it: escapes decoded, no "file:", separators as
     /// backslashes. True when the browser may load it, as `isOwnPage` tells beforehand: boxes, unpacking
     /// and another page may follow from the click, so call this outside the browser's own event.
@@ -60,7 +67,6 @@ private:
     void requireSingleInstance();
     void askForEmailOnFirstRun();
     void choosePageSizes();
-    void showSupplierList();
     void open(const Supplier& supplier, bool isReadOnly);
     void showWelcomePage(const catalog::Parameters& parameters);
     void showPage(const std::filesystem::path& folder, const std::string& page);

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "catalog/program_folders.h"
 #include "platform/message_box.h"
 
 #include <algorithm>
@@ -36,7 +37,7 @@ std::optional<Supplier> read(const fs::path& marker) {
 
 bool isFolderName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("/\\:") == std::string_view::npos;
+           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwnFolder(name);
 }
 
 std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine) {

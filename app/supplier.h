@@ -20,7 +20,8 @@ struct Supplier {
     std::string displayName; ///< the marker's second field
 };
 
-/// Whether a text can name a supplier's folder: one path element that stays inside `ProgramFolder`.
+/// Whether a text can name a supplier's folder: one path element that stays inside `ProgramFolder` and
+/// is none of the program's own folders.
 [[nodiscard]] bool isFolderName(std::string_view name);
 
 /// The supplier that a marker's first line describes; nothing when it has fewer than two fields.

@@ -20,6 +20,9 @@ public:
     /// what belongs to setting a password is hidden, whatever was shown for another supplier before.
     virtual void showPasswordEntry(std::string_view prompt) = 0;
 
+    /// Whether the user can go from the password step back to the supplier list.
+    virtual void offerSupplierList(bool offered) = 0;
+
     /// Hides everything of the password step; the supplier list has none.
     virtual void hidePasswordEntry() = 0;
 

@@ -3,6 +3,7 @@
 //     bare window with an empty web view;
 //   - from a row change to the loaded page, against a bare web view that loads the same file.
 // Needs a display (xvfb-run will do).
+#include "bench/sample_catalog.h"
 #include "tests/support/catalog_builder.h"
 #include "ui/browsing.h"
 #include "ui/ordering.h"
@@ -16,7 +17,6 @@
 #include "ui/system/disk_file.h"
 #include "ui/system/instance_lock.h"
 #include "ui/system/screen.h"
-#include "ui/system/zip_extractor.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -112,35 +112,11 @@ void firstPaint(benchmark::State& state, const char* mode) {
     }
 }
 
-/// A sample catalogue, unpacked.
-class Sample {
-public:
-    Sample() : m_folder(fs::temp_directory_path() / "tavorine-windows-bench") {
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
-        const auto unpacked = ui::system::ZipExtractor().extract(TAVORINE_SAMPLE, "*", m_folder);
-        if (unpacked != platform::Archive::Result::extracted)
-            std::fputs("the sample can not be unpacked\n", stderr);
-        session.folders = {m_folder, m_folder, m_folder};
-        session.layout = {"50", "2", "3"};
-    }
-
-    ~Sample() { fs::remove_all(m_folder); }
-
-    Sample(const Sample&) = delete;
-    Sample& operator=(const Sample&) = delete;
-
-    app::Session session;
-
-private:
-    fs::path m_folder;
-};
-
 constexpr int firstRow = 3;
 constexpr int rowsUsed = 30;
 
 void rowChangeToLoadedPage(benchmark::State& state) {
-    const Sample sample;
+    const bench::SampleCatalog sample;
     const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
     ui::qt::PageBrowser banner("wbBanner", "Banner", nullptr);
     ui::qt::PageBrowser page("WbPage", "Page", nullptr);
@@ -164,7 +140,7 @@ void rowChangeToLoadedPage(benchmark::State& state) {
 }
 
 void bareLoadOfTheSameFile(benchmark::State& state) {
-    const Sample sample;
+    const bench::SampleCatalog sample;
     const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
     const auto& folders = sample.session.folders;
     pages::CatalogPages pages(catalog, folders, sample.session.layout, false);
@@ -197,7 +173,7 @@ constexpr int manyLines = 10000;
 
 // From the command to the painted order view, for an order of so many lines.
 void openOrderView(benchmark::State& state) {
-    const Sample sample;
+    const bench::SampleCatalog sample;
     support::CatalogBuilder many;
     many.groups = {{"All", 1, 0, 0}};
     for (int i = 0; i < manyLines; ++i)

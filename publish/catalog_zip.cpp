@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
+#include "catalog/program_folders.h"
 #include "publish/data_files.h"
 
 #include <zip.h>
@@ -116,7 +117,8 @@ bool isSupplierId(std::string_view id) {
                c == '-' || c == '.' || c == ' ';
     };
     return !id.empty() && base::trim(id) == id && id.front() != '-' && id.front() != '.' &&
-           id.back() != '.' && std::all_of(id.begin(), id.end(), allowed);
+           id.back() != '.' && std::all_of(id.begin(), id.end(), allowed) &&
+           !catalog::isProgramsOwnFolder(id);
 }
 
 void writeZip(const SourceFolder& source, std::string_view supplierId, const fs::path& zip) {

@@ -3,6 +3,7 @@
 // puts its program folder and its screenshots into FOLDER. It fails when it gets stuck, or when something is
 // not to be seen whole.
 #include "tour/look.h"
+#include "tour/order_scenes.h"
 #include "tour/scenes.h"
 #include "ui/qt/icons.h"
 #include "ui/qt/program.h"
@@ -35,7 +36,8 @@ private:
 void prepareProgramFolder(const fs::path& folder) {
     fs::remove_all(folder);
     fs::create_directories(folder);
-    fs::copy_file(fs::path(TAVORINE_PROGRAM_FOLDER) / "Start.ect", folder / "Start.ect");
+    for (const char* part : {"Start.ect", "help"})
+        fs::copy(fs::path(TAVORINE_PROGRAM_FOLDER) / part, folder / part, fs::copy_options::recursive);
     for (const auto& entry : fs::directory_iterator(TAVORINE_SAMPLES_FOLDER))
         if (entry.path().extension() == ".zip")
             fs::copy_file(entry.path(), folder / entry.path().filename());
@@ -84,5 +86,7 @@ int main(int argc, char* argv[]) {
     program.start();
     tour::Script script;
     tour::play(script, folder);
+    tour::addOrderScenes(script, folder,
+                         [&](const std::string& name) { tour::photograph(script, folder, name); });
     return script.run() ? 0 : 1;
 }

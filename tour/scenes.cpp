@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 QWidget* windowInFront() {
     if (auto* box = QApplication::activeModalWidget())
         return box;
-    for (const char* name : {"Form1", "Welcome"})
+    for (const char* name : {"HelpWindow", "Form1", "Welcome"})
         if (auto* window = visibleWidget(name))
             return window;
     return nullptr;
@@ -31,23 +31,6 @@ QWidget* windowInFront() {
 QPixmap pictureOf(const QWidget& window) {
     const auto place = window.frameGeometry();
     return QApplication::primaryScreen()->grabWindow(0, place.x(), place.y(), place.width(), place.height());
-}
-
-// Waits until the window has been drawn, looks it over and keeps its picture.
-void photograph(Script& script, const fs::path& folder, const std::string& name) {
-    script.pause(400);
-    script.when(
-        "a window to photograph", [] { return windowInFront() != nullptr; },
-        [&script, folder, name] {
-            for (const auto& fault : layoutFaults())
-                script.complain(QString::fromStdString(name) + ": " + fault);
-            const auto picture = pictureOf(*windowInFront());
-            const auto file = folder / (name + ".png");
-            if (picture.save(QString::fromStdString(file.string())))
-                std::printf("%s\n", file.c_str());
-            else
-                std::fprintf(stderr, "can not write %s\n", file.c_str());
-        });
 }
 
 bool shows(const char* view) {
@@ -75,6 +58,22 @@ void fillIn(const std::vector<std::pair<const char*, const char*>>& details) {
         QTest::keyClicks(visibleWidget(box), text);
 }
 
+}
+
+void photograph(Script& script, const fs::path& folder, const std::string& name) {
+    script.pause(400);
+    script.when(
+        "a window to photograph", [] { return windowInFront() != nullptr; },
+        [&script, folder, name] {
+            for (const auto& fault : layoutFaults())
+                script.complain(QString::fromStdString(name) + ": " + fault);
+            const auto picture = pictureOf(*windowInFront());
+            const auto file = folder / (name + ".png");
+            if (picture.save(QString::fromStdString(file.string())))
+                std::printf("%s\n", file.c_str());
+            else
+                std::fprintf(stderr, "can not write %s\n", file.c_str());
+        });
 }
 
 void play(Script& script, const fs::path& folder) {
@@ -169,6 +168,18 @@ void play(Script& script, const fs::path& folder) {
         });
     script.pause(300);
     photograph(script, folder, "9-order");
+    script.when(
+        "asking for help", [] { return visibleWidget("txPhone") != nullptr; },
+        [] { QTest::keyClick(visibleWidget("txPhone"), Qt::Key_F1); });
+    script.when(
+        "the help book", [] { return shows("HelpPage"); }, [] {});
+    photograph(script, folder, "10-help");
+    script.when(
+        "closing the help book", [] { return true; },
+        [] {
+            visibleWidget("HelpWindow")->close();
+            visibleWidget("Form1")->activateWindow();
+        });
 }
 
 }

@@ -3,11 +3,16 @@
 #include "tour/script.h"
 
 #include <filesystem>
+#include <string>
 
 namespace tour {
 
-/// Adds the scenes to the script: from the first start to an order with its delivery details. Each keeps a
-/// picture of the window in front in the folder, and complains of what can not be seen whole.
+/// Waits until the window in front has been drawn, keeps its picture in the folder, and complains of what can
+/// not be seen whole.
+void photograph(Script& script, const std::filesystem::path& folder, const std::string& name);
+
+/// Adds the first scenes to the script: from the first start to an order with its delivery details and the
+/// help book. Each is photographed.
 void play(Script& script, const std::filesystem::path& folder);
 
 }

@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 
@@ -106,6 +108,22 @@ QMessageBox* messageBox(const QString& title) {
 
 void press(QMessageBox& box, QMessageBox::StandardButton button) {
     QTest::mouseClick(box.button(button), Qt::LeftButton);
+}
+
+QAbstractPrintDialog* printDialog() {
+    return qobject_cast<QAbstractPrintDialog*>(QApplication::activeModalWidget());
+}
+
+QString proposedFile(const QAbstractPrintDialog& dialog) {
+    return dialog.findChild<QLineEdit*>("filename")->text();
+}
+
+// The PDF is the last entry of the dialog's list.
+void printToFile(QAbstractPrintDialog& dialog, const std::filesystem::path& file) {
+    auto* printers = dialog.findChild<QComboBox*>("printers");
+    printers->setCurrentIndex(printers->count() - 1);
+    dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(file.string()));
+    dialog.accept();
 }
 
 void clickInPage(QWebEngineView& view, const QString& selector, Qt::MouseButton button,

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QAbstractPrintDialog>
 #include <QMessageBox>
 #include <QObject>
 #include <QWebEngineView>
 #include <QWidget>
 
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -68,6 +70,15 @@ Widget* visible(const QString& name) {
 /// The message box that waits for an answer, if it has this text in its title.
 [[nodiscard]] QMessageBox* messageBox(const QString& title);
 void press(QMessageBox& box, QMessageBox::StandardButton button);
+
+/// The system's print dialog, if it is up.
+[[nodiscard]] QAbstractPrintDialog* printDialog();
+
+/// What the dialog proposes as the PDF's name.
+[[nodiscard]] QString proposedFile(const QAbstractPrintDialog& dialog);
+
+/// Chooses the PDF, whatever printers there are, and accepts the dialog.
+void printToFile(QAbstractPrintDialog& dialog, const std::filesystem::path& file);
 
 /// Presses the mouse on the first element that the style selector finds in the page. What it finds out on
 /// the way comes later, so a step must wait for what the click does.

@@ -19,6 +19,7 @@ ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_v
     ToolbarState state;
     state.enable(Command::exit, true);
     state.enable(Command::search, true);
+    state.enable(Command::help, true);
     if (parameters.text(ParameterText::supplierFax).empty())
         state.hide(Command::print);
     const bool mailSwitchedOff = base::upper(base::trim(emailStatus)) == "NO";

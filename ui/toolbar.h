@@ -26,10 +26,11 @@ inline constexpr std::array toolbarButtons{
     ToolbarButton{Command::back, "Back", "Back", "Go back to the page shown before (Alt+Left)"},
     ToolbarButton{Command::priceList, "Plist", "Price List", "Show the list of products"},
     ToolbarButton{Command::checkOut, "CheckOut", "Check Out", "Show the order and its delivery details"},
-    ToolbarButton{Command::print, "Print", "Print", "Print the order"},
+    ToolbarButton{Command::print, "Print", "Print",
+                  "Print the order (Ctrl+P), or see it as it will be printed (Ctrl+Shift+P)"},
     ToolbarButton{Command::email, "Email", "Email", "E-mail the order to the supplier"},
     ToolbarButton{Command::clear, "Clear", "Clear", "Remove everything from the order"},
-    ToolbarButton{Command::help, "Help", "Help", "Open the help book"},
+    ToolbarButton{Command::help, "Help", "Help", "Open the help book (F1 opens it at what you are doing)"},
 };
 
 /// Which buttons are enabled and which are there at all.

@@ -1,4 +1,5 @@
 #include "app/catalog_zips.h"
+#include "app/supplier.h"
 #include "base/errors.h"
 #include "tests/app/start_up_fixture.h"
 #include "tests/support/ordinary_user.h"
@@ -117,9 +118,21 @@ TEST_F(CatalogZips, WithoutTheirMarkerAreDeletedWithoutAWord) {
     drop("Other.zip", support::ZipBuilder().add("ACME.sup", "ACME|Acme").add("sub/Other.sup", "x"));
     put("..zip", "x");
     put(".zip", "x");
-    drop("Install.tmp.zip", support::ZipBuilder().add("Install.tmp.sup", "x|y"));
     EXPECT_THAT(installAll(), ElementsAre("extract Note.zip Note.sup", "extract Other.zip Other.sup"));
     EXPECT_TRUE(fs::is_empty(program));
+}
+
+TEST_F(CatalogZips, NamedLikeAFolderOfTheProgramsOwnAreKeptAndTold) {
+    put("help/index.html", "the book");
+    put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
+    for (const std::string name : {"Help", "Install.tmp"})
+        drop(name + ".zip", catalogZip(name, "00001"));
+    const auto lines = installAll();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_THAT(lines[0], testing::HasSubstr("Help.zip can not be installed, since its name is taken"));
+    EXPECT_TRUE(exists("Help.zip") && exists("Install.tmp.zip") && !exists("Install.tmp"));
+    EXPECT_EQ(contents("help/index.html"), "the book");
+    EXPECT_THAT(app::MarkerFiles(program, box).suppliers(), testing::IsEmpty());
 }
 
 TEST_F(CatalogZips, ThatAreDamagedLeaveTheInstalledCatalogAndSaySo) {

@@ -22,6 +22,8 @@ class FakeWelcomeWindow : public app::WelcomeWindow {
 public:
     explicit FakeWelcomeWindow(support::Journal& journal) : m_journal(journal) {}
 
+    bool listOffered = false;
+
     void setCaption(std::string_view caption) override { m_journal.add("caption " + std::string(caption)); }
 
     void setStatus(std::string_view text) override { m_journal.add("status " + std::string(text)); }
@@ -29,6 +31,8 @@ public:
     void showPasswordEntry(std::string_view prompt) override {
         m_journal.add("password entry " + std::string(prompt));
     }
+
+    void offerSupplierList(bool offered) override { listOffered = offered; }
 
     void hidePasswordEntry() override { m_journal.add("no password entry"); }
 

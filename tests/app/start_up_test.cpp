@@ -156,6 +156,23 @@ TEST_F(StartUp, OpensTheOnlySupplierAtOnce) {
     EXPECT_FALSE(exists("ACME/Write.tmp"));
 }
 
+TEST_F(StartUp, InstallsWhatArrivesLaterAndOffersTheWayBackToTheList) {
+    startedBefore();
+    install("ACME");
+    put("Start.ect", "<R1>{SUPPID};</R1>");
+    run();
+    EXPECT_FALSE(window.listOffered);
+    for (const auto* version : {"00001", "00002"}) {
+        catalogZip("BETA", version).writeTo(program / "BETA.zip");
+        startUp->installArrived({program / "BETA.zip"});
+        EXPECT_THAT(browser.page, testing::HasSubstr("ACME;\r\nBETA;"));
+        EXPECT_EQ(contents("BETA/PrdPrm.dat"), parameters("BETA Stores", version, ""));
+        EXPECT_FALSE(exists("BETA.zip"));
+    }
+    click("\\ACME");
+    EXPECT_TRUE(window.listOffered);
+}
+
 TEST_F(StartUp, OmitsWelcomePageAndPasswordWhereTheCatalogSaysSo) {
     startedBefore();
     install("ACME", "00001", "omit");

@@ -35,6 +35,7 @@ Find::Find(const Surroundings& surroundings, QWidget* parent)
       m_cancel(new QPushButton("&Cancel", this)) {
     setObjectName("Find");
     setWindowTitle("Search");
+    setWindowFlag(Qt::WindowContextHelpButtonHint); // where the platform has one
     setModal(false);
     nameControls();
     layOut();

@@ -2,7 +2,6 @@
 
 #include "base/files.h"
 #include "base/numbers.h"
-#include "order/email_command.h"
 #include "ui/document_rows.h"
 #include "ui/qt/text.h"
 #include "ui/zoom.h"
@@ -53,11 +52,10 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
     : m_session(session),
       m_guard(guard),
       m_messages(messages),
-      m_mailer(mailer),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
       m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
       m_ordering(m_catalog, *m_basketFile, messages, m_toolbarState),
-      m_orderWriter(m_catalog.parameters, session.folders.DataFolder, session.layout),
+      m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this),
       m_groupLists(m_catalog),
       m_links(m_catalog, m_session.folders),
       m_toolbar(new Toolbar(this)),
@@ -126,6 +124,7 @@ void Form1::restoreSettings() {
 
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
+    connect(m_toolbar, &Toolbar::previewAsked, this, m_guard([this] { previewOrder(); }));
     connect(&m_catalogView->grid(), &ProductGrid::currentRowChanged, m_turner, &PageTurner::turnTo);
     connect(&m_catalogView->groupBoxes(), &GroupBoxes::chosen, this,
             m_guard([this](int record) { goTo(record); }));
@@ -213,20 +212,19 @@ void Form1::runCommand(Command command) {
         clearOrder();
         break;
     case Command::email:
-        emailOrder();
+        m_orderDesk.email(orderContents());
         break;
     case Command::print:
+        printOrder();
+        break;
     case Command::help:
+        emit helpAsked();
         break;
     }
 }
 
-// Print and help cannot be had yet, whatever the order's state.
 void Form1::showToolbar() {
-    auto shown = m_toolbarState;
-    for (const auto missing : {Command::print, Command::help})
-        shown.enable(missing, false);
-    m_toolbar->show(shown);
+    m_toolbar->show(m_toolbarState);
 }
 
 void Form1::enableBack(bool on) {
@@ -356,8 +354,16 @@ void Form1::clearOrder() {
     showOrder();
 }
 
-void Form1::emailOrder() {
-    order::EmailCommand(m_catalog.parameters, m_orderWriter, m_messages, m_mailer).run(orderContents());
+// A product page that is still due must not be written over the order's.
+void Form1::printOrder() {
+    m_turner->catchUp();
+    m_orderDesk.print(orderContents());
+}
+
+void Form1::previewOrder() {
+    commitPending();
+    m_turner->catchUp();
+    m_orderDesk.preview(orderContents());
 }
 
 order::OrderContents Form1::orderContents() {
@@ -385,7 +391,15 @@ void Form1::saveDetails() {
     order::saveDetails(m_details, m_userSettings);
 }
 
+// An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
+    auto& printer = m_orderDesk.printer();
+    if (printer.busy() && !m_guard.ending()) {
+        connect(&printer, &OrderPrinter::idle, this, &Form1::close,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        printer.showBusy();
+        return event->ignore();
+    }
     m_guard.run([this] { saveSettings(); });
     event->accept();
     emit closed();

@@ -4,7 +4,6 @@
 #include "catalog/catalog.h"
 #include "order/delivery_details.h"
 #include "order/order_contents.h"
-#include "order/order_document.h"
 #include "pages/group_lists.h"
 #include "platform/mailer.h"
 #include "ui/browsing.h"
@@ -13,6 +12,7 @@
 #include "ui/qt/catalog_view.h"
 #include "ui/qt/find.h"
 #include "ui/qt/guard.h"
+#include "ui/qt/order_desk.h"
 #include "ui/qt/order_view.h"
 #include "ui/qt/page_turner.h"
 #include "ui/qt/product_model.h"
@@ -39,6 +39,7 @@ public:
 signals:
     /// The window has been closed and its settings are saved.
     void closed();
+    void helpAsked();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -73,7 +74,8 @@ private:
     void showPriceList();
     void showCatalogView();
     void clearOrder();
-    void emailOrder();
+    void printOrder();
+    void previewOrder();
     [[nodiscard]] order::OrderContents orderContents();
 
     void commitPending();
@@ -83,7 +85,6 @@ private:
     app::Session m_session;
     Guard& m_guard;
     platform::MessageBox& m_messages;
-    platform::Mailer& m_mailer;
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
     system::DiskFile m_basketOnDisk;
@@ -92,7 +93,7 @@ private:
     ToolbarState m_toolbarState;
     Ordering m_ordering;
     order::DeliveryDetails m_details;
-    order::OrderWriter m_orderWriter;
+    OrderDesk m_orderDesk;
     pages::GroupLists m_groupLists;
     LinkRules m_links;
 

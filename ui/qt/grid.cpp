@@ -1,9 +1,12 @@
 #include "ui/qt/grid.h"
 
+#include "ui/qt/busy_notice.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QProgressDialog>
 
 #include <algorithm>
 
@@ -11,6 +14,8 @@ namespace ui::qt {
 namespace {
 
 constexpr int quantityColumn = 0;
+constexpr int rowsBetweenReports = 2000;
+constexpr int longCopyMs = 400;
 
 bool startsQuantity(const QKeyEvent& event) {
     const auto text = event.text();
@@ -102,11 +107,19 @@ void Grid::startQuantity(QKeyEvent* event) {
     }
 }
 
-void Grid::copySelection() const {
+// What is in the clipboard stays there unless all of it has been copied.
+void Grid::copySelection() {
     auto rows = selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
     QStringList lines;
+    QProgressDialog progress("Copying rows...", "Cancel", 0, static_cast<int>(rows.size()), window());
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(longCopyMs);
     for (const auto& row : rows) {
+        if (lines.size() % rowsBetweenReports == 0)
+            progress.setValue(static_cast<int>(lines.size()));
+        if (progress.wasCanceled())
+            return;
         QStringList cells;
         for (int column = 0; column < model()->columnCount(); ++column)
             if (!isColumnHidden(column))
@@ -121,6 +134,7 @@ void Grid::copySelection() const {
 void Grid::pasteQuantities() {
     if (!m_model || !currentIndex().isValid())
         return;
+    const BusyNotice notice("Pasting quantities...", *window());
     const auto pattern = quantityPattern(m_model->quantityDecimals());
     int row = currentIndex().row();
     for (const auto& line : QApplication::clipboard()->text().split('\n')) {

@@ -39,7 +39,7 @@ private:
     void fit();
     void startQuantity(QKeyEvent* event);
     void moveBy(int rows);
-    void copySelection() const;
+    void copySelection();
     void pasteQuantities();
 
     GridModel* m_model = nullptr;

@@ -14,8 +14,6 @@ namespace {
 
 constexpr double gridSize = 24;
 
-/// One stroke: letters M, L, C (centre and radius of a circle), Z, each followed by its numbers, on a
-/// square of 24 units.
 constexpr std::array<std::string_view, toolbarButtons.size()> strokes{
     /* exit   */ "M 14 4 L 6 4 L 6 20 L 14 20 M 11 12 L 21 12 M 17 8 L 21 12 L 17 16",
     /* search */ "C 10 10 6 M 14.5 14.5 L 20.5 20.5",
@@ -90,20 +88,29 @@ QPixmap programPicture(int size) {
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(size / gridSize, size / gridSize);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1f, 0x5f, 0x5b));
-    painter.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(pathOf("M 6 7 L 18 7 M 12 7 L 12 18"));
-    painter.setPen(QPen(QColor(0xf2, 0xb1, 0x34), 2, Qt::SolidLine, Qt::RoundCap));
-    painter.drawPath(pathOf("M 15 12 L 18 12 M 15 16 L 18 16"));
+    paintProgramPicture(painter);
     return pixmap;
 }
 
 }
 
+QIcon strokeIcon(std::string_view stroke) {
+    return QIcon(new StrokeIcon(pathOf(stroke)));
+}
+
 QIcon commandIcon(Command command) {
-    return QIcon(new StrokeIcon(pathOf(strokes.at(static_cast<std::size_t>(command) - 1))));
+    return strokeIcon(strokes.at(static_cast<std::size_t>(command) - 1));
+}
+
+void paintProgramPicture(QPainter& painter) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x1f, 0x5f, 0x5b));
+    painter.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(pathOf("M 6 7 L 18 7 M 12 7 L 12 18"));
+    painter.setPen(QPen(QColor(0xf2, 0xb1, 0x34), 2, Qt::SolidLine, Qt::RoundCap));
+    painter.drawPath(pathOf("M 15 12 L 18 12 M 15 16 L 18 16"));
 }
 
 QIcon programIcon() {

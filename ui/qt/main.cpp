@@ -11,9 +11,7 @@
 
 int main(int argc, char* argv[]) {
     if (ui::system::browserRefusesThisUser()) {
-        std::fputs("Tavorine can not run as root: start it as an ordinary user, or in a container set "
-                   "QTWEBENGINE_DISABLE_SANDBOX=1.\n",
-                   stderr);
+        std::fputs(ui::system::refusalOfThisUser, stderr);
         return 1;
     }
     ui::system::prepareBrowser();
@@ -21,6 +19,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tavorine");
     QApplication::setApplicationVersion(TAVORINE_VERSION);
+    QApplication::setDesktopFileName("tavorine"); // by which a desktop finds the name and icon of its windows
     QApplication::setQuitOnLastWindowClosed(false); // the windows end the program themselves
     QApplication::setWindowIcon(ui::qt::programIcon());
 

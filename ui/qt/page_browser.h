@@ -2,7 +2,7 @@
 
 #include "platform/browser.h"
 #include "ui/page_files.h"
-#include "ui/qt/confined_page.h"
+#include "ui/qt/page_loader.h"
 
 #include <QWebEngineView>
 #include <QWidget>
@@ -27,6 +27,9 @@ public:
     /// Must be called before the first page is shown.
     void confineTo(PageFiles files);
     void onLink(LinkHandler handler);
+
+    /// The pages' own scripts do not run. Must be called before the first page is shown.
+    void withoutScripts() { m_scripts = false; }
 
     void show(const std::filesystem::path& file, std::string_view bytes) override;
     using QWidget::show;
@@ -57,8 +60,6 @@ private:
 
     void makeView();
     void load();
-    void loadHandedOver();
-    void loadFromCopy();
     void finish();
     void restoreAfterBlank(const QUrl& url);
     void takeTabPlace();
@@ -71,11 +72,12 @@ private:
     ConfinedProfile* m_profile = nullptr;
     ConfinedPage* m_page = nullptr;
     QWebEngineView* m_view = nullptr;
+    std::optional<PageLoader> m_loader; // made with the view
     std::optional<Page> m_next;
     Page m_current;
     double m_zoom = 1;
     bool m_loading = false;
-    int m_copies = 0;
+    bool m_scripts = true;
 };
 
 }

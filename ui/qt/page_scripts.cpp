@@ -46,7 +46,17 @@ constexpr auto darkDesktop = R"JS(
 })();
 )JS";
 
-QWebEngineScript script(const QString& name, const QString& source) {
+// A break does nothing on a page of a document but in the line it stands in; this gives it a box that can
+// begin a page.
+constexpr auto printStyleSource = R"JS(
+(function () {
+    var style = document.createElement("style");
+    style.textContent = "@media print{br[style*='page-break']{display:block;content:'';break-before:page}}";
+    (document.head || document.documentElement).appendChild(style);
+})();
+)JS";
+
+QWebEngineScript scriptAtCreation(const QString& name, const QString& source) {
     QWebEngineScript script;
     script.setName(name);
     script.setSourceCode(source);
@@ -59,11 +69,20 @@ QWebEngineScript script(const QString& name, const QString& source) {
 }
 
 QWebEngineScript missingPictureScript() {
-    return script("missing pictures", missingPictures);
+    return scriptAtCreation("missing pictures", missingPictures);
+}
+
+QWebEngineScript printStyleScript() {
+    QWebEngineScript script;
+    script.setName("page breaks");
+    script.setSourceCode(printStyleSource);
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    return script;
 }
 
 QWebEngineScript darkDesktopScript() {
-    return script("dark desktop", darkDesktop);
+    return scriptAtCreation("dark desktop", darkDesktop);
 }
 
 }

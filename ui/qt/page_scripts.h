@@ -13,4 +13,8 @@ namespace ui::qt {
 /// does not ask keeps its own colours.
 [[nodiscard]] QWebEngineScript darkDesktopScript();
 
+/// Makes the mark that order pages carry, a line break with a "page-break" style, begin a new page on
+/// paper; the browser alone passes over it. On the screen nothing changes.
+[[nodiscard]] QWebEngineScript printStyleScript();
+
 }

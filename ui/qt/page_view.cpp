@@ -39,6 +39,10 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
+    if (event->type() == QEvent::DragEnter) { // the window may want it, the page never does
+        event->ignore();
+        return true;
+    }
     const bool isBackButton = event->type() == QEvent::MouseButtonPress &&
                               static_cast<QMouseEvent*>(event)->button() == Qt::BackButton;
     if (isBackButton)

@@ -1,6 +1,9 @@
 #include "ui/qt/program.h"
 
+#include "base/code_page.h"
+#include "catalog/program_folders.h"
 #include "order/basket_file.h"
+#include "ui/system/zip_delivery.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -8,14 +11,16 @@
 namespace ui::qt {
 
 Program::Program(const Machine& machine)
-    : m_guard(m_messages),
+    : m_programFolder(machine.programFile.path().parent_path()),
+      m_guard(m_messages),
+      m_help(m_programFolder / catalog::helpFolder, m_guard),
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
-                 m_welcome.browser(), m_welcome, machine.ownFolder}),
-      m_programFolder(machine.programFile.path().parent_path()) {
+                 m_welcome.browser(), m_welcome, machine.ownFolder}) {
     m_welcome.browser().confineTo(PageFiles({m_programFolder, machine.ownFolder}));
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
+    m_welcome.onZipsDropped([this](const auto& zips) { installDropped(zips); });
     connect(&m_welcome, &Welcome::painted, this, m_guard([this] { startUp(); }));
     connect(&m_welcome, &Welcome::closeAsked, this, m_guard([this] { leave(); }));
     connect(&m_archive, &system::BackgroundArchive::progress, &m_welcome, &Welcome::showProgress);
@@ -30,10 +35,22 @@ void Program::startUp() {
     m_welcome.hideProgress();
 }
 
+void Program::installDropped(const std::vector<std::filesystem::path>& zips) {
+    std::vector<std::filesystem::path> arrived;
+    for (const auto& zip : zips) {
+        m_welcome.setStatus("Copying " + base::textOf(zip.filename()));
+        arrived.push_back(system::deliverZip(zip, m_programFolder));
+        if (m_guard.ending())
+            return;
+    }
+    m_startUp.installArrived(arrived);
+}
+
 void Program::openMainWindow(const app::Session& session) {
     m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer);
     connect(m_form1.get(), &Form1::closed, this,
             [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
+    connect(m_form1.get(), &Form1::helpAsked, &m_help, &Help::openContents);
     m_form1->show();
 }
 
@@ -47,15 +64,16 @@ void Program::closeMainWindow() {
     }
     m_form1.reset();
     order::deleteProgramFolderBasket(m_programFolder);
+    m_help.close();
     m_guard.end(0);
 }
 
 // While a catalogue is being unpacked the start-up ends itself as soon as that has stopped.
 void Program::leave() {
     if (m_archive.busy())
-        m_archive.cancel();
-    else
-        m_guard.end(0);
+        return m_archive.cancel();
+    m_help.close();
+    m_guard.end(0);
 }
 
 }

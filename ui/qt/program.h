@@ -3,6 +3,7 @@
 #include "app/start_up.h"
 #include "ui/qt/form1.h"
 #include "ui/qt/guard.h"
+#include "ui/qt/help.h"
 #include "ui/qt/message_boxes.h"
 #include "ui/qt/screen_watch.h"
 #include "ui/qt/welcome.h"
@@ -11,7 +12,9 @@
 
 #include <QObject>
 
+#include <filesystem>
 #include <memory>
+#include <vector>
 
 namespace ui::qt {
 
@@ -40,18 +43,20 @@ public:
 
 private:
     void startUp();
+    void installDropped(const std::vector<std::filesystem::path>& zips);
     void openMainWindow(const app::Session& session);
     void closeMainWindow();
     void leave();
 
+    std::filesystem::path m_programFolder;
     MessageBoxes m_messages;
     Guard m_guard;
+    Help m_help; // before the windows, whose controls it explains
     system::BackgroundArchive m_archive;
     system::SystemMailer m_mailer;
     ScreenWatch m_screens;
     Welcome m_welcome;
     app::StartUp m_startUp;
-    std::filesystem::path m_programFolder;
     std::unique_ptr<Form1> m_form1;
 };
 

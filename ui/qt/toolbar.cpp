@@ -4,6 +4,8 @@
 #include "ui/qt/text.h"
 
 #include <QEvent>
+#include <QMenu>
+#include <QToolButton>
 
 #include <string_view>
 
@@ -52,6 +54,21 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     action(Command::exit)->setShortcut(QKeySequence("Ctrl+Q"));
     action(Command::search)->setShortcut(QKeySequence("Ctrl+F"));
     action(Command::back)->setShortcut(QKeySequence("Alt+Left"));
+    action(Command::print)->setShortcut(QKeySequence("Ctrl+P"));
+    addPreview();
+}
+
+void Toolbar::addPreview() {
+    m_preview = new QAction("Print pre&view...", this);
+    m_preview->setObjectName("Preview");
+    m_preview->setShortcut(QKeySequence("Ctrl+Shift+P"));
+    connect(m_preview, &QAction::triggered, this, &Toolbar::previewAsked);
+    auto* menu = new QMenu(this);
+    menu->addAction(m_preview);
+    auto* button = qobject_cast<QToolButton*>(widgetForAction(action(Command::print)));
+    button->setMenu(menu);
+    button->setPopupMode(QToolButton::MenuButtonPopup);
+    parentWidget()->addAction(m_preview); // for its key
 }
 
 QAction* Toolbar::action(Command command) const {
@@ -63,6 +80,7 @@ void Toolbar::show(const ToolbarState& state) {
         action(button.command)->setEnabled(state.enabled(button.command));
         action(button.command)->setVisible(state.visible(button.command));
     }
+    m_preview->setEnabled(state.enabled(Command::print) && state.visible(Command::print));
 }
 
 void Toolbar::resizeEvent(QResizeEvent* event) {

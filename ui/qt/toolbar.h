@@ -25,14 +25,19 @@ public:
 signals:
     void clicked(ui::Command command);
 
+    /// Of the menu beside "Print", which is enabled with it.
+    void previewAsked();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void addPreview();
     void fit();
 
     std::array<QAction*, toolbarButtons.size()> m_actions{};
+    QAction* m_preview;
 };
 
 }

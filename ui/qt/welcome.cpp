@@ -7,7 +7,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QHBoxLayout>
+#include <QMimeData>
+#include <QScopeGuard>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -19,6 +24,17 @@ namespace {
 constexpr QSize designedSize{860, 620};
 constexpr int workPanelWidth = 65; // in average characters
 constexpr int progressSteps = 1000;
+constexpr int workPanelIndex = 0;
+constexpr int pagesPanel = 1;
+
+std::vector<std::filesystem::path> zipsIn(const QMimeData& dropped) {
+    std::vector<std::filesystem::path> zips;
+    for (const auto& url : dropped.urls())
+        if (const QFileInfo file(url.toLocalFile());
+            file.isFile() && file.suffix().compare("zip", Qt::CaseInsensitive) == 0)
+            zips.push_back(pathFromQt(file.absoluteFilePath()));
+    return zips;
+}
 
 // As wide as it may become, in the middle.
 QWidget* centred(QWidget* panel) {
@@ -44,8 +60,10 @@ Welcome::Welcome(Guard& guard)
       m_confirmLabel(new QLabel("&Confirm password", this)),
       m_confirm(new QLineEdit(this)),
       m_next(new QPushButton("&Next", this)),
-      m_setPassword(new QPushButton("&Set password and enter", this)) {
+      m_setPassword(new QPushButton("&Set password and enter", this)),
+      m_suppliers(new QPushButton("&All suppliers", this)) {
     setObjectName("Welcome");
+    setAcceptDrops(true);
     setWindowTitle("Tavorine Catalog Viewer");
     auto* pages = new QWidget(this);
     auto* pagesLayout = new QVBoxLayout(pages);
@@ -61,7 +79,7 @@ Welcome::Welcome(Guard& guard)
     m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
     connect(m_browser, &PageBrowser::loaded, this, [this] {
-        m_stack->setCurrentIndex(1);
+        m_stack->setCurrentIndex(pagesPanel);
         if (std::exchange(m_focusPassword, false))
             m_password->setFocus();
     });
@@ -111,6 +129,11 @@ QWidget* Welcome::passwordPanel() {
     m_confirm->setAccessibleName("Confirm password");
     m_next->setObjectName("cbNext(0)");
     m_setPassword->setObjectName("cbNext(1)");
+    m_suppliers->setObjectName("cbSuppliers");
+    m_suppliers->setToolTip("Back to the list of suppliers (Escape)");
+    // A shortcut of the button's own would take the place of its letter.
+    connect(new QShortcut(QKeySequence("Escape"), m_suppliers), &QShortcut::activated, m_suppliers,
+            &QPushButton::click);
     for (auto* entry : {m_password, m_confirm}) {
         entry->setEchoMode(QLineEdit::Password);
         entry->setMinimumWidth(fontMetrics().averageCharWidth() * 16);
@@ -124,6 +147,8 @@ QWidget* Welcome::passwordPanel() {
     row->addLayout(confirm);
     row->addWidget(m_next);
     row->addWidget(m_setPassword);
+    row->addStretch();
+    row->addWidget(m_suppliers);
     auto* layout = new QVBoxLayout(m_passwordPanel);
     layout->setContentsMargins(16, 10, 16, 14);
     layout->addWidget(m_prompt);
@@ -141,6 +166,7 @@ void Welcome::drive(app::StartUp& startUp) {
     connect(m_next, &QPushButton::clicked, this, next);
     connect(m_confirm, &QLineEdit::returnPressed, this, confirm);
     connect(m_setPassword, &QPushButton::clicked, this, confirm);
+    connect(m_suppliers, &QPushButton::clicked, this, m_guard([&startUp] { startUp.showSupplierList(); }));
     m_browser->onLink(m_guard([this, &startUp](const QUrl& address, bool clicked) {
         if (clicked)
             followLink(startUp, address);
@@ -187,6 +213,10 @@ void Welcome::showPasswordEntry(std::string_view prompt) {
     m_passwordPanel->show();
 }
 
+void Welcome::offerSupplierList(bool offered) {
+    m_suppliers->setVisible(offered);
+}
+
 void Welcome::hidePasswordEntry() {
     m_focusPassword = false;
     m_passwordPanel->hide();
@@ -215,6 +245,34 @@ void Welcome::openMainWindow(const app::Session& session) {
     m_openMainWindow(session);
     m_memory.save(*this);
     hide();
+}
+
+// Zips only, and not while some are being installed.
+void Welcome::dragEnterEvent(QDragEnterEvent* event) {
+    const bool ready = m_installZips && m_stack->currentIndex() == pagesPanel;
+    if (ready && !zipsIn(*event->mimeData()).empty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+// After the drop is over for the program that the files come from.
+void Welcome::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    QTimer::singleShot(0, this, m_guard([this, zips = zipsIn(*event->mimeData())] { installDropped(zips); }));
+}
+
+void Welcome::installDropped(const std::vector<std::filesystem::path>& zips) {
+    if (m_stack->currentIndex() != pagesPanel)
+        return;
+    m_stack->setCurrentIndex(workPanelIndex);
+    const auto back = qScopeGuard([this] {
+        hideProgress();
+        if (m_browser->idle())
+            m_stack->setCurrentIndex(pagesPanel);
+    });
+    m_installZips(zips);
 }
 
 void Welcome::paintEvent(QPaintEvent* event) {

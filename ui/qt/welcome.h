@@ -13,7 +13,9 @@
 #include <QStackedWidget>
 #include <QWidget>
 
+#include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace ui::qt {
 
@@ -34,6 +36,11 @@ public:
         m_openMainWindow = std::move(open);
     }
 
+    /// Zips that are dropped on the window once it has started up, with the work panel up.
+    void onZipsDropped(std::function<void(const std::vector<std::filesystem::path>& zips)> install) {
+        m_installZips = std::move(install);
+    }
+
     /// How far unpacking has come, in bytes.
     void showProgress(quint64 done, quint64 total);
     void hideProgress();
@@ -41,6 +48,7 @@ public:
     void setCaption(std::string_view caption) override;
     void setStatus(std::string_view text) override;
     void showPasswordEntry(std::string_view prompt) override;
+    void offerSupplierList(bool offered) override;
     void hidePasswordEntry() override;
     void focusPasswordOncePageIsUp() override;
     void showPasswordConfirmation() override;
@@ -56,11 +64,14 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     QWidget* workPanel();
     QWidget* passwordPanel();
     void setConfirming(bool on);
+    void installDropped(const std::vector<std::filesystem::path>& zips);
     void followLink(app::StartUp& startUp, const QUrl& address);
 
     Guard& m_guard;
@@ -76,7 +87,9 @@ private:
     QLineEdit* m_confirm;
     QPushButton* m_next;
     QPushButton* m_setPassword;
+    QPushButton* m_suppliers;
     std::function<void(const app::Session&)> m_openMainWindow;
+    std::function<void(const std::vector<std::filesystem::path>&)> m_installZips;
     bool m_painted = false;
     bool m_focusPassword = false;
 };

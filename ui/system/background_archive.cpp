@@ -1,12 +1,12 @@
 #include "ui/system/background_archive.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
+#include "ui/system/background_work.h"
 
-#include <exception>
+#include <QElapsedTimer>
+#include <QScopeGuard>
+
 #include <functional>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace ui::system {
@@ -44,22 +44,10 @@ platform::Archive::Result BackgroundArchive::extract(const std::filesystem::path
     ThrottledProgress reports(m_cancelled,
                               [this](quint64 done, quint64 total) { emit progress(done, total); });
     Result result = Result::failed;
-    std::exception_ptr failure;
-    QEventLoop loop;
-    std::thread worker([&, wanted = std::string(mask)] {
-        try {
-            result = m_extractor.extract(archive, wanted, folder, &reports);
-        } catch (...) { // Deliberate: carried over to the thread that waits, and thrown there
-            failure = std::current_exception();
-        }
-        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
-    });
     m_busy = true;
-    loop.exec();
-    m_busy = false;
-    worker.join();
-    if (failure)
-        std::rethrow_exception(failure);
+    const auto idle = qScopeGuard([this] { m_busy = false; });
+    runInBackground(
+        [&, wanted = std::string(mask)] { result = m_extractor.extract(archive, wanted, folder, &reports); });
     return result;
 }
 

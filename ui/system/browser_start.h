@@ -9,4 +9,9 @@ void prepareBrowser();
 /// The browser refuses to run for the system administrator unless its sandbox is switched off.
 [[nodiscard]] bool browserRefusesThisUser();
 
+/// What to tell the system administrator then, one line.
+inline constexpr const char* refusalOfThisUser =
+    "Tavorine can not run as root: start it as an ordinary user, or in a container set "
+    "QTWEBENGINE_DISABLE_SANDBOX=1.\n";
+
 }

@@ -101,7 +101,7 @@ protected:
 TEST_F(KeyboardTest, TabLeadsThroughTheCatalogueViewAsItIsRead) {
     inTheCatalogueView([] {
         EXPECT_EQ(tabStops(window()),
-                  "Exit Search Back wbBanner GDB(0) GDB(1) GDB(2) GDB(3) ctGrid1 WbPage cbTax");
+                  "Exit Search Back Help wbBanner GDB(0) GDB(1) GDB(2) GDB(3) ctGrid1 WbPage cbTax");
         EXPECT_EQ(nameless(window()), "");
         EXPECT_EQ(mnemonics(window()), "CEHIKLMRSX");
         page()->setFocus();
@@ -124,9 +124,10 @@ TEST_F(KeyboardTest, TabLeadsThroughTheCatalogueViewAsItIsRead) {
 
 TEST_F(KeyboardTest, EveryLetterOfTheOrderViewLeadsToOneControl) {
     inTheOrderView([] {
-        EXPECT_EQ(tabStops(window()), "Exit Plist Email Clear wbBanner txOrgName txAtten txStreet txCity "
-                                      "txState txZip txCountry txPhone txOrdNo txDel(0) txDel(1) txDel(2) "
-                                      "txComment ctGrid2 cbTax");
+        EXPECT_EQ(tabStops(window()),
+                  "Exit Plist Print Email Clear Help wbBanner txOrgName txAtten txStreet txCity "
+                  "txState txZip txCountry txPhone txOrdNo txDel(0) txDel(1) txDel(2) "
+                  "txComment ctGrid2 cbTax");
         EXPECT_EQ(nameless(window()), "");
         EXPECT_EQ(mnemonics(window()), "ABCDEHIKLMNOPRSTUVXYZ");
         QTest::keyClick(window(), Qt::Key_V, Qt::AltModifier);

@@ -1,91 +1,20 @@
-#include "base/bytes.h"
-#include "tests/ui/qt/program_folder.h"
+#include "tests/ui/qt/order_program.h"
 #include "ui/qt/details_form.h"
-#include "ui/qt/grid.h"
-#include "ui/qt/page_browser.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QLabel>
 #include <QTest>
-#include <QToolButton>
 
 namespace {
 using namespace tour;
-using ui::qt::Grid;
 
-/// The program on a small catalogue: rows 2 and 3 of the product grid are B1 at 10.00 with 12.5 % tax and
-/// B2 at 2.50 with 10 %; rows 0 and 1 are groups.
-class OrderTest : public ProgramTest {
-protected:
-    OrderTest() {
-        writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
-        catalog.catalogPassword = "OMIT";
-        catalog.quantityDecimals = 1;
-    }
-
-    void start() { deliver("ACME", catalog); }
-
-    /// A step on the main window, once its page is up and no other is on its way.
-    void then(const QString& what, std::function<void()> act) {
-        script.when(
-            what, [] { return pageIsUp() && !QApplication::activeModalWidget(); }, std::move(act));
-    }
-
-    static bool pageIsUp() {
-        return page() && qobject_cast<ui::qt::PageBrowser*>(page()->parentWidget())->idle();
-    }
-
-    static Grid* products() { return visible<Grid>("ctGrid1"); }
-
-    static Grid* order() { return visible<Grid>("ctGrid2"); }
-
-    static QString text(const char* name) { return visible<QLabel>(name)->text(); }
-
-    static QString cell(Grid* grid, int row, int column) {
-        return grid->model()->index(row, column).data().toString();
-    }
-
-    static QLineEdit* box(const char* name) { return visible<QLineEdit>(name); }
-
-    static void press(const char* button) { QTest::mouseClick(visibleWidget(button), Qt::LeftButton); }
-
-    static QString enabledButtons() {
-        QString all;
-        for (const char* key : {"Search", "Back", "Plist", "CheckOut", "Email", "Clear"})
-            if (visibleWidget(key)->isEnabled())
-                all += QString(key) + " ";
-        return all.trimmed();
-    }
-
-    static QLineEdit* editor(Grid* grid) { return grid->editor(); }
-
-    // Types a quantity on a row and leaves the editor open.
-    static void type(Grid* grid, int row, const QString& quantity) {
-        grid->setCurrentIndex(grid->model()->index(row, 3));
-        QTest::keyClicks(grid, quantity.left(1));
-        ASSERT_NE(editor(grid), nullptr) << "no editor on row " << row;
-        QTest::keyClicks(editor(grid), quantity.mid(1));
-    }
-
-    static void enter(Grid* grid, int row, const QString& quantity) {
-        type(grid, row, quantity);
-        QTest::keyClick(editor(grid), Qt::Key_Return);
-    }
-
-    [[nodiscard]] float storedQuantity(std::size_t record) const {
-        const auto bytes = readFile("ACME/Basket.dat");
-        return base::readSingle(std::as_bytes(std::span(bytes)), (record - 1) * 17 + 1);
-    }
-
-    support::CatalogBuilder catalog = smallCatalog("Acme");
-};
+using OrderTest = OrderProgram;
 
 TEST_F(OrderTest, IsTakenByKeysInBothViews) {
     start();
     then("the product grid", [this] {
-        EXPECT_EQ(enabledButtons(), "Search Back");
+        EXPECT_EQ(enabledButtons(), "Search");
         QTest::keyClicks(products(), "5"); // a group's row takes none
         EXPECT_EQ(editor(products()), nullptr);
         enter(products(), 2, "2");
@@ -95,7 +24,7 @@ TEST_F(OrderTest, IsTakenByKeysInBothViews) {
                   QColor(0, 255, 0));
         EXPECT_EQ(products()->currentIndex().row(), 3);
         EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "22.50/2.50");
-        EXPECT_EQ(enabledButtons(), "Search Back CheckOut Clear");
+        EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
         enter(products(), 3, "400x.25"); // letters and a second decimal do not get in
         EXPECT_EQ(cell(products(), 3, 0), "400.2");
         EXPECT_EQ(text("lbTotOrd"), "1,123.05");
@@ -140,7 +69,7 @@ TEST_F(OrderTest, APendingQuantityIsNeverLost) {
     then("the product grid again", [] {
         EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 2, 8), "3/33.75");
         EXPECT_EQ(text("lbTotOrd"), "33.75");
-        EXPECT_EQ(enabledButtons(), "Search Back CheckOut Clear");
+        EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
         type(products(), 3, "4");
         visibleWidget("Form1")->close();
     });
@@ -169,7 +98,7 @@ TEST_F(OrderTest, IsExemptedAndCleared) {
         EXPECT_EQ(cell(products(), 2, 0) + cell(products(), 2, 7) + cell(products(), 2, 8), "");
         EXPECT_FALSE(products()->model()->index(2, 1).data(Qt::BackgroundRole).isValid());
         EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "0.00/0.00");
-        EXPECT_EQ(enabledButtons(), "Search Back");
+        EXPECT_EQ(enabledButtons(), "Search");
         visibleWidget("Form1")->close();
     });
     ASSERT_TRUE(play());

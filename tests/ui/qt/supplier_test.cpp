@@ -1,5 +1,8 @@
 #include "tests/ui/qt/program_folder.h"
 
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
 
 namespace {
@@ -8,6 +11,21 @@ using namespace tour;
 class SupplierTest : public ProgramTest {
 protected:
     SupplierTest() { writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n"); }
+
+    // On the middle of the window, where the page is; tells whether the window took it.
+    static bool drop(const std::filesystem::path& file) {
+        auto* window = visibleWidget("Welcome");
+        auto* target = window->childAt(window->rect().center());
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent dropped({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &dropped);
+        return dropped.isAccepted();
+    }
 
     void expectList(std::function<void()> then) {
         script.when(
@@ -54,6 +72,32 @@ TEST_F(SupplierTest, AsksBeforeItReplacesACatalogueByOneThatIsNotNewer) {
     closeMainWindow();
     ASSERT_TRUE(play());
     EXPECT_NE(readFile("BOLTS/Prdlst.dat"), installed);
+}
+
+TEST_F(SupplierTest, InstallsAZipDroppedOnTheWindowAndGoesBackToTheList) {
+    deliver("BOLTS", smallCatalog("Bolts"));
+    deliver("NUTS", smallCatalog("Nuts"));
+    const auto elsewhere = folder / "elsewhere";
+    std::filesystem::create_directory(elsewhere);
+    std::filesystem::rename(folder / "NUTS.zip", elsewhere / "NUTS.zip");
+    script.when(
+        "the only supplier's page", [] { return shows(startPage(), "Welcome to Bolts list"); },
+        [elsewhere] {
+            EXPECT_EQ(visibleWidget("cbSuppliers"), nullptr);
+            EXPECT_FALSE(drop(elsewhere / "nothing.zip"));
+            EXPECT_TRUE(drop(elsewhere / "NUTS.zip"));
+        });
+    expectList([this, elsewhere] {
+        EXPECT_TRUE(exists("NUTS/Prdlst.dat"));
+        EXPECT_FALSE(exists("NUTS.zip"));
+        EXPECT_TRUE(std::filesystem::exists(elsewhere / "NUTS.zip"));
+        clickInPage(*startPage(), "#NUTS");
+    });
+    script.when(
+        "the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); },
+        [] { QTest::keyClick(visibleWidget("Welcome"), Qt::Key_Escape); });
+    expectList([] { visibleWidget("Welcome")->close(); });
+    EXPECT_TRUE(play());
 }
 
 TEST_F(SupplierTest, RemovesASupplierFromTheListOnlyWhenToldTwice) {

@@ -1,0 +1,121 @@
+// Printing an order to a PDF: what the program does by itself (the rows' texts, the order page, the scratch
+// page, the PDF file), and what the browser does (loading the page, making the PDF). Needs a display or
+// QT_QPA_PLATFORM=offscreen.
+#include "bench/sample_catalog.h"
+#include "catalog/catalog.h"
+#include "order/print_command.h"
+#include "ui/document_rows.h"
+#include "ui/link_rules.h"
+#include "ui/qt/message_boxes.h"
+#include "ui/qt/paper_page.h"
+#include "ui/qt/pdf_output.h"
+#include "ui/system/browser_start.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+struct KeptPage final : order::PrintTarget {
+    void print(const std::filesystem::path& address, std::string_view text) override {
+        file = address;
+        bytes = text;
+    }
+
+    std::filesystem::path file;
+    std::string bytes;
+};
+
+/// An order of so many lines of the sample's articles.
+class Printing {
+public:
+    explicit Printing(std::int64_t lines)
+        : m_catalog(catalog::openCatalog(m_sample.session.folders.DataFolder)),
+          m_writer(m_catalog.parameters, m_sample.session.folders.DataFolder, m_sample.session.layout),
+          m_scratchPage(m_sample.session.folders.UserFolder) {
+        for (std::int64_t i = 0; i < lines; ++i)
+            m_rows.emplace_back(order::BasketLine{4, 8.30F, 49.80F, static_cast<std::int32_t>(10 + i % 200)});
+        m_order.details.business = "Marlowe & Sons Joinery";
+        m_order.details.phone = "01632 960 118";
+        m_order.deliveryDate = "00/00/00";
+        m_order.totals = {49800, 8300};
+    }
+
+    void writePage() {
+        m_order.rows = ui::documentRows(m_catalog, m_rows);
+        order::PrintCommand(m_writer, m_scratchPage, m_messages, m_page).run(m_order);
+    }
+
+    void makePdf() {
+        ui::qt::PaperPage paper(ui::pageFilesOf(m_sample.session.folders), nullptr);
+        QEventLoop loop;
+        QObject::connect(&paper, &ui::qt::PaperPage::loaded, &paper,
+                         [&] { paper.makePdf(m_printer.pageLayout(), {}); });
+        QObject::connect(&paper, &ui::qt::PaperPage::failed, &loop, &QEventLoop::quit);
+        QObject::connect(
+            &paper, &ui::qt::PaperPage::made, &paper,
+            [&](const QByteArray& pdf) {
+                m_pdf = pdf;
+                loop.quit();
+            },
+            Qt::QueuedConnection);
+        paper.load(m_page.file, m_page.bytes);
+        loop.exec();
+    }
+
+    [[nodiscard]] bool writePdf() {
+        const auto file = m_sample.session.folders.UserFolder / "order.pdf";
+        m_printer.setOutputFileName(QString::fromStdString(file.string()));
+        return !m_pdf.isEmpty() && !ui::qt::output(m_pdf, m_printer);
+    }
+
+private:
+    bench::SampleCatalog m_sample;
+    catalog::Catalog m_catalog;
+    order::OrderWriter m_writer;
+    pages::ScratchPage m_scratchPage;
+    ui::qt::MessageBoxes m_messages;
+    std::vector<order::OrderRow> m_rows;
+    order::OrderContents m_order;
+    KeptPage m_page;
+    QPrinter m_printer;
+    QByteArray m_pdf;
+};
+
+void program(benchmark::State& state) {
+    Printing printing(state.range(0));
+    printing.writePage();
+    printing.makePdf();
+    for (auto _ : state) {
+        printing.writePage();
+        if (!printing.writePdf())
+            state.SkipWithError("no PDF");
+    }
+}
+
+void browser(benchmark::State& state) {
+    Printing printing(state.range(0));
+    printing.writePage();
+    for (auto _ : state)
+        printing.makePdf();
+    if (!printing.writePdf())
+        state.SkipWithError("no PDF");
+}
+
+BENCHMARK(program)->Arg(1000)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(browser)->Arg(1000)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+}
+
+int main(int argc, char* argv[]) {
+    benchmark::Initialize(&argc, argv);
+    ui::system::prepareBrowser();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const QApplication application(argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

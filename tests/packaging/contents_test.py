@@ -1,0 +1,94 @@
+"""What the packages say of themselves:
+
+    contents_test.py VERSION FOLDER_OF_PACKAGES BUILT_PROGRAM_FOLDER SOURCE_TREE
+"""
+
+import gzip
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from fnmatch import fnmatch
+from pathlib import Path
+
+VERSION = sys.argv[1]
+PACKAGES, BUILT, SOURCES = (Path(path) for path in sys.argv[2:])
+
+
+def output(*command):
+    return subprocess.run([str(word) for word in command], check=True, capture_output=True, text=True).stdout
+
+
+def contents(folder):
+    return {path.relative_to(folder): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+
+
+class Contents(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.place = tempfile.TemporaryDirectory()
+        cls.root = Path(cls.place.name)
+        [cls.package] = PACKAGES.glob("*.deb")
+        [cls.archive] = PACKAGES.glob("*.tar.gz")
+        output("dpkg-deb", "-x", cls.package, cls.root)
+        output("tar", "-xzf", cls.archive, "-C", cls.root)
+        cls.share = cls.root / "usr/share"
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.place.cleanup()
+
+    def test_names_one_version_everywhere(self):
+        newest = re.search(r"^## (\S+)", (SOURCES / "CHANGELOG.md").read_text(), re.MULTILINE)[1]
+        manual = gzip.open(self.share / "man/man1/tavorine.1.gz", "rt").read()
+        for told in (
+            newest,
+            output("dpkg-deb", "-f", self.package, "Version").split("-")[0],
+            self.archive.name.split("-")[1],
+            re.search(r'release version="([^"]*)"', (self.share / "metainfo/tavorine.metainfo.xml").read_text())[1],
+            re.search(r'"Tavorine (\S+)"', manual)[1],
+            re.search(r"^Tavorine (\S+)", (self.root / "Tavorine/README.txt").read_text())[1],
+        ):
+            self.assertEqual(told, VERSION)
+        changes = output("dpkg-parsechangelog", "-l", self.unpacked("doc/tavorine/changelog.Debian.gz"), "-S", "Version")
+        self.assertEqual(changes, output("dpkg-deb", "-f", self.package, "Version"))
+
+    def test_holds_the_built_program_folder_twice(self):
+        installed = contents(self.root / "usr/lib/tavorine")
+        portable = contents(self.root / "Tavorine")
+        self.assertEqual(installed.items() - portable.items(), set())
+        texts = {Path(name) for name in ("README.txt", "CHANGELOG.md", "LICENCES.md")}
+        self.assertEqual(portable.keys() - installed.keys(), texts)
+        self.assertEqual(contents(BUILT / "help"), contents(self.root / "Tavorine/help"))
+
+    def test_names_the_licence_of_every_library(self):
+        licences = re.findall(r"`([^`]+)`", (self.root / "Tavorine/LICENCES.md").read_text())
+        for program in ("Tavorine/Tavorine", "usr/bin/tavorine"):
+            for library in re.findall(r"NEEDED +(\S+)", output("objdump", "-p", self.root / program)):
+                self.assertTrue(any(fnmatch(library, known) for known in licences), f"{library} is not listed")
+
+    def test_asks_for_the_same_packages_in_both(self):
+        depends = {word.split()[0] for word in output("dpkg-deb", "-f", self.package, "Depends").split(",")}
+        readme = re.search(r"apt install ((?:.*\\\n)*.*)", (self.root / "Tavorine/README.txt").read_text())[1]
+        on_every_system = {"libc6", "libgcc-s1", "libstdc++6"}
+        self.assertEqual(set(readme.replace("\\", "").split()), depends - on_every_system)
+
+    def test_is_understood_by_desktops(self):
+        output("desktop-file-validate", self.share / "applications/tavorine.desktop")
+        # Its name is all that the program has for an identity; there is no domain that it belongs to.
+        output("appstreamcli", "validate", "--no-net", "--override=cid-desktopapp-is-not-rdns=info",
+               self.share / "metainfo/tavorine.metainfo.xml")
+        for size in (16, 48, 256):
+            icon = self.share / f"icons/hicolor/{size}x{size}/apps/tavorine.png"
+            self.assertEqual(int.from_bytes(icon.read_bytes()[16:20], "big"), size)
+        self.assertTrue((self.share / "icons/hicolor/scalable/apps/tavorine.svg").exists())
+
+    def unpacked(self, name):
+        text = self.root / "unpacked"
+        text.write_bytes(gzip.open(self.share / name).read())
+        return text
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,102 @@
+#include "tour/order_scenes.h"
+
+#include "ui/qt/grid.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+
+#include <fstream>
+
+namespace tour {
+namespace {
+namespace fs = std::filesystem;
+
+constexpr int orderedLines = 120;
+
+ui::qt::Grid* products() {
+    return visible<ui::qt::Grid>("ctGrid1");
+}
+
+// Of every article the quantity that its place in the list gives, until the order has enough lines.
+void orderManyArticles() {
+    auto& model = *products()->gridModel();
+    QString column;
+    for (int row = 0, lines = 0; row < model.rowCount() && lines < orderedLines; ++row) {
+        const bool takes = model.takesQuantity(row);
+        column += takes ? QString::number(1 + row % 12) + "\n" : "\n";
+        lines += takes ? 1 : 0;
+    }
+    QApplication::clipboard()->setText(column);
+    products()->setCurrentIndex(model.index(0, 0));
+    QTest::keyClick(products(), Qt::Key_V, Qt::ControlModifier);
+}
+
+bool inOrderView() {
+    return visibleWidget("ctGrid2") && !QApplication::activeModalWidget();
+}
+
+void press(const char* button) {
+    QTest::mouseClick(visibleWidget(button), Qt::LeftButton);
+}
+
+// Where the script of the mail command finds it first.
+void installMailCommand(const fs::path& folder) {
+    const auto commands = folder / "bin";
+    fs::create_directories(commands);
+    const auto command = commands / "sendmail";
+    std::ofstream(command) << "#!/bin/sh\ncat > '" << (folder / "order.eml").string() << "'\n";
+    fs::permissions(command, fs::perms::owner_all);
+    qputenv("PATH", QByteArray::fromStdString(commands.string()) + ":" + qgetenv("PATH"));
+}
+
+}
+
+void addOrderScenes(Script& script, const fs::path& folder,
+                    const std::function<void(const std::string& name)>& photograph) {
+    const auto pdf = folder / "order.pdf";
+    script.when("the price list", inOrderView, [] { press("Plist"); });
+    script.when(
+        "the product grid again", [] { return products() != nullptr; },
+        [] {
+            orderManyArticles();
+            press("CheckOut");
+        });
+    script.when("the preview", inOrderView, [] {
+        QTest::keyClick(visibleWidget("Form1"), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    });
+    script.when(
+        "the pages", [] { return visibleWidget("PrintPreview") != nullptr; }, [] {});
+    photograph("10-preview");
+    script.when(
+        "printing", [] { return true; },
+        [] { QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_P, Qt::ControlModifier); });
+    script.when(
+        "the print dialog", [] { return printDialog() != nullptr; }, [] {});
+    photograph("11-print");
+    script.when(
+        "a file for it", [] { return true; },
+        [pdf] {
+            fs::remove(pdf);
+            printToFile(*printDialog(), pdf);
+        });
+    script.when(
+        "the PDF", [pdf] { return fs::exists(pdf); },
+        [] { QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_Escape); });
+    script.when("mailing", inOrderView, [folder] {
+        installMailCommand(folder);
+        fs::remove(folder / "order.eml");
+        press("Email");
+    });
+    script.when(
+        "the outbox", [] { return messageBox("Place email order in Outbox"); }, [] {});
+    photograph("12-email");
+    script.when(
+        "the mail", [] { return true; },
+        [] { tour::press(*messageBox("Place email order in Outbox"), QMessageBox::Ok); });
+    script.when(
+        "the order kept by the mail command",
+        [folder] { return fs::exists(folder / "order.eml") && inOrderView(); }, [] {});
+}
+
+}

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace ui {
+
+/// What the help says about a control.
+struct HelpTopic {
+    std::string_view control; ///< its object name
+    std::string_view target;  ///< page of the help book, with an anchor
+    std::string_view whatsThis;
+};
+
+inline constexpr std::array helpTopics{
+    // the start-up window
+    HelpTopic{"Welcome", "suppliers.html#list", "Choose a supplier here, and open its catalogue."},
+    HelpTopic{"WebBrowser1", "suppliers.html#list",
+              "Your suppliers, or the welcome page of the one you have chosen. Click a supplier to open its "
+              "catalogue."},
+    HelpTopic{"txtPassword", "suppliers.html#password",
+              "The password that your supplier has told you. Leave it empty if there is none."},
+    HelpTopic{"txtConfirm", "suppliers.html#own-password",
+              "Type the new password once more, so that no slip of the finger locks the catalogue."},
+    HelpTopic{"cbNext(0)", "suppliers.html#password", "Opens the catalogue."},
+    HelpTopic{"cbNext(1)", "suppliers.html#own-password",
+              "Sets the password that you have typed twice, and opens the catalogue. It is asked for from "
+              "now on."},
+    HelpTopic{"cbSuppliers", "suppliers.html#list", "Goes back to the list of your suppliers."},
+
+    // the commands
+    HelpTopic{"Form1", "finding.html#list", "The catalogue: look for articles and order them."},
+    HelpTopic{"Toolbar1", "keys.html#main-window", "The commands of the main window."},
+    HelpTopic{"Exit", "keeping.html#leaving",
+              "Saves your delivery details and leaves Tavorine. The order itself is not kept."},
+    HelpTopic{"Search", "search.html#window", "Opens a window in which you search the list of articles."},
+    HelpTopic{"Back", "finding.html#back", "Goes back to the page that was shown before."},
+    HelpTopic{"Plist", "order-view.html#going", "Leads from the order back to the catalogue."},
+    HelpTopic{"CheckOut", "order-view.html#going",
+              "Shows what you have ordered and where it is to go. It can be pressed once something is "
+              "ordered."},
+    HelpTopic{"Print", "printing.html#print", "Prints the order, on paper or into a PDF file."},
+    HelpTopic{"Preview", "printing.html#preview", "Shows the pages of the order before they are printed."},
+    HelpTopic{"PrintPreview", "printing.html#preview", "The pages of the order, as they will be printed."},
+    HelpTopic{"Pages", "printing.html#preview", "The pages of the order, as they will be printed."},
+    HelpTopic{"Email", "email.html#send", "Sends the order to your supplier by e-mail."},
+    HelpTopic{"Clear", "ordering.html#clear", "Takes everything off the order, after a question."},
+    HelpTopic{"Help", "index.html#using", "Opens the help book."},
+
+    // the catalogue view
+    HelpTopic{"wbBanner", "finding.html#banner", "Your supplier's banner."},
+    HelpTopic{"GDB(0)", "finding.html#groups",
+              "The groups of the catalogue. Choose one, then go on in the next box to the right."},
+    HelpTopic{"GDB(1)", "finding.html#groups", "What is in the group chosen in the first box."},
+    HelpTopic{"GDB(2)", "finding.html#groups", "What is in the group chosen in the second box."},
+    HelpTopic{"GDB(3)", "finding.html#groups", "What is in the group chosen in the third box."},
+    HelpTopic{"ctGrid1", "ordering.html#quantities",
+              "The whole catalogue, one article a row. Type a quantity to order the marked article; its "
+              "page is shown below."},
+    HelpTopic{"quantity", "ordering.html#quantities",
+              "How many you want. Enter takes it, Esc leaves the old quantity, 0 takes the article off the "
+              "order."},
+    HelpTopic{"Split", "finding.html#list", "Drag this line to give the list or the page more room."},
+    HelpTopic{"WbPage", "finding.html#page",
+              "The page of the marked article. Articles and groups that it mentions can be clicked."},
+    HelpTopic{"PageSearch", "finding.html#on-page", "Finds a word on the page that is up."},
+    HelpTopic{"txtPageSearch", "finding.html#on-page",
+              "The word to find on the page that is up. Enter goes on to the next place."},
+
+    // the order view
+    HelpTopic{"ctGrid2", "order-view.html#order", "What you have ordered. Quantities can be changed here."},
+    HelpTopic{"Details", "order-view.html#details", "Who you are, and where the order is to go."},
+    HelpTopic{"txOrgName", "order-view.html#details", "The name of your business. An order needs it."},
+    HelpTopic{"txAtten", "order-view.html#details", "Your name, or whoever the delivery is for."},
+    HelpTopic{"txStreet", "order-view.html#details", "The street to which the order is delivered."},
+    HelpTopic{"txCity", "order-view.html#details", "The city or suburb to which the order is delivered."},
+    HelpTopic{"txState", "order-view.html#details", "The state to which the order is delivered."},
+    HelpTopic{"txZip", "order-view.html#details", "The zip code of the delivery address."},
+    HelpTopic{"txCountry", "order-view.html#details", "The country to which the order is delivered."},
+    HelpTopic{"txPhone", "order-view.html#details",
+              "Where your supplier can call you about the order. An order needs it."},
+    HelpTopic{"txOrdNo", "order-view.html#order-number",
+              "Your own number or reference for this order, if you use one."},
+    HelpTopic{"txDel(0)", "order-view.html#date",
+              "The day on which you want the delivery, with two digits. Leave it empty if any day will do."},
+    HelpTopic{"txDel(1)", "order-view.html#date", "The month of the delivery, with two digits."},
+    HelpTopic{"txDel(2)", "order-view.html#date", "The year of the delivery, with two digits."},
+    HelpTopic{"txComment", "order-view.html#comments",
+              "Anything your supplier should know about this order. Ctrl+Enter starts a new line."},
+
+    // the bar at the bottom
+    HelpTopic{"cbTax", "ordering.html#exempt",
+              "Tick this if you pay no tax. The whole order is priced again."},
+    HelpTopic{"lbTotTax", "ordering.html#totals", "How much of the total is tax."},
+    HelpTopic{"lbTotOrd", "ordering.html#totals", "What the whole order comes to, tax included."},
+
+    // the search window
+    HelpTopic{"Find", "search.html#window", "Searches the list of articles."},
+    HelpTopic{"txFind", "search.html#window",
+              "A part of the code or the description. Capitals and small letters make no difference."},
+    HelpTopic{"cbCode", "search.html#columns", "Searches the column with the codes."},
+    HelpTopic{"cbDesc", "search.html#columns", "Searches the column with the descriptions."},
+    HelpTopic{"cbOther", "search.html#columns", "Searches your supplier's extra column."},
+    HelpTopic{"cbFirst", "search.html#going-on", "Searches from the top of the list."},
+    HelpTopic{"cbNext", "search.html#going-on", "Searches on downwards from the marked row."},
+    HelpTopic{"cbPrev", "search.html#going-on", "Searches back upwards from the marked row."},
+    HelpTopic{"cbCancel", "search.html#going-on", "Closes the search window."},
+
+    // the help window
+    HelpTopic{"HelpWindow", "index.html#using", "The help book."},
+    HelpTopic{"txHelpSearch", "index.html#using", "A word to look for in the whole help book."},
+    HelpTopic{"HelpContents", "index.html#using", "The pages of the help book and what is on them."},
+    HelpTopic{"HelpHits", "index.html#using", "The pages that hold the word you look for."},
+    HelpTopic{"HelpPage", "index.html#using", "A page of the help book. Its links can be clicked."},
+};
+
+/// The control's own topic; null where there is none.
+[[nodiscard]] constexpr const HelpTopic* helpTopicOf(std::string_view control) {
+    for (const auto& topic : helpTopics)
+        if (topic.control == control)
+            return &topic;
+    return nullptr;
+}
+
+}

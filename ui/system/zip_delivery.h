@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+namespace ui::system {
+
+/// Copies a zip into a folder under its own name, over one of that name. The copy is there when it is
+/// complete, never before. Windows stay alive meanwhile. Answers with its path; throws base::FileError. A
+/// zip that lies in the folder already is left alone.
+std::filesystem::path deliverZip(const std::filesystem::path& zip, const std::filesystem::path& folder);
+
+}
