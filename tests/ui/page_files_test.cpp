@@ -20,7 +20,7 @@ protected:
             fs::create_directories(root / folder);
         for (const char* name :
              {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini", "prog/ACME/PrdPrm.DAT",
-              "prog/ACME/Banner.Ect", "prog/x.zip", "secret/key.jpg"})
+              "prog/ACME/Banner.Ect", "prog/x.zip", "prog/ACME/Odd.jpg.", "secret/key.jpg"})
             std::ofstream(root / name) << "x";
         if (support::hasSymbolicLinks())
             fs::create_symlink(root / "secret", root / "prog/ACME/out");
@@ -44,7 +44,8 @@ TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
 
 TEST_F(PageFilesTest, KeepsPagesInsideTheFoldersAndAwayFromData) {
     for (const char* name :
-         {"secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
+         {"prog/ACME/User.ini.", "prog/ACME/User.ini ", "prog/ACME/User.ini::$DATA", "prog/ACME/Odd.jpg.",
+          "secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
           "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
         EXPECT_EQ(files.find(root / name, ui::Resource::picture), std::nullopt) << name;
     EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", ui::Resource::other), std::nullopt);
