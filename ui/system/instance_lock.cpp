@@ -11,12 +11,11 @@ namespace {
 QString nameOf(const std::filesystem::path& folder) {
     std::error_code error;
     const auto real = std::filesystem::canonical(folder, error);
-    const auto name = QString::fromStdU16String((error ? folder : real).u16string());
+    auto name = QString::fromStdU16String((error ? folder : real).u16string());
 #ifdef _WIN32
-    return name.toCaseFolded();
-#else
-    return name;
+    name = name.toCaseFolded();
 #endif
+    return name;
 }
 
 QString lockName(const std::filesystem::path& programFolder) {
