@@ -22,7 +22,7 @@ MappedFile::MappedFile(const std::filesystem::path& path) {
     if (size == 0)
         return; // an empty file cannot be mapped
     try {
-        ipc::file_mapping file(path.string().c_str(), ipc::read_only);
+        ipc::file_mapping file(path.c_str(), ipc::read_only);
         ipc::mapped_region region(file, ipc::read_only);
         region.advise(ipc::mapped_region::advice_random);
         m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};

@@ -46,7 +46,7 @@ CodeStore::CodeStore(const std::filesystem::path& catalogFolder) : m_store(std::
     std::filesystem::remove(path);
     check(mdb_env_create(&m_store->environment));
     check(mdb_env_set_mapsize(m_store->environment, mapSize));
-    check(mdb_env_open(m_store->environment, path.c_str(), MDB_NOSUBDIR | MDB_NOSYNC, 0600));
+    check(mdb_env_open(m_store->environment, path.string().c_str(), MDB_NOSUBDIR | MDB_NOSYNC, 0600));
     check(mdb_txn_begin(m_store->environment, nullptr, 0, &m_store->transaction));
     check(mdb_dbi_open(m_store->transaction, nullptr, 0, &m_store->table));
     fill(m_store->transaction, m_store->table, catalogFolder / catalog::indexFile);

@@ -150,7 +150,7 @@ void bareLoadOfTheSameFile(benchmark::State& state) {
     view.show();
     QEventLoop loop;
     QObject::connect(&view, &QWebEngineView::loadFinished, &loop, &QEventLoop::quit);
-    const auto address = QUrl::fromLocalFile(QString::fromStdString(scratch.path().string()));
+    const auto address = QUrl::fromLocalFile(QString::fromStdU16String(scratch.path().u16string()));
     int turns = 0;
     const auto turn = [&] {
         view.load(address);

@@ -90,22 +90,30 @@ void appendQuotedPrintable(std::string& out, std::string_view text) {
     }
 }
 
+std::string recipientAndSubject(const platform::Mail& mail) {
+    return "To: " + mail.to + "\n" + subjectLine(mail.subject);
+}
+
+std::string contents(const platform::Mail& mail) {
+    const auto utf8 = base::shownAsUtf8(mail.body);
+    const bool fitsCodePage = base::toUtf8(mail.body) == utf8;
+    std::string text = "MIME-Version: 1.0\nContent-Type: text/";
+    text.append(mail.isHtml ? "html" : "plain");
+    text.append("; charset=").append(fitsCodePage ? "windows-1252" : "utf-8");
+    text.append("\nContent-Transfer-Encoding: quoted-printable\n\n");
+    appendQuotedPrintable(text, fitsCodePage ? std::string_view(mail.body) : utf8);
+    return text;
+}
+
 }
 
 std::string mailMessage(const platform::Mail& mail, const MailStamp& stamp) {
-    const auto utf8 = base::shownAsUtf8(mail.body);
-    const bool fitsCodePage = base::toUtf8(mail.body) == utf8;
-    std::string message;
-    message.append("From: ").append(stamp.from).append("\n");
-    message.append("To: ").append(mail.to).append("\n");
-    message.append(subjectLine(mail.subject));
-    message.append("Date: ").append(stamp.date).append("\n");
-    message.append("Message-ID: <").append(stamp.messageId).append(">\n");
-    message.append("MIME-Version: 1.0\nContent-Type: text/").append(mail.isHtml ? "html" : "plain");
-    message.append("; charset=").append(fitsCodePage ? "windows-1252" : "utf-8");
-    message.append("\nContent-Transfer-Encoding: quoted-printable\n\n");
-    appendQuotedPrintable(message, fitsCodePage ? std::string_view(mail.body) : utf8);
-    return message;
+    return "From: " + stamp.from + "\n" + recipientAndSubject(mail) + "Date: " + stamp.date +
+           "\nMessage-ID: <" + stamp.messageId + ">\n" + contents(mail);
+}
+
+std::string draftMessage(const platform::Mail& mail) {
+    return base::replaceAll("X-Unsent: 1\n" + recipientAndSubject(mail) + contents(mail), "\n", "\r\n");
 }
 
 }

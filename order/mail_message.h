@@ -17,4 +17,8 @@ struct MailStamp {
 /// the code page's encoding unless it holds characters that the code page lacks.
 [[nodiscard]] std::string mailMessage(const platform::Mail& mail, const MailStamp& stamp);
 
+/// The message as the file of a draft (".eml"), which mail programs open for the user to send; they know
+/// sender and date. Lines end in CR LF.
+[[nodiscard]] std::string draftMessage(const platform::Mail& mail);
+
 }

@@ -75,7 +75,7 @@ int main(int argc, char* argv[]) {
     prepareProgramFolder(folder / "program");
     fs::remove_all(folder / "config");
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
-                       QString::fromStdString((folder / "config").string()));
+                       QString::fromStdU16String((folder / "config").u16string()));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(ui::qt::programIcon());
 

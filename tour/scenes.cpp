@@ -69,10 +69,10 @@ void photograph(Script& script, const fs::path& folder, const std::string& name)
                 script.complain(QString::fromStdString(name) + ": " + fault);
             const auto picture = pictureOf(*windowInFront());
             const auto file = folder / (name + ".png");
-            if (picture.save(QString::fromStdString(file.string())))
-                std::printf("%s\n", file.c_str());
+            if (picture.save(QString::fromStdU16String(file.u16string())))
+                std::printf("%s\n", file.string().c_str());
             else
-                std::fprintf(stderr, "can not write %s\n", file.c_str());
+                std::fprintf(stderr, "can not write %s\n", file.string().c_str());
         });
 }
 

@@ -37,11 +37,16 @@ std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const fs::path
     return std::nullopt;
 }
 
+// Windows takes "User.ini." and "User.ini::$DATA" for "User.ini". No file of a catalogue has such a name.
+bool mayNameAnotherFile(std::string_view name) {
+    return name.find(':') != std::string_view::npos || name.ends_with('.') || name.ends_with(' ');
+}
+
 // Goes down from the folder one name at a time, in whatever letter case the names are stored.
 std::optional<fs::path> descend(const fs::path& folder, const fs::path& relative) {
     auto at = folder;
     for (const auto& name : relative) {
-        const auto next = entryIgnoringCase(at, name);
+        const auto next = mayNameAnotherFile(base::textOf(name)) ? std::nullopt : entryIgnoringCase(at, name);
         if (!next)
             return std::nullopt;
         at = *next;

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <filesystem>
 
 namespace {
 
@@ -88,7 +89,7 @@ private:
 
 publish::Group readContents(const QDir& source) {
     const auto read = [&](const char* name) {
-        return base::readFile(source.filePath(name).toStdString()).value_or("");
+        return base::readFile(std::filesystem::path(source.filePath(name).toStdU16String())).value_or("");
     };
     publish::Complaints complaints; // told by tavorine-publish, which reads the same files
     return publish::readProducts(read(publish::productsSource), read(publish::groupsSource), complaints);

@@ -139,7 +139,7 @@ TEST_F(DataFiles, LongDescriptionsStayInsideTheirFile) {
 
     for (const auto& c : cases)
         EXPECT_EQ(memos.text(c.position, c.length), c.text) << c.position << ", " << c.length;
-    EXPECT_EQ(catalog::MemoFile(written("PrdMem.Dat", "")).text(1, 1), "");
+    EXPECT_EQ(catalog::MemoFile(written("Empty.Dat", "")).text(1, 1), "");
 }
 
 TEST_F(DataFiles, OfSeveralMissingFilesTheFirstOpenedIsNamed) {

@@ -4,6 +4,8 @@
 #include "order/order_grids.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_message_box.h"
+#include "tests/support/file_system.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/test_folder.h"
 #include "ui/system/disk_file.h"
@@ -13,18 +15,13 @@
 #include <fstream>
 #include <limits>
 
-#if __has_include(<sys/resource.h>)
-#include <csignal>
-#include <sys/resource.h>
-#endif
-
 namespace {
 namespace fs = std::filesystem;
 using order::TaxStatus;
 
 class Basket : public testing::Test {
 protected:
-    fs::path writeProducts(std::vector<support::Product> values) {
+    static fs::path writeProducts(const fs::path& folder, std::vector<support::Product> values) {
         support::CatalogBuilder builder;
         builder.products = std::move(values);
         builder.writeTo(folder);
@@ -38,10 +35,10 @@ protected:
     fs::path folder = support::testFolder();
     support::Journal journal;
     support::FakeMessageBox messages{journal};
-    catalog::ProductTable products{writeProducts({{.price = 10, .taxRate = 20},
-                                                  {.price = 10, .taxRate = 12.5F},
-                                                  {.price = 3e38F, .taxRate = 0},
-                                                  {.price = -1, .taxRate = 0}})};
+    catalog::ProductTable products{writeProducts(folder, {{.price = 10, .taxRate = 20},
+                                                          {.price = 10, .taxRate = 12.5F},
+                                                          {.price = 3e38F, .taxRate = 0},
+                                                          {.price = -1, .taxRate = 0}})};
     ui::system::DiskFile disk;
     order::BasketFile file{folder, disk, messages};
     order::Basket basket{products, true, file};
@@ -120,9 +117,10 @@ TEST_F(Basket, TakesNothingForRecordsOutsideTheList) {
 
 TEST_F(Basket, PricesThatAreNotNumbersCountAsNothing) {
     const auto infinity = std::numeric_limits<float>::infinity();
-    const auto path = writeProducts({{.price = infinity, .taxRate = 10},
-                                     {.price = std::numeric_limits<float>::quiet_NaN(), .taxRate = 10},
-                                     {.price = 4, .taxRate = -infinity}});
+    const auto path =
+        writeProducts(folder / "strange", {{.price = infinity, .taxRate = 10},
+                                           {.price = std::numeric_limits<float>::quiet_NaN(), .taxRate = 10},
+                                           {.price = 4, .taxRate = -infinity}});
     const catalog::ProductTable damaged(path);
     order::Basket strange(damaged, true, file);
     for (const std::int32_t record : {1, 2, 3})
@@ -165,6 +163,8 @@ TEST_F(Basket, GoesOnInMemoryWithoutAFileAndSaysSoOnce) {
     const support::ReadOnlyFolder readOnlyFolder(readOnly);
     const support::OrdinaryUser user;
     for (const auto& path : {folder / "missing", readOnly, inTheWay}) {
+        if (path == readOnly && !support::foldersCanBeReadOnly)
+            continue;
         ui::system::DiskFile unwritableDisk;
         order::BasketFile unwritable(path, unwritableDisk, messages);
         order::Basket unsaved(products, true, unwritable);
@@ -174,15 +174,13 @@ TEST_F(Basket, GoesOnInMemoryWithoutAFileAndSaysSoOnce) {
     }
 }
 
-#if __has_include(<sys/resource.h>)
+#ifndef _WIN32
 TEST_F(Basket, GoesOnInMemoryWhenTheDiskIsFull) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit full{17, RLIM_INFINITY};
-    setrlimit(RLIMIT_FSIZE, &full);
-    orderInMemory(basket);
-    basket.update(2, 1);
-    const rlimit free{RLIM_INFINITY, RLIM_INFINITY};
-    setrlimit(RLIMIT_FSIZE, &free);
+    {
+        const support::FullDisk full(17);
+        orderInMemory(basket);
+        basket.update(2, 1);
+    }
     EXPECT_EQ(journal.take(),
               std::vector{"exclamation [Order] " + (folder / "Basket.dat").string() +
                           " can not be written.\nYou can go on ordering: your order is kept until you leave "

@@ -6,8 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace {
 
 using order::OutputKind;
@@ -192,21 +190,6 @@ TEST_F(OrderDocument, TheTemplateFollowsTheCataloguesAndTheOrdersTax) {
     EXPECT_FALSE(writer().readTemplate(OutputKind::print, TaxStatus::exempt));
     std::filesystem::create_directory(folder / "EmlOrd.ect");
     EXPECT_FALSE(writer().readTemplate(OutputKind::email, TaxStatus::taxed));
-}
-
-TEST_F(OrderDocument, TwiceTheLinesTakeTwiceTheTime) {
-    const auto time = [this](int rows) {
-        fillRows(rows);
-        auto best = std::chrono::steady_clock::duration::max();
-        for (int i = 0; i < 5; ++i) {
-            const auto start = std::chrono::steady_clock::now();
-            static_cast<void>(page(printTemplate));
-            best = std::min(best, std::chrono::steady_clock::now() - start);
-        }
-        return best;
-    };
-    const auto once = time(10'000);
-    EXPECT_LT(time(20'000), 3 * once) << "2.2 where nothing else runs; see bench/order_document.cpp";
 }
 
 }

@@ -1,42 +1,15 @@
 #include "base/code_page.h"
-#include "base/files.h"
 #include "base/text.h"
 #include "order/mail_message.h"
 #include "order/order_mail.h"
-#include "tests/support/test_folder.h"
+#include "tests/support/read_mail.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A message as another program reads it.
-struct ReadMail {
-    std::string headers, from, to, subject, date, messageId, type, charset, defects, body;
-};
-
-ReadMail read(const std::string& message) {
-    const auto folder = support::testFolder();
-    base::replaceFile(folder / "mail", message);
-    const auto script = fs::path(TAVORINE_TEST_DATA) / "read_mail.py";
-    const auto command = "python3 '" + script.string() + "' < '" + (folder / "mail").string() + "' > '" +
-                         (folder / "read").string() + "'";
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    const auto text = base::readFile(folder / "read").value();
-    std::vector<std::string> parts;
-    std::size_t at = 0;
-    for (int i = 0; i < 9; ++i) {
-        const auto end = text.find("\n--\n", at);
-        parts.push_back(text.substr(at, end - at));
-        at = end + 4;
-    }
-    return {parts[0], parts[1], parts[2], parts[3], parts[4],
-            parts[5], parts[6], parts[7], parts[8], text.substr(at)};
-}
+using support::readMail;
 
 std::string messageOf(const platform::Mail& mail) {
     return order::mailMessage(mail, {"jo@ashby.example", "01 Apr 2025 10:20:30 +0200", "1.2@ashby.example"});
@@ -93,7 +66,7 @@ TEST(OrderMail, OnlyTheAddressOfOneMailboxIsAnAddress) {
 }
 
 TEST(OrderMail, IsReadByOthersAsItWasMeant) {
-    const auto mail = read(messageOf(mailOf("A-7", "2 x H1\r\n1 x S1\n\nTotal: 22.50\n")));
+    const auto mail = readMail(messageOf(mailOf("A-7", "2 x H1\r\n1 x S1\n\nTotal: 22.50\n")));
     EXPECT_EQ(mail.headers,
               "From,To,Subject,Date,Message-ID,MIME-Version,Content-Type,Content-Transfer-Encoding");
     EXPECT_EQ(mail.from, "jo@ashby.example");
@@ -105,7 +78,7 @@ TEST(OrderMail, IsReadByOthersAsItWasMeant) {
     EXPECT_EQ(mail.charset, "windows-1252");
     EXPECT_EQ(mail.defects, "0");
     EXPECT_EQ(mail.body, "2 x H1\n1 x S1\n\nTotal: 22.50\n");
-    EXPECT_EQ(read(messageOf(mailOf("1", "<html></html>\n", true))).type, "text/html");
+    EXPECT_EQ(readMail(messageOf(mailOf("1", "<html></html>\n", true))).type, "text/html");
 }
 
 TEST(OrderMail, SubjectsArriveWholeWhateverTheyHold) {
@@ -120,7 +93,7 @@ TEST(OrderMail, SubjectsArriveWholeWhateverTheyHold) {
         "one two three four five six seven eight nine ten eleven twelve thirteen fourteen"};
     for (const auto& orderNumber : orderNumbers) {
         const auto message = messageOf(mailOf(orderNumber, "x"));
-        const auto mail = read(message);
+        const auto mail = readMail(message);
         EXPECT_EQ(mail.subject, "Tavorine Order Number: " + base::shownAsUtf8(orderNumber)) << orderNumber;
         EXPECT_EQ(mail.defects, "0") << orderNumber;
         EXPECT_LE(longestLineOf(message).size(), 76U) << orderNumber;
@@ -130,7 +103,7 @@ TEST(OrderMail, SubjectsArriveWholeWhateverTheyHold) {
 TEST(OrderMail, AnOrderNumberAddsNeitherHeadersNorRecipients) {
     for (const auto* orderNumber :
          {"7\r\nBcc: x@evil.example", "7\nTo: x@evil.example", "7\r\n\r\nbody", "7\rBcc: x"}) {
-        const auto mail = read(messageOf(mailOf(orderNumber, "x")));
+        const auto mail = readMail(messageOf(mailOf(orderNumber, "x")));
         EXPECT_EQ(mail.headers,
                   "From,To,Subject,Date,Message-ID,MIME-Version,Content-Type,Content-Transfer-Encoding");
         EXPECT_EQ(mail.to, "orders@smith.example");
@@ -157,7 +130,7 @@ TEST(OrderMail, BodiesArriveWholeInTheCodePageOrInUnicode) {
 
     for (const auto& c : cases) {
         const auto message = messageOf(mailOf("1", c.body));
-        const auto mail = read(message);
+        const auto mail = readMail(message);
         EXPECT_TRUE(mail.body == base::shownAsUtf8(c.body)) << c.body.substr(0, 60);
         EXPECT_EQ(mail.charset, c.charset) << c.body.substr(0, 60);
         EXPECT_LE(longestLineOf(message).size(), 76U);

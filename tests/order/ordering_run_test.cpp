@@ -114,7 +114,8 @@ private:
     [[nodiscard]] std::set<int> enabled() const {
         std::set<int> positions;
         for (const auto& button : ui::toolbarButtons)
-            if (button.command != ui::Command::exit && m_toolbar.enabled(button.command))
+            if (button.command != ui::Command::exit && button.command != ui::Command::help &&
+                m_toolbar.enabled(button.command))
                 positions.insert(static_cast<int>(button.command));
         return positions;
     }

@@ -21,7 +21,8 @@ TEST(SampleTemplates, GiveOrdersInWhichNothingIsLeftToFill) {
         sample.contents.details.attention.clear();
         const auto text = base::readFile(entry.path()).value();
         const auto document = isPage ? sample.page(text) : sample.mailText(text);
-        EXPECT_THAT(document, testing::Not(testing::ContainsRegex("[{}]|</?R1>|</?PH>"))) << entry.path();
+        for (const auto* left : {"{", "}", "R1>", "PH>"})
+            EXPECT_EQ(document.find(left), std::string::npos) << entry.path();
         EXPECT_THAT(document, testing::HasSubstr("A-7")) << entry.path();
         EXPECT_THAT(document, testing::HasSubstr("60")) << entry.path();
         EXPECT_EQ(document.find("page-break-before") != std::string::npos, isPage) << entry.path();

@@ -1,5 +1,6 @@
 #include "base/files.h"
 #include "publish/source_folder.h"
+#include "tests/support/file_system.h"
 #include "tests/support/test_folder.h"
 
 #include <gmock/gmock.h>
@@ -96,6 +97,8 @@ TEST_F(SourceFolder, ComplaintsNameFileAndLine) {
     };
 
     for (const auto& c : cases) {
+        if (std::string_view(c.file) == "catalog.ect" && !support::letterCaseCounts())
+            continue;
         const auto before = base::readFile(folder / c.file);
         write(c.file, c.content);
         EXPECT_THAT(complaints(), Contains(HasSubstr(c.complaint))) << c.content;

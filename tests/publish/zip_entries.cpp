@@ -6,7 +6,8 @@ namespace support {
 
 std::map<std::string, std::string> zipEntries(const std::filesystem::path& path) {
     std::map<std::string, std::string> entries;
-    zip_t* zip = zip_open(path.string().c_str(), ZIP_RDONLY, nullptr);
+    const auto name = path.u8string();
+    zip_t* zip = zip_open(reinterpret_cast<const char*>(name.c_str()), ZIP_RDONLY, nullptr);
     for (zip_int64_t i = 0; zip != nullptr && i < zip_get_num_entries(zip, 0); ++i) {
         const auto index = static_cast<zip_uint64_t>(i);
         zip_stat_t stat;

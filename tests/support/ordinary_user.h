@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#if __has_include(<unistd.h>)
+#ifndef _WIN32
 #include <unistd.h>
 #endif
 
@@ -46,7 +46,7 @@ private:
     static constexpr unsigned nobody = 65534;
 
     static void become(unsigned user) {
-#if __has_include(<unistd.h>)
+#ifndef _WIN32
         if (getuid() == 0 && seteuid(user) != 0)
             throw std::filesystem::filesystem_error("seteuid",
                                                     std::error_code(errno, std::generic_category()));

@@ -29,7 +29,8 @@ ZipBuilder& ZipBuilder::addStored(std::string name, std::string contents) {
 
 void ZipBuilder::writeTo(const std::filesystem::path& path) const {
     constexpr zip_uint32_t linkMode = 0120777U << 16U;
-    auto* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    const auto name = path.u8string();
+    auto* archive = zip_open(reinterpret_cast<const char*>(name.c_str()), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
     for (const auto& entry : m_entries) {
         auto* source = zip_source_buffer(archive, entry.contents.data(), entry.contents.size(), 0);
         const bool isFolder = entry.name.ends_with('/');

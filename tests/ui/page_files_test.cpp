@@ -1,3 +1,4 @@
+#include "tests/support/file_system.h"
 #include "tests/support/test_folder.h"
 #include "ui/page_files.h"
 
@@ -19,9 +20,10 @@ protected:
             fs::create_directories(root / folder);
         for (const char* name :
              {"prog/ACME/Bolt.JPG", "prog/ACME/Pics/Nut.jpg", "prog/ACME/User.ini", "prog/ACME/PrdPrm.DAT",
-              "prog/ACME/Banner.Ect", "prog/x.zip", "secret/key.jpg"})
+              "prog/ACME/Banner.Ect", "prog/x.zip", "prog/ACME/Odd.jpg.", "secret/key.jpg"})
             std::ofstream(root / name) << "x";
-        fs::create_symlink(root / "secret", root / "prog/ACME/out");
+        if (support::hasSymbolicLinks())
+            fs::create_symlink(root / "secret", root / "prog/ACME/out");
         return root;
     }
 
@@ -30,6 +32,8 @@ protected:
 };
 
 TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
+    if (!support::letterCaseCounts())
+        GTEST_SKIP() << "this file system matches names by itself";
     const auto find = [&](const char* name) { return files.find(root / name, ui::Resource::picture); };
     EXPECT_EQ(find("prog/ACME/Bolt.JPG"), root / "prog/ACME/Bolt.JPG");
     EXPECT_EQ(find("prog/acme/BOLT.jpg"), root / "prog/ACME/Bolt.JPG");
@@ -40,13 +44,16 @@ TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
 
 TEST_F(PageFilesTest, KeepsPagesInsideTheFoldersAndAwayFromData) {
     for (const char* name :
-         {"secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
+         {"prog/ACME/User.ini.", "prog/ACME/User.ini ", "prog/ACME/User.ini::$DATA", "prog/ACME/Odd.jpg.",
+          "secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
           "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
         EXPECT_EQ(files.find(root / name, ui::Resource::picture), std::nullopt) << name;
     EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", ui::Resource::other), std::nullopt);
     EXPECT_TRUE(files.contains(root / "prog/ACME/Tmp.htm"));
     EXPECT_FALSE(files.contains(root / "prog2/Tmp.htm"));
-    EXPECT_FALSE(files.contains(root / "prog/ACME/out/Tmp.htm"));
+    if (support::hasSymbolicLinks()) {
+        EXPECT_FALSE(files.contains(root / "prog/ACME/out/Tmp.htm"));
+    }
 }
 
 }

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QtGlobal>
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
 #include <unistd.h>
 #endif
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#if __has_include(<unistd.h>)
+#ifndef _WIN32
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -13,7 +13,7 @@ DiskFile::~DiskFile() {
     DiskFile::close();
 }
 
-#if __has_include(<unistd.h>)
+#ifndef _WIN32
 
 bool DiskFile::create(const std::filesystem::path& path) {
     constexpr ::mode_t everybody = 0666; // as far as the user's mask lets

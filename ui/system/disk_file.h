@@ -2,7 +2,7 @@
 
 #include "platform/positioned_file.h"
 
-#if !__has_include(<unistd.h>)
+#ifdef _WIN32
 #include <fstream>
 #endif
 
@@ -22,7 +22,7 @@ public:
     void close() override;
 
 private:
-#if __has_include(<unistd.h>)
+#ifndef _WIN32
     int m_file = -1;
 #else
     std::filebuf m_file;

@@ -1,11 +1,14 @@
 #include "ui/system/draft_mailer.h"
 
 #include "base/code_page.h"
-#include "base/text.h"
+#include "order/mail_message.h"
+#include "ui/system/plain_text.h"
 #include "ui/system/waiting_process.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QUrl>
 
 #include <chrono>
@@ -19,15 +22,14 @@ QString shown(const std::string& text) {
 }
 
 // The command may stay for as long as the mail program runs; what fails, fails soon.
-bool openByCommand(const platform::Mail& mail) {
+bool openByCommand(const QString& name, const QStringList& arguments) {
     constexpr std::chrono::seconds longestFailure(5);
-    const auto command = QStandardPaths::findExecutable(QStringLiteral("xdg-email"));
+    const auto command = QStandardPaths::findExecutable(name);
     if (command.isEmpty())
         return false;
     auto process = std::make_unique<QProcess>();
     process->setProgram(command);
-    process->setArguments({QStringLiteral("--utf8"), QStringLiteral("--subject"), shown(mail.subject),
-                           QStringLiteral("--body"), shown(mail.body), shown(mail.to)});
+    process->setArguments(arguments);
     runFor(*process, {}, longestFailure);
     if (process->state() == QProcess::NotRunning)
         return exitCodeOf(*process) == 0;
@@ -37,17 +39,37 @@ bool openByCommand(const platform::Mail& mail) {
     return true;
 }
 
-QUrl mailtoUrl(const platform::Mail& mail) {
-    const auto encoded = [](const std::string& text) { return QUrl::toPercentEncoding(shown(text)); };
-    const auto body = base::replaceAll(base::replaceAll(mail.body, "\r\n", "\n"), "\n", "\r\n");
-    return QUrl::fromEncoded("mailto:" + QUrl::toPercentEncoding(shown(mail.to), "@") +
-                             "?subject=" + encoded(mail.subject) + "&body=" + encoded(body));
+QUrl mailtoUrl(const platform::Mail& mail, QString text) {
+    const auto encoded = [](const QString& part) { return QUrl::toPercentEncoding(part); };
+    return QUrl::fromEncoded("mailto:" + QUrl::toPercentEncoding(shown(mail.to), "@") + "?subject=" +
+                             encoded(shown(mail.subject)) + "&body=" + encoded(text.replace("\n", "\r\n")));
+}
+
+bool openAddress(const platform::Mail& mail, const QString& text, const QUrl& address) {
+    return openByCommand(QStringLiteral("xdg-email"),
+                         {QStringLiteral("--utf8"), QStringLiteral("--subject"), shown(mail.subject),
+                          QStringLiteral("--body"), text, shown(mail.to)}) ||
+           QDesktopServices::openUrl(address);
+}
+
+bool openFile(const platform::Mail& mail) {
+    QTemporaryFile file(QDir::temp().filePath(QStringLiteral("Order-XXXXXX.eml")));
+    const auto message = QByteArray::fromStdString(order::draftMessage(mail));
+    if (!file.open() || file.write(message) != message.size() || !file.flush())
+        return false;
+    file.close();
+    file.setAutoRemove(!openByCommand(QStringLiteral("xdg-open"), {file.fileName()}) &&
+                       !QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName())));
+    return !file.autoRemove();
 }
 
 }
 
 platform::Mailer::Outcome DraftMailer::send(const platform::Mail& mail) {
-    const bool opened = openByCommand(mail) || QDesktopServices::openUrl(mailtoUrl(mail));
+    const auto text = plainText(mail);
+    const auto address = mailtoUrl(mail, text);
+    const bool opened =
+        address.toEncoded().size() <= m_longestAddress ? openAddress(mail, text, address) : openFile(mail);
     return opened ? Outcome::draftOpened : Outcome::failed;
 }
 

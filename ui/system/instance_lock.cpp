@@ -7,12 +7,20 @@
 namespace ui::system {
 namespace {
 
-QString lockName(const std::filesystem::path& programFolder) {
+// The same for every way in which the folder can be written.
+QString nameOf(const std::filesystem::path& folder) {
     std::error_code error;
-    const auto real = std::filesystem::canonical(programFolder, error);
-    const auto path = QByteArray::fromStdString((error ? programFolder : real).string());
-    return "tavorine-" + QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16) +
-           ".lock";
+    const auto real = std::filesystem::canonical(folder, error);
+    auto name = QString::fromStdU16String((error ? folder : real).u16string());
+#ifdef _WIN32
+    name = name.toCaseFolded();
+#endif
+    return name;
+}
+
+QString lockName(const std::filesystem::path& programFolder) {
+    const auto hash = QCryptographicHash::hash(nameOf(programFolder).toUtf8(), QCryptographicHash::Sha256);
+    return "tavorine-" + hash.toHex().left(16) + ".lock";
 }
 
 }

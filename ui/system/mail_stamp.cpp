@@ -9,7 +9,7 @@
 
 #include <string>
 
-#if __has_include(<pwd.h>)
+#ifndef _WIN32
 #include <pwd.h>
 #include <unistd.h>
 #endif
@@ -18,7 +18,7 @@ namespace ui::system {
 namespace {
 
 std::string userName() {
-#if __has_include(<pwd.h>)
+#ifndef _WIN32
     if (const auto* user = getpwuid(geteuid()); user != nullptr)
         return user->pw_name;
 #endif

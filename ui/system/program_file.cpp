@@ -1,5 +1,7 @@
 #include "ui/system/program_file.h"
 
+#include "ui/system/file_attributes.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -11,7 +13,7 @@ std::filesystem::path RunningProgramFile::path() const {
 }
 
 bool RunningProgramFile::isReadOnly() const {
-    return !QFileInfo(path()).isWritable();
+    return isOnlyReadOnly(path());
 }
 
 std::filesystem::path ownFolder() {

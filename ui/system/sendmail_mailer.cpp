@@ -26,13 +26,14 @@ platform::Mailer::Outcome SendmailMailer::send(const platform::Mail& mail) {
     process.setProgram(m_command);
     // A line with a single dot does not end the message (-oi); its head names the recipients (-t).
     process.setArguments({QStringLiteral("-oi"), QStringLiteral("-t")});
-    runFor(process, QByteArray::fromStdString(order::mailMessage(mail, mailStamp())), m_timeLimit);
+    const auto message = QByteArray::fromStdString(order::mailMessage(mail, mailStamp()));
+    const bool tookAll = runFor(process, message, m_timeLimit);
     if (process.state() != QProcess::NotRunning) {
         process.kill();
         process.waitForFinished();
         return Outcome::failed;
     }
-    return exitCodeOf(process) == 0 ? Outcome::placed : Outcome::failed;
+    return tookAll && exitCodeOf(process) == 0 ? Outcome::placed : Outcome::failed;
 }
 
 }

@@ -15,7 +15,8 @@ namespace ui::system {
 findSendmail(const QStringList& otherFolders = {QStringLiteral("/usr/sbin"), QStringLiteral("/usr/lib")});
 
 /// Hands mail to the sendmail command, and so to the system's own queue. Recipients are taken from the
-/// message, never from a command line; the exit code 0 means that the mail is queued.
+/// message, never from a command line; the exit code 0 of a command that has taken the whole message means
+/// that the mail is queued.
 class SendmailMailer final : public platform::Mailer {
 public:
     explicit SendmailMailer(QString command, std::chrono::milliseconds timeLimit = std::chrono::seconds(30));

@@ -5,7 +5,7 @@
 
 namespace ui::system {
 
-void runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit) {
+bool runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit) {
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
     QEventLoop loop;
@@ -13,6 +13,8 @@ void runFor(QProcess& process, const QByteArray& input, std::chrono::millisecond
         if (state == QProcess::NotRunning)
             loop.quit();
     });
+    qsizetype taken = 0;
+    QObject::connect(&process, &QProcess::bytesWritten, &loop, [&taken](qint64 count) { taken += count; });
     QTimer timer;
     timer.setSingleShot(true);
     QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
@@ -22,6 +24,7 @@ void runFor(QProcess& process, const QByteArray& input, std::chrono::millisecond
     process.closeWriteChannel();
     if (process.state() != QProcess::NotRunning)
         loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return taken == input.size();
 }
 
 std::optional<int> exitCodeOf(const QProcess& process) {

@@ -10,8 +10,8 @@ namespace ui::system {
 
 /// Starts the process, which has its program and arguments, gives it the input and waits in an event loop,
 /// so that windows stay alive, until it has ended or the time is over; then it may still run. What the user
-/// does meanwhile takes effect afterwards.
-void runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit);
+/// does meanwhile takes effect afterwards. False when the process has not taken all of the input.
+bool runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit);
 
 /// Nothing for a process that still runs, was killed or could not be started.
 [[nodiscard]] std::optional<int> exitCodeOf(const QProcess& process);

@@ -1,3 +1,4 @@
+#include "base/files.h"
 #include "tests/ui/qt/order_program.h"
 #include "ui/qt/details_form.h"
 
@@ -10,6 +11,26 @@ namespace {
 using namespace tour;
 
 using OrderTest = OrderProgram;
+
+/// A sendmail command that is found before any other while this lives.
+class StandInSendmail {
+public:
+    StandInSendmail(const std::filesystem::path& bin, const std::string& commands) {
+        namespace fs = std::filesystem;
+        fs::create_directories(bin);
+        base::replaceFile(bin / "sendmail", "#!/bin/sh\n" + commands + "\n");
+        fs::permissions(bin / "sendmail", fs::perms::owner_all);
+        qputenv("PATH", QByteArray::fromStdString(bin.string()) + ":" + m_path);
+    }
+
+    ~StandInSendmail() { qputenv("PATH", m_path); }
+
+    StandInSendmail(const StandInSendmail&) = delete;
+    StandInSendmail& operator=(const StandInSendmail&) = delete;
+
+private:
+    QByteArray m_path = qgetenv("PATH");
+};
 
 TEST_F(OrderTest, IsTakenByKeysInBothViews) {
     start();
@@ -159,14 +180,9 @@ TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
 }
 
 TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
-    namespace fs = std::filesystem;
     deliver("ACME", catalog,
             {{"EmlOrd.ect", "Order of {ORGNAME}\n<R1>{QTY} x {CODE}\n</R1>Total {TOTINC}\n{COMMENT}\n"}});
-    fs::create_directories(folder / "bin");
-    writeFile("bin/sendmail", "#!/bin/sh\ncat > '" + (folder / "mail.txt").string() + "'\n");
-    fs::permissions(folder / "bin/sendmail", fs::perms::owner_all);
-    const auto path = qgetenv("PATH");
-    qputenv("PATH", QByteArray::fromStdString((folder / "bin").string()) + ":" + path);
+    const StandInSendmail sendmail(folder / "bin", "cat > '" + (folder / "mail.txt").string() + "'");
     then("the product grid", [] {
         enter(products(), 2, "2");
         press("CheckOut");
@@ -188,9 +204,7 @@ TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
     script.when(
         "the mail", [this] { return exists("mail.txt") && !QApplication::activeModalWidget(); },
         [] { visibleWidget("Form1")->close(); });
-    const bool played = play();
-    qputenv("PATH", path);
-    ASSERT_TRUE(played);
+    ASSERT_TRUE(play());
     EXPECT_THAT(boxTexts, testing::ElementsAre("You must enter a Business Name to complete the order",
                                                "You must enter a Phone Number to complete the order",
                                                "Your email order is being placed in your Outbox"));
@@ -198,6 +212,42 @@ TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
     EXPECT_THAT(mail, testing::HasSubstr("To: o@example.com\n"));
     EXPECT_THAT(mail, testing::HasSubstr("Subject: Tavorine Order Number: A-7\n"));
     EXPECT_THAT(mail, testing::HasSubstr("Order of Marlowe\n2.0 x B1\nTotal 22.50\nRing\ntwice\n"));
+}
+
+TEST_F(OrderTest, ThatCanNotBeMailedStaysAsItWas) {
+    deliver("ACME", catalog, {{"EmlOrd.ect", "<R1>{QTY} x {CODE}\n</R1>"}});
+    const StandInSendmail sendmail(folder / "bin", "cat > /dev/null\nexit 75");
+    const auto state = [this] {
+        return text("lbTotOrd").toStdString() + "|" + cell(order(), 0, 0).toStdString() + "|" +
+               box("txOrgName")->text().toStdString() + "|" + box("txPhone")->text().toStdString() + "|" +
+               box("txOrdNo")->text().toStdString() + "|" + enabledButtons().toStdString() + "|" +
+               readFile("ACME/Basket.dat");
+    };
+    std::string before;
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        press("CheckOut");
+    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [&] {
+            box("txOrgName")->setText("Marlowe");
+            box("txPhone")->setText("01632 960 118");
+            box("txOrdNo")->setText("A-7");
+            before = state();
+            press("Email");
+        });
+    answer("Place email order in Outbox", QMessageBox::Ok);
+    answer("Email Connection error", QMessageBox::Ok);
+    script.when(
+        "the order view again", [] { return order() && !QApplication::activeModalWidget(); },
+        [&] {
+            EXPECT_EQ(state(), before);
+            EXPECT_THAT(before, testing::StartsWith("22.50|2|Marlowe|01632 960 118|A-7|"));
+            visibleWidget("Form1")->close();
+        });
+    ASSERT_TRUE(play());
+    EXPECT_EQ(boxTexts.back(), "Unable to email order");
 }
 
 TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {

@@ -1,6 +1,9 @@
+#include "base/code_page.h"
 #include "base/files.h"
-#include "tests/support/test_folder.h"
+#include "tests/support/read_mail.h"
+#include "tests/support/stand_in_commands.h"
 #include "ui/system/draft_mailer.h"
+#include "ui/system/mapi_mailer.h"
 #include "ui/system/sendmail_mailer.h"
 #include "ui/system/system_mailer.h"
 
@@ -12,40 +15,36 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace {
 
 namespace fs = std::filesystem;
 using Outcome = platform::Mailer::Outcome;
 using namespace std::chrono_literals;
 
-/// Stand-ins for the system's commands, the only ones in PATH besides the shell's own folder, which holds
-/// no mail program in tests.
 class Mailers : public testing::Test {
 protected:
-    Mailers() { qputenv("PATH", QByteArray::fromStdString(commands.string())); }
-
-    ~Mailers() override { qputenv("PATH", path); }
-
     QString install(const std::string& name, const std::string& script) const {
-        const auto file = commands / name;
-        base::replaceFile(file, "#!/bin/sh\nPATH=/usr/bin:/bin\n" + script + "\n");
-        fs::permissions(file, fs::perms::owner_exec, fs::perm_options::add);
-        return QString::fromStdString(file.string());
+        return commands.install(name, script);
     }
 
-    // A script that writes down its arguments and its input.
     QString installRecorder(const std::string& name, const std::string& afterwards = {}) const {
-        const auto place = "'" + commands.string();
-        return install(name, "printf '[%s]' \"$@\" > " + place + "/arguments'\ncat > " + place + "/input'\n" +
-                                 afterwards);
+        return commands.installRecorder(name, afterwards);
     }
 
-    [[nodiscard]] std::string recorded(const char* what) const {
-        return base::readFile(commands / what).value_or("nothing");
+    [[nodiscard]] std::string recorded(const char* what) const { return commands.recorded(what); }
+
+    // A command that writes its number down first, so that a test can see that nothing of it is left.
+    [[nodiscard]] QString installNumbered(const std::string& script) const {
+        return install("sendmail", "echo $$ > '" + commands.folder.string() + "/process'\n" + script);
     }
 
-    QByteArray path = qgetenv("PATH");
-    fs::path commands = support::testFolder();
+    [[nodiscard]] bool processIsLeft() const { // a dead one too, until its end has been taken note of
+        return fs::exists("/proc/" + std::string(QByteArray::fromStdString(recorded("process")).trimmed()));
+    }
+
+    const support::StandInCommands commands;
     platform::Mail mail{"orders@smith.example", "Tavorine Order Number: M\xFCller & &#960;",
                         ".\r\na=b \n&#960;\n", false};
 };
@@ -75,8 +74,7 @@ TEST_F(Mailers, OnlyTheExitCodeNoughtMeansThatTheMailIsQueued) {
 
 TEST_F(Mailers, ACommandThatHangsIsEndedWhileTheWindowStaysAlive) {
     mail.body.assign(1'000'000, 'x'); // more than it takes without reading
-    ui::system::SendmailMailer mailer(
-        install("sendmail", "echo $$ > '" + commands.string() + "/process'\nexec sleep 60"), 300ms);
+    ui::system::SendmailMailer mailer(installNumbered("exec sleep 60"), 300ms);
     int ticks = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
@@ -86,8 +84,17 @@ TEST_F(Mailers, ACommandThatHangsIsEndedWhileTheWindowStaysAlive) {
     EXPECT_EQ(mailer.send(mail), Outcome::failed);
     EXPECT_LT(elapsed.elapsed(), 5000);
     EXPECT_GT(ticks, 3);
-    EXPECT_FALSE(
-        fs::exists("/proc/" + std::string(QByteArray::fromStdString(recorded("process")).trimmed())));
+    EXPECT_FALSE(processIsLeft());
+}
+
+TEST_F(Mailers, AMessageThatIsNotTakenWholeIsNotQueuedWhateverTheCommandSays) {
+    mail.body.assign(1'000'000, 'x');
+    for (const auto* script :
+         {"exec <&-\nexit 0", "exec <&-\nexit 75", "exec <&-\nsleep 0.2\nexit 0",
+          "head -c 1000 > /dev/null\nexit 0", "head -c 1000 > /dev/null\nkill -9 $$", "kill -SEGV $$"}) {
+        EXPECT_EQ(ui::system::SendmailMailer(installNumbered(script)).send(mail), Outcome::failed) << script;
+        EXPECT_FALSE(processIsLeft()) << script;
+    }
 }
 
 TEST_F(Mailers, ALargeMessageArrivesWhole) {
@@ -98,8 +105,8 @@ TEST_F(Mailers, ALargeMessageArrivesWhole) {
 
 TEST_F(Mailers, SendmailIsFoundInPathAndThenInTheFoldersOfTheSystem) {
     EXPECT_FALSE(ui::system::findSendmail({}));
-    const auto elsewhere = QString::fromStdString((commands / "sbin").string());
-    fs::create_directory(commands / "sbin");
+    const auto elsewhere = QString::fromStdString((commands.folder / "sbin").string());
+    fs::create_directory(commands.folder / "sbin");
     const auto second = install("sbin/sendmail", "");
     EXPECT_EQ(ui::system::findSendmail({"/no/such", elsewhere}), second);
     const auto first = install("sendmail", "");
@@ -126,12 +133,15 @@ public slots:
 };
 
 TEST_F(Mailers, WithoutSendmailTheOrderWaitsInTheMailProgram) {
-    ui::system::SystemMailer mailer([] { return ui::system::findSendmail({}); });
+    ui::system::SystemMailer mailer([]() -> std::unique_ptr<platform::Mailer> {
+        const auto command = ui::system::findSendmail({});
+        return command ? std::make_unique<ui::system::SendmailMailer>(*command) : nullptr;
+    });
     installRecorder("xdg-email");
     EXPECT_FALSE(mailer.placesInOutbox());
     EXPECT_EQ(mailer.send(mail), Outcome::draftOpened);
     EXPECT_EQ(recorded("arguments"),
-              "[--utf8][--subject][Tavorine Order Number: M\xC3\xBCller & \xCF\x80][--body][.\r\n"
+              "[--utf8][--subject][Tavorine Order Number: M\xC3\xBCller & \xCF\x80][--body][.\n"
               "a=b \n\xCF\x80\n][orders@smith.example]");
 
     installRecorder("sendmail");
@@ -151,6 +161,83 @@ TEST_F(Mailers, TheDesktopOpensTheDraftWhereTheCommandIsMissingOrFails) {
     install("xdg-email", "exit 3");
     EXPECT_EQ(ui::system::DraftMailer().send(mail), Outcome::draftOpened);
     EXPECT_NE(desktop.opened, "");
+}
+
+constexpr auto htmlOrder = "<html><head><style>td { color: red }</style><title>no</title></head><body>"
+                           "<h1>Order&nbsp;7</h1><p>Jo &amp; Co<br>Leeds &#960;</p><table><tr><td>"
+                           "<table><tr><th>Qty</th><th>Code</th><th>Item</th></tr>"
+                           "<tr><td>2</td><td>H1</td><td><b>Claw</b>\n hammer</td></tr>"
+                           "<tr><td colspan=2>Total</td><td>22.50</td></tr></table>"
+                           "</td></tr></table><img src=logo.png></body></html>";
+constexpr auto htmlOrderAsText = "Order 7\nJo & Co\nLeeds \xCF\x80\n\nQty\tCode\tItem\n2\tH1\tClaw hammer\n"
+                                 "Total\t22.50\n";
+
+TEST_F(Mailers, AnHtmlOrderIsTextInAnAddress) {
+    mail.body = htmlOrder;
+    mail.isHtml = true;
+    installRecorder("xdg-email");
+    EXPECT_EQ(ui::system::DraftMailer().send(mail), Outcome::draftOpened);
+    EXPECT_THAT(recorded("arguments"), testing::HasSubstr("[--body][" + std::string(htmlOrderAsText) + "]"));
+}
+
+TEST_F(Mailers, WhatIsTooLongForAnAddressIsADraftsFile) {
+    installRecorder("xdg-email");
+    install("xdg-open", "cp \"$1\" '" + commands.folder.string() + "/draft'\nrm \"$1\"");
+    ui::system::DraftMailer mailer(2000);
+    mail.body.assign(1800, 'x');
+    EXPECT_EQ(mailer.send(mail), Outcome::draftOpened);
+    EXPECT_EQ(recorded("draft"), "nothing");
+    fs::remove(commands.folder / "arguments");
+
+    mail.body = "<html>" + std::string(300'000, '\xE9');
+    mail.isHtml = true;
+    for (auto limit : {ui::system::DraftMailer(2000), ui::system::DraftMailer()}) {
+        EXPECT_EQ(limit.send(mail), Outcome::draftOpened);
+        EXPECT_EQ(recorded("arguments"), "nothing");
+        const auto draft = support::readMail(recorded("draft"));
+        EXPECT_EQ(draft.headers, "X-Unsent,To,Subject,MIME-Version,Content-Type,Content-Transfer-Encoding");
+        EXPECT_EQ(draft.to, "orders@smith.example");
+        EXPECT_EQ(draft.subject, "Tavorine Order Number: M\xC3\xBCller & \xCF\x80");
+        EXPECT_EQ(draft.type, "text/html");
+        EXPECT_EQ(draft.defects, "0");
+        EXPECT_TRUE(draft.body == base::toUtf8(mail.body) + "\r\n");
+        fs::remove(commands.folder / "draft");
+    }
+    install("xdg-open", "exit 3");
+    EXPECT_EQ(mailer.send(mail), Outcome::failed);
+}
+
+/// What the mail program that stands in was given; it takes its time.
+std::u16string mapiSubject;
+std::u16string mapiText;
+std::uint32_t mapiAnswer = 0;
+
+std::uint32_t sendSlowly(std::uintptr_t, std::uintptr_t, ui::system::mapi::Message<char16_t>* message,
+                         std::uint32_t, std::uint32_t) {
+    std::this_thread::sleep_for(200ms);
+    mapiSubject = message->subject;
+    mapiText = message->noteText;
+    return mapiAnswer;
+}
+
+TEST_F(Mailers, SimpleMapiGetsTextWhileTheWindowStaysAlive) {
+    ui::system::MapiMailer mailer({sendSlowly});
+    EXPECT_TRUE(mailer.placesInOutbox());
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+    timer.start(20ms);
+    mapiAnswer = 0;
+    EXPECT_EQ(mailer.send(mail), Outcome::placed);
+    EXPECT_GT(ticks, 3);
+    EXPECT_EQ(mapiSubject, u"Tavorine Order Number: M\u00FCller & \u03C0");
+    EXPECT_EQ(mapiText, u".\r\na=b \r\n\u03C0\r\n");
+
+    mail.body = htmlOrder;
+    mail.isHtml = true;
+    mapiAnswer = 3;
+    EXPECT_EQ(mailer.send(mail), Outcome::failed);
+    EXPECT_EQ(QString::fromStdU16String(mapiText).remove('\r').toStdString(), htmlOrderAsText);
 }
 
 TEST_F(Mailers, WithoutAnyMailProgramTheMailFails) {

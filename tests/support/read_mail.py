@@ -10,10 +10,11 @@ parts = [
     str(message["From"]),
     ",".join(address.addr_spec for address in message["To"].addresses),
     str(message["Subject"]),
-    message["Date"].datetime.isoformat(),
+    message["Date"].datetime.isoformat() if message["Date"] else "",
     str(message["Message-ID"]),
     message.get_content_type(),
     message.get_content_charset(),
+    str(message["X-RcptTo"]),
     str(len(message.defects) + sum(len(message[key].defects) for key in message.keys())),
     message.get_content(),
 ]
