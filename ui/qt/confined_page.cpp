@@ -88,7 +88,7 @@ bool ConfinedPage::acceptNavigationRequest(const QUrl& url, NavigationType type,
     if (type == NavigationTypeTyped && std::exchange(m_ownLoad, false))
         return true;
     if (type != NavigationTypeReload && type != NavigationTypeBackForward)
-        follow(url, type == NavigationTypeLinkClicked);
+        followOnceRefused(url, type == NavigationTypeLinkClicked);
     return false;
 }
 
@@ -109,6 +109,21 @@ void ConfinedPage::follow(const QUrl& url, bool clicked) {
         if (m_linkHandler)
             m_linkHandler(url, clicked);
     });
+}
+
+// A refused navigation begins and ends as a load too. What follows may begin another, and the end of the
+// first would be taken for its own.
+void ConfinedPage::followOnceRefused(const QUrl& url, bool clicked) {
+    constexpr int longestRefusalMs = 200;
+    auto* wait = new QTimer(this);
+    wait->setSingleShot(true);
+    connect(this, &QWebEnginePage::loadFinished, wait, [wait] { wait->start(0); });
+    connect(wait, &QTimer::timeout, this, [this, wait, url, clicked] {
+        wait->deleteLater();
+        if (m_linkHandler)
+            m_linkHandler(url, clicked);
+    });
+    wait->start(longestRefusalMs);
 }
 
 QWebEnginePage* ConfinedPage::createWindow(WebWindowType) {

@@ -43,6 +43,7 @@ protected:
 private:
     [[nodiscard]] bool mayLoadInFrame(const QUrl& url, NavigationType type);
     void follow(const QUrl& url, bool clicked);
+    void followOnceRefused(const QUrl& url, bool clicked);
 
     LinkHandler m_linkHandler;
     bool m_ownLoad = false;

@@ -10,7 +10,9 @@
 
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QPointer>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolBar>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -23,6 +25,8 @@ namespace {
 constexpr QSize designedSize{940, 680};
 constexpr QSize smallestSize{420, 300};
 constexpr int contentsWidth = 250;
+constexpr int mostScrollTries = 20;
+constexpr int scrollRetryMs = 50;
 
 constexpr auto forwardStroke = "M 4 12 L 20 12 M 14 6 L 20 12 L 14 18";
 constexpr auto homeStroke =
@@ -46,9 +50,10 @@ std::string coloured(std::string_view page, const QPalette& palette) {
 
 QString scrollScript(const HelpPlace& place) {
     if (place.top >= 0)
-        return "window.scrollTo(0, " + QString::number(place.top) + ")";
+        return "window.scrollTo(0, " + QString::number(place.top) + "); location.pathname";
     const auto anchor = QString::fromStdString(isPlain(place.anchor) ? place.anchor : std::string());
-    return "(document.getElementById('" + anchor + "') || document.documentElement).scrollIntoView()";
+    return "(document.getElementById('" + anchor +
+           "') || document.documentElement).scrollIntoView(); location.pathname";
 }
 
 }
@@ -226,9 +231,21 @@ void HelpWindow::leave() {
 }
 
 void HelpWindow::arrive() {
-    m_browser->view()->page()->runJavaScript(scrollScript(m_trail.current()),
-                                             QWebEngineScript::ApplicationWorld);
+    scrollToPlace(mostScrollTries);
     findMarked(false);
+}
+
+// A refused link's own end can be told as the page's, before that has replaced the one before; so the script
+// says in which page it has scrolled.
+void HelpWindow::scrollToPlace(int tries) {
+    const auto again = [self = QPointer(this), page = m_page, tries](const QVariant& scrolled) {
+        if (!self || self->m_page != page || tries == 0 ||
+            scrolled.toString().endsWith(QString::fromStdString("/" + page)))
+            return;
+        QTimer::singleShot(scrollRetryMs, self, [self, tries] { self->scrollToPlace(tries - 1); });
+    };
+    m_browser->view()->page()->runJavaScript(scrollScript(m_trail.current()),
+                                             QWebEngineScript::ApplicationWorld, again);
 }
 
 // Pages of the book are shown, whatever else lies on this computer is not.

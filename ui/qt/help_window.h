@@ -45,6 +45,7 @@ private:
     void moveTo(HelpTrail trail);
     void leave();
     void arrive();
+    void scrollToPlace(int tries);
     [[nodiscard]] std::string readPage(const std::string& page) const;
     void display(const std::string& page, const std::string& bytes);
     void showWhereWeAre();

@@ -146,6 +146,8 @@ TEST_F(HelpWindowTest, IsWalkedThroughByLinksListsAndKeys) {
     EXPECT_TRUE(isAt("First", "low"));
     press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(isAt("First"));
+    ASSERT_TRUE(
+        waitUntil([&] { return page().page()->scrollPosition().y() < 5; })); // the browser's late word
     clickInPage(page(), "#b");
     EXPECT_TRUE(isAt("Second", "deep"));
     auto* contents = control<QTreeWidget>("HelpContents");
@@ -171,7 +173,7 @@ TEST_F(HelpWindowTest, ComesBackToWhereThePageWasLeft) {
     ASSERT_TRUE(isAt("Second"));
     press(Qt::Key_Plus, Qt::ControlModifier);
     page().page()->runJavaScript("window.scrollTo(0, 1234)", 1);
-    ASSERT_TRUE(waitUntil([&] { return page().page()->scrollPosition().y() > 1000; }));
+    ASSERT_TRUE(waitUntil([&] { return page().page()->scrollPosition().y() > 1300; }));
     window->open("index.html");
     EXPECT_TRUE(isAt("Book"));
     press(Qt::Key_Left, Qt::AltModifier);
