@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QPainter>
+#include <QPdfDocument>
 #include <QTest>
 
 #include <fstream>
@@ -40,6 +42,20 @@ void press(const char* button) {
     QTest::mouseClick(visibleWidget(button), Qt::LeftButton);
 }
 
+void keepFirstPage(const fs::path& pdf, const fs::path& picture) {
+    constexpr double pixelsPerPoint = 1;
+    QPdfDocument document;
+    document.load(QString::fromStdString(pdf.string()));
+    const auto size = (document.pagePointSize(0) * pixelsPerPoint).toSize();
+    QImage page(size, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    painter.drawImage(0, 0, document.render(0, size));
+    painter.setPen(Qt::lightGray);
+    painter.drawRect(page.rect().adjusted(0, 0, -1, -1));
+    page.save(QString::fromStdString(picture.string()));
+}
+
 // Where the script of the mail command finds it first.
 void installMailCommand(const fs::path& folder) {
     const auto commands = folder / "bin";
@@ -67,13 +83,13 @@ void addOrderScenes(Script& script, const fs::path& folder,
     });
     script.when(
         "the pages", [] { return visibleWidget("PrintPreview") != nullptr; }, [] {});
-    photograph("10-preview");
+    photograph("11-preview");
     script.when(
         "printing", [] { return true; },
         [] { QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_P, Qt::ControlModifier); });
     script.when(
         "the print dialog", [] { return printDialog() != nullptr; }, [] {});
-    photograph("11-print");
+    photograph("12-print");
     script.when(
         "a file for it", [] { return true; },
         [pdf] {
@@ -82,7 +98,10 @@ void addOrderScenes(Script& script, const fs::path& folder,
         });
     script.when(
         "the PDF", [pdf] { return fs::exists(pdf); },
-        [] { QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_Escape); });
+        [pdf, folder] {
+            keepFirstPage(pdf, folder / "printed-order.png");
+            QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_Escape);
+        });
     script.when("mailing", inOrderView, [folder] {
         installMailCommand(folder);
         fs::remove(folder / "order.eml");
@@ -90,7 +109,7 @@ void addOrderScenes(Script& script, const fs::path& folder,
     });
     script.when(
         "the outbox", [] { return messageBox("Place email order in Outbox"); }, [] {});
-    photograph("12-email");
+    photograph("13-email");
     script.when(
         "the mail", [] { return true; },
         [] { tour::press(*messageBox("Place email order in Outbox"), QMessageBox::Ok); });
