@@ -1,13 +1,12 @@
 # cmake -DSOURCE=... -P: fails when a source outside ui/system and its tests includes a header of one operating
-# system. What other tests need of it is in two headers of tests/support, each with a way out on Windows; what is
-# under packaging is for one system anyway.
+# system. What other tests need of it is in two headers of tests/support, each with a way out on Windows.
 set(headers "unistd|fcntl|pwd|grp|dirent|dlfcn|signal|csignal|poll|termios|sched|pthread|spawn|semaphore"
             "sys/[a-z_]+|netinet/[a-z_]+|arpa/[a-z_]+|mach/[a-z_/]+|linux/[a-z_]+|Windows|windows|winsock2|io|direct|process|shlobj|mapi")
 list(JOIN headers "|" headers)
 set(allowed tests/support/full_disk.h tests/support/ordinary_user.h)
 
 file(GLOB_RECURSE sources RELATIVE ${SOURCE} ${SOURCE}/*.h ${SOURCE}/*.cpp)
-list(FILTER sources EXCLUDE REGEX "^(build|program|packaging|ui/system|tests/ui/system)/")
+list(FILTER sources EXCLUDE REGEX "^(build|program|ui/system|tests/ui/system)/")
 list(REMOVE_ITEM sources ${allowed})
 list(LENGTH sources count)
 if(count LESS 100)

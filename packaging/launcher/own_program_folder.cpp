@@ -2,13 +2,11 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "ui/system/replace_process.h"
 
 #include <QLockFile>
 
-#include <cerrno>
-#include <cstring>
 #include <system_error>
-#include <unistd.h>
 
 namespace launcher {
 namespace fs = std::filesystem;
@@ -117,10 +115,8 @@ void deliverCatalogue(const fs::path& zip, const fs::path& folder) {
 }
 
 void becomeProgram(const fs::path& folder) {
-    auto path = (folder / programFile).string();
-    char* const arguments[] = {path.data(), nullptr};
-    ::execv(path.c_str(), arguments);
-    fail("Can not start", path, std::strerror(errno));
+    const auto path = folder / programFile;
+    fail("Can not start", path, ui::system::replaceProcess(path));
 }
 
 }
