@@ -66,11 +66,9 @@ void installMailCommand(const fs::path& folder) {
     qputenv("PATH", QByteArray::fromStdString(commands.string()) + ":" + qgetenv("PATH"));
 }
 
-}
+using Photograph = std::function<void(const std::string& name)>;
 
-void addOrderScenes(Script& script, const fs::path& folder,
-                    const std::function<void(const std::string& name)>& photograph) {
-    const auto pdf = folder / "order.pdf";
+void addOrdering(Script& script) {
     script.when("the price list", inOrderView, [] { press("Plist"); });
     script.when(
         "the product grid again", [] { return products() != nullptr; },
@@ -78,6 +76,10 @@ void addOrderScenes(Script& script, const fs::path& folder,
             orderManyArticles();
             press("CheckOut");
         });
+}
+
+void addPrinting(Script& script, const fs::path& folder, const Photograph& photograph) {
+    const auto pdf = folder / "order.pdf";
     script.when("the preview", inOrderView, [] {
         QTest::keyClick(visibleWidget("Form1"), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     });
@@ -102,6 +104,9 @@ void addOrderScenes(Script& script, const fs::path& folder,
             keepFirstPage(pdf, folder / "printed-order.png");
             QTest::keyClick(visibleWidget("PrintPreview"), Qt::Key_Escape);
         });
+}
+
+void addMailing(Script& script, const fs::path& folder, const Photograph& photograph) {
     script.when("mailing", inOrderView, [folder] {
         installMailCommand(folder);
         fs::remove(folder / "order.eml");
@@ -116,6 +121,14 @@ void addOrderScenes(Script& script, const fs::path& folder,
     script.when(
         "the order kept by the mail command",
         [folder] { return fs::exists(folder / "order.eml") && inOrderView(); }, [] {});
+}
+
+}
+
+void addOrderScenes(Script& script, const fs::path& folder, const Photograph& photograph) {
+    addOrdering(script);
+    addPrinting(script, folder, photograph);
+    addMailing(script, folder, photograph);
 }
 
 }
