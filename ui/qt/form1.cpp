@@ -395,7 +395,7 @@ void Form1::saveDetails() {
 void Form1::closeEvent(QCloseEvent* event) {
     auto& printer = m_orderDesk.printer();
     if (printer.busy() && !m_guard.ending()) {
-        connect(&printer, &OrderPrinter::idle, this, &Form1::close,
+        connect(&printer, &OrderPrinter::ended, this, &Form1::close,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
         printer.showBusy();
         return event->ignore();

@@ -84,8 +84,6 @@ void OrderPrinter::makePreview() {
 }
 
 void OrderPrinter::makePdf(const QPageRanges& ranges, std::function<void(const QByteArray&)> then) {
-    if (!m_page) // the browser died while the preview was open
-        return tell("The order could not be printed. Please try again.");
     setBusy(true);
     connect(m_page.get(), &PaperPage::made, this, m_guard(std::move(then)),
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
@@ -98,6 +96,7 @@ void OrderPrinter::showPreview(const QByteArray& pdf) {
     m_preview->setWindowTitle(m_printer.docName());
     connect(m_preview, &PrintPreview::printAsked, this, m_guard([this] { ask(); }));
     connect(m_preview, &PrintPreview::finished, this, m_guard([this] {
+                m_preview.clear();
                 if (!m_busy) // else what it has sent to print goes on
                     end();
             }));
@@ -105,7 +104,8 @@ void OrderPrinter::showPreview(const QByteArray& pdf) {
 }
 
 void OrderPrinter::deliver(const QByteArray& pdf) {
-    m_progress->reset(); // from here on there is no way back
+    if (m_progress)          // it goes with the preview that it lay over
+        m_progress->reset(); // from here on there is no way back
     const auto failure = [&] {
         const BusyNotice notice("Handing the order to the printer...", *windowInFront());
         return output(pdf, m_printer);
@@ -130,7 +130,7 @@ void OrderPrinter::setBusy(bool busy) {
         m_progress->deleteLater();
     }
     if (!busy)
-        return emit idle();
+        return;
     m_progress = new QProgressDialog("Preparing the order for printing...", "Cancel", 0, 0, windowInFront());
     m_progress->setObjectName("Printing");
     m_progress->setWindowTitle("Print order");
@@ -151,10 +151,17 @@ void OrderPrinter::endUnlessPreviewed() {
         end();
 }
 
+// A preview goes with the page that it would print.
 void OrderPrinter::end() {
     m_timer2.stop();
     m_page.reset();
+    if (m_preview) {
+        m_preview->disconnect(this);
+        m_preview->close();
+        m_preview.clear();
+    }
     setBusy(false);
+    emit ended();
 }
 
 }

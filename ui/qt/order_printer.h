@@ -40,8 +40,8 @@ public:
     void showBusy();
 
 signals:
-    /// Nothing is being prepared any more.
-    void idle();
+    /// Whatever began with a print or a preview is over: done, cancelled or failed.
+    void ended();
 
 private:
     using Step = void (OrderPrinter::*)();

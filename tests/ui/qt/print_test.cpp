@@ -164,6 +164,20 @@ TEST_F(PrintTest, IsPreviewedAndPrintedFromThere) {
     EXPECT_EQ(pagesOf(pdf), 3);
 }
 
+TEST_F(PrintTest, ClosingWaitsForThePrintDialogToo) {
+    orderEverything("<script>for (var t = Date.now(); Date.now() - t < 1000;);</script><R1>{DESC}</R1>");
+    inOrderView("printing and leaving", [] {
+        press("Print");
+        visibleWidget("Form1")->close();
+    });
+    const auto pdf = folder / "order.pdf";
+    printTo(pdf);
+    script.when(
+        "what never comes", [] { return false; }, [] {});
+    EXPECT_FALSE(play()) << "the program ends by itself";
+    EXPECT_TRUE(fs::exists(pdf));
+}
+
 TEST_F(PrintTest, WhateverIsTypedIsPrintedAsItStandsHoweverLong) {
     orderEverything(
         "<meta charset=windows-1252><div style='display:none'>{COMMENT}</div><p>For {ATTENTION}</p>"
