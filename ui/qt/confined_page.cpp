@@ -1,9 +1,9 @@
 #include "ui/qt/confined_page.h"
 
+#include "ui/qt/dark.h"
 #include "ui/qt/page_scripts.h"
 
 #include <QGuiApplication>
-#include <QPalette>
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
@@ -39,11 +39,6 @@ constexpr std::array attributes{
     std::pair{QWebEngineSettings::FocusOnNavigationEnabled, false},
     std::pair{QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
 };
-
-bool desktopIsDark() {
-    const auto palette = QGuiApplication::palette();
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
 
 // A page for a window that a link asked for: it hands the address over and is gone.
 class PassingPage final : public QWebEnginePage {
@@ -138,7 +133,7 @@ ConfinedProfile::ConfinedProfile(PageFiles files, QObject* parent)
         settings()->setAttribute(attribute, on);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     scripts()->insert(missingPictureScript());
-    if (desktopIsDark())
+    if (isDark(QGuiApplication::palette()))
         scripts()->insert(darkDesktopScript());
     connect(this, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest* download) { download->cancel(); });

@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "ui/qt/dark.h"
 #include "ui/qt/icons.h"
 #include "ui/qt/text.h"
 #include "ui/zoom.h"
@@ -43,9 +44,7 @@ bool isPlain(const std::string& anchor) {
 
 // Pages leave it to the browser which colours they show, and the browser does not know the window's.
 std::string coloured(std::string_view page, const QPalette& palette) {
-    const bool isDark =
-        palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-    return base::replaceAll(page, "(prefers-color-scheme: dark)", isDark ? "all" : "not all");
+    return base::replaceAll(page, "(prefers-color-scheme: dark)", isDark(palette) ? "all" : "not all");
 }
 
 QString scrollScript(const HelpPlace& place) {

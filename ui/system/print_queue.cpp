@@ -33,13 +33,7 @@ bool PrintQueue::submit(const QByteArray& pdf, const PrintTicket& ticket) const 
     QProcess process;
     process.setProgram(m_command);
     process.setArguments(argumentsOf(ticket));
-    const bool tookAll = runFor(process, pdf, m_timeLimit);
-    if (process.state() != QProcess::NotRunning) {
-        process.kill();
-        process.waitForFinished();
-        return false;
-    }
-    return tookAll && exitCodeOf(process) == 0;
+    return runToSuccess(process, pdf, m_timeLimit);
 }
 
 }

@@ -27,13 +27,7 @@ platform::Mailer::Outcome SendmailMailer::send(const platform::Mail& mail) {
     // A line with a single dot does not end the message (-oi); its head names the recipients (-t).
     process.setArguments({QStringLiteral("-oi"), QStringLiteral("-t")});
     const auto message = QByteArray::fromStdString(order::mailMessage(mail, mailStamp()));
-    const bool tookAll = runFor(process, message, m_timeLimit);
-    if (process.state() != QProcess::NotRunning) {
-        process.kill();
-        process.waitForFinished();
-        return Outcome::failed;
-    }
-    return tookAll && exitCodeOf(process) == 0 ? Outcome::placed : Outcome::failed;
+    return runToSuccess(process, message, m_timeLimit) ? Outcome::placed : Outcome::failed;
 }
 
 }

@@ -34,4 +34,14 @@ std::optional<int> exitCodeOf(const QProcess& process) {
     return process.exitCode();
 }
 
+bool runToSuccess(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit) {
+    const bool tookAll = runFor(process, input, timeLimit);
+    if (process.state() != QProcess::NotRunning) {
+        process.kill();
+        process.waitForFinished();
+        return false;
+    }
+    return tookAll && exitCodeOf(process) == 0;
+}
+
 }

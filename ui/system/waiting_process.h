@@ -13,6 +13,11 @@ namespace ui::system {
 /// does meanwhile takes effect afterwards. False when the process has not taken all of the input.
 bool runFor(QProcess& process, const QByteArray& input, std::chrono::milliseconds timeLimit);
 
+/// As `runFor`, and a process that is not done in time is ended. Whether it has taken all of the input and
+/// then ended by itself with the exit code 0.
+[[nodiscard]] bool runToSuccess(QProcess& process, const QByteArray& input,
+                                std::chrono::milliseconds timeLimit);
+
 /// Nothing for a process that still runs, was killed or could not be started.
 [[nodiscard]] std::optional<int> exitCodeOf(const QProcess& process);
 
