@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-/// All arithmetic on prices, for pages and orders alike. Money is held in singles and computed in double;
-/// every function is one step, so that results are the same to the bit wherever they are computed.
+/// All arithmetic on prices, for pages and orders alike. Prices and lines are held in singles and computed in
+/// double; every function is one step, so that results are the same to the bit wherever they are computed.
 namespace base {
 
 /// The single nearest to the value; one that no single can hold, or that is not a number, counts as 0.
@@ -17,6 +17,12 @@ namespace base {
 /// So many percent of the amount, not rounded.
 [[nodiscard]] inline double percentOf(double amount, double rate) {
     return amount * rate * 0.01;
+}
+
+/// What a held amount counts, shows and sums up as: its nearest cent, which no single holds exactly, in
+/// double. 28.869999 counts as 28.87.
+[[nodiscard]] inline double toTheCent(float amount) {
+    return roundToCents(double{amount});
 }
 
 /// Rounded to cents, halves to even, and held.

@@ -20,9 +20,10 @@ struct Decimal {
     bool negative = false;
 };
 
-Decimal shortest(float value) {
+template <typename Number>
+Decimal shortest(Number value) {
     Decimal decimal;
-    if (!std::isfinite(value) || value == 0.0F)
+    if (!std::isfinite(value) || value == 0)
         return decimal;
     decimal.negative = value < 0;
     std::array<char, 64> buffer{};
@@ -83,6 +84,21 @@ void append(std::string& out, const Decimal& decimal, int decimals) {
         out += '.';
     for (int i = 0; i < decimals; ++i)
         out += digitAt(decimal, decimal.point + i);
+}
+
+template <typename Number>
+std::string plain(Number value) {
+    const auto decimal = shortest(value);
+    std::string out;
+    append(out, decimal, std::max(0, decimal.count - decimal.point));
+    return out;
+}
+
+template <typename Number>
+void appendRounded(std::string& out, Number value, int decimals) {
+    auto decimal = shortest(value);
+    round(decimal, decimals);
+    append(out, decimal, decimals);
 }
 
 struct Scanned {
@@ -160,10 +176,11 @@ std::optional<double> wholeNumber(std::string_view text) {
 }
 
 std::string textOf(float value) {
-    const auto decimal = shortest(value);
-    std::string out;
-    append(out, decimal, std::max(0, decimal.count - decimal.point));
-    return out;
+    return plain(value);
+}
+
+std::string textOf(double value) {
+    return plain(value);
 }
 
 std::string fixedText(float value, int decimals) {
@@ -172,7 +189,13 @@ std::string fixedText(float value, int decimals) {
     return out;
 }
 
-std::string groupedText(float value) {
+std::string fixedText(double value, int decimals) {
+    std::string out;
+    appendFixed(out, value, decimals);
+    return out;
+}
+
+std::string groupedText(double value) {
     auto text = fixedText(value, 2);
     const std::size_t firstDigit = text.starts_with('-') ? 1 : 0;
     for (auto at = text.find('.'); at > firstDigit + 3;)
@@ -181,9 +204,11 @@ std::string groupedText(float value) {
 }
 
 void appendFixed(std::string& out, float value, int decimals) {
-    auto decimal = shortest(value);
-    round(decimal, decimals);
-    append(out, decimal, decimals);
+    appendRounded(out, value, decimals);
+}
+
+void appendFixed(std::string& out, double value, int decimals) {
+    appendRounded(out, value, decimals);
 }
 
 double roundToCents(double value) {

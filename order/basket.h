@@ -12,10 +12,10 @@
 
 namespace order {
 
-/// The sums of all lines' amounts and taxes, to the cent.
+/// The sums of all lines' amounts and taxes, exact to the cent.
 struct Totals {
-    float order = 0; ///< tax included
-    float tax = 0;
+    double order = 0; ///< tax included
+    double tax = 0;
 
     friend bool operator==(const Totals&, const Totals&) = default;
 };

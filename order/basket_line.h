@@ -13,7 +13,7 @@ struct BasketLine {
     static constexpr std::size_t length = 17;
 
     float quantity = 0;
-    float tax = 0;
+    float tax = 0;            ///< counts and shows as `base::toTheCent` of it, as the amount does
     float amount = 0;         ///< tax included
     std::int32_t product = 0; ///< record number in Prdlst.dat
 

@@ -1,7 +1,5 @@
 #include "order/cent_sum.h"
 
-#include "base/money.h"
-
 #include <cmath>
 
 namespace order {
@@ -42,12 +40,12 @@ bool CentSum::isNegative() const {
     return carried().back() < 0;
 }
 
-float CentSum::value() const {
+double CentSum::value() const {
     const auto digits = carried();
     double cents = 0;
     for (auto i = digits.size(); i-- > 0;)
         cents = cents * digitBase + static_cast<double>(digits[i]);
-    return base::held(cents / 100.0);
+    return cents / 100.0;
 }
 
 }

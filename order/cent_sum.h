@@ -17,8 +17,8 @@ public:
     /// Less than nothing, by a cent or more.
     [[nodiscard]] bool isNegative() const;
 
-    /// A sum that no single can hold counts as 0.
-    [[nodiscard]] float value() const;
+    /// The sum, to the cent.
+    [[nodiscard]] double value() const;
 
 private:
     // Digits of the sum in cents to the base 2^32, lowest first; carried over only when the sum is asked

@@ -30,7 +30,12 @@ struct ShownOrder {
 };
 
 void appendMoney(std::string& out, double value) {
-    base::appendFixed(out, base::held(value), decimals);
+    base::appendFixed(out, value, decimals);
+}
+
+// To the cent, which the difference of two doubles need not be.
+double difference(double amount, double tax) {
+    return base::roundToCents(amount - tax);
 }
 
 // Deliberate: without decimals the point stays, "5.".
@@ -51,11 +56,12 @@ void appendPriceWithTax(const ShownRow& row, std::string& out) {
 }
 
 void appendAmountWithoutTax(const ShownRow& row, std::string& out) {
-    appendMoney(out, base::parseNumber(row.cells.amount) - base::parseNumber(row.cells.tax));
+    appendMoney(out, difference(base::parseNumber(row.cells.amount), base::parseNumber(row.cells.tax)));
 }
 
 void appendTax(const ShownRow& row, std::string& out) {
-    appendMoney(out, base::parseNumber(row.cells.tax));
+    if (!row.cells.tax.empty()) // there is no column of tax
+        appendMoney(out, base::parseNumber(row.cells.tax));
 }
 
 template <std::string DocumentRow::*Cell>
@@ -112,17 +118,16 @@ void appendOrderNumber(const ShownOrder& shown, std::string& out) {
 }
 
 void appendTaxTotal(const ShownOrder& shown, std::string& out) {
-    appendMoney(out, double{shown.order.totals.tax});
+    appendMoney(out, shown.order.totals.tax);
 }
 
 void appendTotal(const ShownOrder& shown, std::string& out) {
-    appendMoney(out, double{shown.order.totals.order});
+    appendMoney(out, shown.order.totals.order);
 }
 
-// To the cent, which the difference of two singles is not.
 void appendTotalWithoutTax(const ShownOrder& shown, std::string& out) {
     const auto& totals = shown.order.totals;
-    appendMoney(out, base::roundToCents(double{totals.order} - double{totals.tax}));
+    appendMoney(out, difference(totals.order, totals.tax));
 }
 
 struct OrderTag {

@@ -1,6 +1,6 @@
 #include "order/order_grids.h"
 
-#include "base/numbers.h"
+#include "base/money.h"
 
 #include <utility>
 
@@ -18,8 +18,8 @@ RowColour colourOf(const BasketLine& line) {
 OrderRow::OrderRow(const BasketLine& line)
     : m_product(line.product),
       m_quantity(base::textOf(line.quantity)),
-      m_tax{line.tax},
-      m_amount{line.amount} {}
+      m_tax{base::toTheCent(line.tax)},
+      m_amount{base::toTheCent(line.amount)} {}
 
 LineCells OrderRow::cells() const {
     const auto text = [](const Money& money) {
@@ -29,8 +29,8 @@ LineCells OrderRow::cells() const {
 }
 
 void OrderRow::showMoney(const BasketLine& line) {
-    m_tax = {line.tax, true};
-    m_amount = {line.amount, true};
+    m_tax = {base::toTheCent(line.tax), true};
+    m_amount = {base::toTheCent(line.amount), true};
 }
 
 OrderGrids::OrderGrids(const catalog::ProductTable& products, Basket& basket)
@@ -88,7 +88,8 @@ LineCells OrderGrids::productCells(std::int32_t product) const {
     if (row == m_typed.end())
         return {};
     const auto line = m_basket.lineOf(product);
-    return {row->second.quantity, base::textOf(line.tax), base::textOf(line.amount), row->second.colour};
+    return {row->second.quantity, base::textOf(base::toTheCent(line.tax)),
+            base::textOf(base::toTheCent(line.amount)), row->second.colour};
 }
 
 }

@@ -38,7 +38,7 @@ private:
     friend class OrderGrids;
 
     struct Money {
-        float value;
+        double value; // to the cent
         bool plain = false;
     };
 

@@ -37,6 +37,7 @@ void Ordering::checkOut() {
     m_view = ViewMode::order;
     m_grids.fillOrder();
     m_toolbar = afterCheckOut(m_toolbar, m_basket.totals().order);
+    showTotals(); // which a recalculation that stopped early has left as they were
 }
 
 void Ordering::priceList(std::size_t historySize) {

@@ -28,19 +28,19 @@ ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_v
     return state;
 }
 
-ToolbarState afterOrderChange(ToolbarState before, ViewMode view, float orderTotal) {
+ToolbarState afterOrderChange(ToolbarState before, ViewMode view, double orderTotal) {
     before.enable(Command::clear, orderTotal > 0);
     before.enable(Command::checkOut, view == ViewMode::catalogue && orderTotal != 0);
     return before;
 }
 
-ToolbarState afterCheckOut(ToolbarState before, float orderTotal) {
+ToolbarState afterCheckOut(ToolbarState before, double orderTotal) {
     enable(before, {Command::back, Command::search}, false);
     enable(before, {Command::priceList, Command::print, Command::email}, true);
     return afterOrderChange(before, ViewMode::order, orderTotal);
 }
 
-ToolbarState afterPriceList(ToolbarState before, float orderTotal, std::size_t historySize) {
+ToolbarState afterPriceList(ToolbarState before, double orderTotal, std::size_t historySize) {
     before.enable(Command::back, historySize != 1);
     before.enable(Command::search, true);
     enable(before, {Command::priceList, Command::print, Command::email}, false);

@@ -63,11 +63,11 @@ enum class ViewMode { catalogue, order };
 
 /// The buttons after each thing that happens to the order; those that it does not concern stay as they are.
 /// "Check Out" is for the catalogue view with an order total other than 0, "Clear" for a total above 0.
-[[nodiscard]] ToolbarState afterOrderChange(ToolbarState before, ViewMode view, float orderTotal);
-[[nodiscard]] ToolbarState afterCheckOut(ToolbarState before, float orderTotal);
+[[nodiscard]] ToolbarState afterOrderChange(ToolbarState before, ViewMode view, double orderTotal);
+[[nodiscard]] ToolbarState afterCheckOut(ToolbarState before, double orderTotal);
 
 /// "Back" is enabled unless the history holds exactly one entry.
-[[nodiscard]] ToolbarState afterPriceList(ToolbarState before, float orderTotal, std::size_t historySize);
+[[nodiscard]] ToolbarState afterPriceList(ToolbarState before, double orderTotal, std::size_t historySize);
 
 /// The catalogue view is up.
 [[nodiscard]] ToolbarState afterClear(ToolbarState before);

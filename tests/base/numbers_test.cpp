@@ -63,17 +63,27 @@ TEST(Numbers, FixedTextRoundsTheDecimalTextHalfAwayFromZero) {
     EXPECT_EQ(base::fixedText(std::numeric_limits<float>::infinity(), 2), "0.00");
 }
 
-TEST(Numbers, GroupedTextPartsThousandsByCommas) {
+TEST(Numbers, TextsOfDoublesHaveEveryCentOfLargeSums) {
+    EXPECT_EQ(base::textOf(28.87), "28.87");
+    EXPECT_EQ(base::textOf(-0.0), "0");
+    EXPECT_EQ(base::fixedText(1710264.53, 2), "1710264.53");
+    EXPECT_EQ(base::fixedText(2.675, 2), "2.68");
+    EXPECT_EQ(base::fixedText(9007199254740.99, 2), "9007199254740.99");
+    EXPECT_EQ(base::fixedText(1e300, 0), "1" + std::string(300, '0'));
+}
+
+TEST(Numbers, GroupedTextSeparatesThousandsByCommas) {
     const struct {
-        float value;
+        double value;
         const char* text;
     } cases[] = {{0, "0.00"},
-                 {999.995F, "1,000.00"},
+                 {999.995, "1,000.00"},
                  {-999.5F, "-999.50"},
                  {-1000, "-1,000.00"},
                  {100000, "100,000.00"},
                  {1234567, "1,234,567.00"},
-                 {1e10F, "10,000,000,000.00"}};
+                 {131072.07, "131,072.07"},
+                 {1e10, "10,000,000,000.00"}};
 
     for (const auto& c : cases)
         EXPECT_EQ(base::groupedText(c.value), c.text);

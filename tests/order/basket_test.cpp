@@ -38,7 +38,10 @@ protected:
     catalog::ProductTable products{writeProducts(folder, {{.price = 10, .taxRate = 20},
                                                           {.price = 10, .taxRate = 12.5F},
                                                           {.price = 3e38F, .taxRate = 0},
-                                                          {.price = -1, .taxRate = 0}})};
+                                                          {.price = -1, .taxRate = 0},
+                                                          {.price = 5.25F, .taxRate = 10},
+                                                          {.price = 65536.03F, .taxRate = 0},
+                                                          {.price = 65536.04F, .taxRate = 0}})};
     ui::system::DiskFile disk;
     order::BasketFile file{folder, disk, messages};
     order::Basket basket{products, true, file};
@@ -108,7 +111,7 @@ TEST_F(Basket, EndsTheProgramOnlyWhenTheTotalIsTrulyNegative) {
 }
 
 TEST_F(Basket, TakesNothingForRecordsOutsideTheList) {
-    for (const std::int32_t record : {0, -1, 5, std::numeric_limits<std::int32_t>::max()}) {
+    for (const std::int32_t record : {0, -1, 8, std::numeric_limits<std::int32_t>::max()}) {
         EXPECT_FALSE(basket.update(record, 1).changed) << record;
         EXPECT_EQ(basket.lineOf(record), order::BasketLine()) << record;
     }
@@ -141,6 +144,22 @@ TEST_F(Basket, RepricingShowsInTheRowOfTheBasketsRecordNumber) {
     grids.recalculate(TaxStatus::exempt);
     EXPECT_EQ(grids.orderRows()[0].cells().amount, "0");
     EXPECT_EQ(grids.productCells(2).amount, "10");
+}
+
+// 26.25 and 2.62 make 28.869999 as a single.
+TEST_F(Basket, LinesShowAndCountToTheCentThatNoSingleHolds) {
+    order::OrderGrids grids(products, basket);
+    grids.editProduct(5, "1");
+    grids.fillOrder();
+    grids.editOrder(0, "5");
+    EXPECT_EQ(grids.orderRows()[0].cells(),
+              (order::LineCells{"5", "2.62", "28.87", order::RowColour::green}));
+    EXPECT_EQ(grids.productCells(5), grids.orderRows()[0].cells());
+    EXPECT_EQ(basket.totals(), (order::Totals{28.87, 2.62}));
+    grids.editOrder(0, "0");
+    grids.editProduct(6, "1");
+    grids.editProduct(7, "1");
+    EXPECT_EQ(basket.totals().order, 131072.07);
 }
 
 // Typed, repriced and cleared, with a file that cannot be written.

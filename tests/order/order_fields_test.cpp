@@ -113,9 +113,18 @@ TEST_F(OrderFields, APriceThatIsNoNumberIsRefused) {
 }
 
 TEST_F(OrderFields, TotalsAreRightToTheCent) {
-    contents.totals = {123456.78F, 11223.34F};
-    EXPECT_EQ(value("{TOTINC}"), "123456.78");
-    EXPECT_EQ(value("{TOTEXC}"), "112233.44");
+    contents.totals = {1710264.53, 11223.34};
+    EXPECT_EQ(value("{TOTINC}"), "1710264.53");
+    EXPECT_EQ(value("{TOTEXC}"), "1699041.19");
+}
+
+TEST_F(OrderFields, LargeLinesAreRightToTheCent) {
+    contents.rows = {{"1", "H1", "", "", "20.00", "1234567.89", "32094.52", "192567.11"}};
+    EXPECT_EQ(value("{AMTEXC}"), "160472.59");
+    contents.rows[0].tax = "2000000.03";
+    EXPECT_EQ(value("{TAX$}"), "2000000.03");
+    contents.taxStatus = TaxStatus::exempt;
+    EXPECT_EQ(value("{PRICEINC}"), "1234567.89");
 }
 
 TEST_F(OrderFields, AnOrderWithoutRowsHasEmptyRowTags) {
@@ -127,7 +136,7 @@ TEST_F(OrderFields, AnOrderWithoutRowsHasEmptyRowTags) {
 TEST_F(OrderFields, ACatalogueWithoutTaxLeavesTheColumnsOfTaxEmpty) {
     contents.rows = {{"1", "H1", "", "", "", "12.00", "", "12.00"}};
     EXPECT_EQ(value("{TAX%}"), "");
-    EXPECT_EQ(value("{TAX$}"), "0.00");
+    EXPECT_EQ(value("{TAX$}"), "");
     EXPECT_EQ(value("{AMTEXC}"), "12.00");
 }
 

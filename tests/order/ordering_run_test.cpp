@@ -53,8 +53,8 @@ public:
         EXPECT_EQ(orderRows(), reference.orderRows);
         EXPECT_EQ(m_ordering.orderLabel(), reference.orderLabel);
         EXPECT_EQ(m_ordering.taxLabel(), reference.taxLabel);
-        EXPECT_EQ(m_ordering.basket().totals().order, static_cast<float>(reference.totalOrder));
-        EXPECT_EQ(m_ordering.basket().totals().tax, static_cast<float>(reference.totalTax));
+        EXPECT_EQ(m_ordering.basket().totals().order, reference.totalOrder);
+        EXPECT_EQ(m_ordering.basket().totals().tax, reference.totalTax);
         EXPECT_EQ(enabled(), reference.enabled);
     }
 
@@ -140,6 +140,8 @@ const std::vector<support::Product> products{
     {.text = "F\nf\n", .price = 1234.56F, .taxRate = 17.5F},
     {.text = "H\nh\n", .price = -2.5F, .taxRate = 10},
     {.text = "I\ni\n", .price = 99999.99F, .taxRate = 0},
+    {.text = "J\nj\n", .price = 65536.03F, .taxRate = 0},
+    {.text = "K\nk\n", .price = 5.25F, .taxRate = 10},
 };
 
 const std::vector<std::string> texts{"",      "0",  "1",   "2",  "2.0", "2.50", "3",     "0.125",

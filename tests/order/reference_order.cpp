@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace order_test {
@@ -18,6 +19,24 @@ double twoPlaces(double value) {
 float single(double value) {
     const auto result = static_cast<float>(value);
     return std::isfinite(result) ? result : 0.0F;
+}
+
+std::int64_t centsOf(float value) {
+    return std::llrint(double{value} * 100);
+}
+
+std::string withTwoDecimals(std::int64_t cents) {
+    char text[32];
+    const auto positive = std::llabs(cents);
+    std::snprintf(text, sizeof text, "%s%lld.%02lld", cents < 0 ? "-" : "", positive / 100, positive % 100);
+    return text;
+}
+
+// "28.87", and "22.5" or "7" where no digits are needed.
+std::string plainCents(std::int64_t cents) {
+    std::string text = withTwoDecimals(cents);
+    text.erase(text.find_last_not_of('0') + 1);
+    return text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
 }
 
 std::string keyOf(std::int32_t product) {
@@ -96,9 +115,7 @@ bool ReferenceOrder::updateLine(float quantity, std::int32_t product) {
     if (m_taxSwitch != 'N' && m_taxStatus != 'E')
         tax = single(twoPlaces(double{record.taxRate} * double{amount} * 0.01));
     amount = single(double{amount} + double{tax});
-    if (std::llround(totalOrder * 100) + std::llrint(double{amount} * 100) -
-            std::llrint(double{old.amount} * 100) <
-        0)
+    if (std::llround(totalOrder * 100) + centsOf(amount) - centsOf(old.amount) < 0)
         return false;
     if (number == 0) {
         m_index += keyOf(product);
@@ -114,9 +131,9 @@ bool ReferenceOrder::updateLine(float quantity, std::int32_t product) {
 }
 
 void ReferenceOrder::write(Row& row) {
-    row.amount = base::textOf(m_amount);
+    row.amount = plainCents(centsOf(m_amount));
     if (m_taxSwitch == 'Y')
-        row.tax = base::textOf(m_tax);
+        row.tax = plainCents(centsOf(m_tax));
     row.green = m_amount > 0;
 }
 
@@ -134,9 +151,9 @@ void ReferenceOrder::tickExempt(bool ticked) {
         line.tax = ticked ? 0 : single(twoPlaces(amount * double{product.taxRate} * 0.01));
         line.amount = single(twoPlaces(amount) + double{line.tax});
         const auto show = [&](Row& row) {
-            row.amount = base::textOf(line.amount);
+            row.amount = plainCents(centsOf(line.amount));
             if (m_taxSwitch == 'Y')
-                row.tax = base::textOf(line.tax);
+                row.tax = plainCents(centsOf(line.tax));
         };
         show(productRows[static_cast<std::size_t>(line.product) - 1]);
         if (number - 1 < orderRows.size())
@@ -179,9 +196,10 @@ void ReferenceOrder::checkOut() {
         const bool tax = m_taxSwitch == 'Y';
         orderRows.push_back({line.product, base::textOf(line.quantity),
                              tax ? base::fixedText(product.taxRate, 2) : "",
-                             base::fixedText(product.price, 2), tax ? base::fixedText(line.tax, 2) : "",
-                             base::fixedText(line.amount, 2), false});
+                             base::fixedText(product.price, 2), tax ? withTwoDecimals(centsOf(line.tax)) : "",
+                             withTwoDecimals(centsOf(line.amount)), false});
     }
+    showTotals();
     setTotalButtons();
 }
 
@@ -199,8 +217,8 @@ void ReferenceOrder::addUpFile() {
     std::int64_t order = 0, tax = 0;
     for (std::size_t number = 1; number * recordLength <= file.size(); ++number) {
         const auto line = readRecord(number);
-        order += std::llrint(double{line.amount} * 100);
-        tax += std::llrint(double{line.tax} * 100);
+        order += centsOf(line.amount);
+        tax += centsOf(line.tax);
     }
     totalOrder = static_cast<double>(order) / 100;
     totalTax = static_cast<double>(tax) / 100;
@@ -208,7 +226,7 @@ void ReferenceOrder::addUpFile() {
 
 void ReferenceOrder::showTotals() {
     const auto label = [](double total) {
-        std::string grouped = base::fixedText(static_cast<float>(total), 2);
+        std::string grouped = withTwoDecimals(std::llrint(total * 100));
         for (std::size_t fromEnd = 6; grouped.size() > fromEnd + (total < 0 ? 1 : 0); fromEnd += 4)
             grouped.insert(grouped.size() - fromEnd, ",");
         return grouped;

@@ -16,8 +16,8 @@ TEST(DocumentRows, HoldTheCellsOfTheColumnsThatTheOrderGridHas) {
             builder.products = {{"H1\nHammer\nsteel", 10, 12.5F}};
             builder.groups = {{"All", 1}};
             builder.writeTo(folder);
-            const auto rows =
-                ui::documentRows(catalog::openCatalog(folder), {order::OrderRow({1.5F, 1.88F, 16.88F, 1})});
+            const auto rows = ui::documentRows(catalog::openCatalog(folder),
+                                               {order::OrderRow({1.5F, 1.88F, 192567.11F, 1})});
 
             ASSERT_EQ(rows.size(), 1U);
             const bool taxed = taxSwitch == 'Y';
@@ -28,7 +28,7 @@ TEST(DocumentRows, HoldTheCellsOfTheColumnsThatTheOrderGridHas) {
             EXPECT_EQ(rows[0].taxRate, taxed ? "12.50" : "");
             EXPECT_EQ(rows[0].price, "10.00");
             EXPECT_EQ(rows[0].tax, taxed ? "1.88" : "");
-            EXPECT_EQ(rows[0].amount, "16.88");
+            EXPECT_EQ(rows[0].amount, "192567.11");
         }
     }
 }

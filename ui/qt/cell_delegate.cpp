@@ -50,8 +50,7 @@ void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     QStyledItemDelegate::initStyleOption(option, index);
     const int decimals = m_columns.at(static_cast<std::size_t>(index.column())).decimals;
     if (decimals >= 0 && !option->text.isEmpty()) {
-        const auto value = static_cast<float>(base::parseNumber(fromQt(option->text)));
-        option->text = toQt(base::fixedText(value, decimals));
+        option->text = toQt(base::fixedText(base::parseNumber(fromQt(option->text)), decimals));
     }
     auto& palette = option->palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive})
