@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/layout.h"
+#include "pages/template/layout_sizes.h"
 #include "platform/screen.h"
 
 namespace app {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "pages/layout.h"
+#include "pages/template/layout_sizes.h"
 
 #include <string>
 

@@ -13,7 +13,7 @@
 #include "catalog/settings_file.h"
 #include "pages/parameter_fields.h"
 #include "pages/scratch_page.h"
-#include "pages/whole_page.h"
+#include "pages/template/whole_page.h"
 
 namespace app {
 namespace fs = std::filesystem;

@@ -4,7 +4,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 #include <string_view>
 

@@ -5,8 +5,8 @@
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "pages/catalog_pages.h"
-#include "pages/plain_rendering.h"
 #include "pages/product_fields.h"
+#include "pages/template/exact_rendering.h"
 #include "tests/support/catalog_builder.h"
 
 #include <benchmark/benchmark.h>
@@ -330,7 +330,7 @@ void plainExpansion(benchmark::State& state, std::int32_t record) {
     std::string out;
     for (auto _ : state) {
         out.clear();
-        pages::renderPlainly("", text, isGroup ? pages::RowBlocks::repeated : pages::RowBlocks::dropped,
+        pages::renderExactly("", text, isGroup ? pages::RowBlocks::repeated : pages::RowBlocks::dropped,
                              columns, page, entries, out);
         benchmark::DoNotOptimize(out.data());
     }

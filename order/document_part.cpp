@@ -1,6 +1,6 @@
 #include "order/document_part.h"
 
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 #include <algorithm>
 #include <map>

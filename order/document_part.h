@@ -1,9 +1,9 @@
 #pragma once
 
-#include "pages/decided_values.h"
-#include "pages/fields.h"
-#include "pages/marked_text.h"
-#include "pages/render_guard.h"
+#include "pages/template/decided_values.h"
+#include "pages/template/fields.h"
+#include "pages/template/marked_text.h"
+#include "pages/template/render_guard.h"
 
 #include <cstddef>
 #include <optional>

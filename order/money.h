@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/records.h"
-#include "pages/layout.h"
+#include "pages/tax_status.h"
 
 #include <string_view>
 

@@ -3,8 +3,8 @@
 #include "catalog/parameters.h"
 #include "order/order_contents.h"
 #include "order/order_fields.h"
-#include "pages/layout.h"
-#include "pages/template_text.h"
+#include "pages/template/layout_sizes.h"
+#include "pages/template/template_text.h"
 
 #include <filesystem>
 #include <optional>

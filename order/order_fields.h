@@ -2,7 +2,7 @@
 
 #include "catalog/parameters.h"
 #include "order/order_contents.h"
-#include "pages/fields.h"
+#include "pages/template/fields.h"
 
 #include <stdexcept>
 #include <string>

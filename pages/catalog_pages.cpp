@@ -1,7 +1,7 @@
 #include "pages/catalog_pages.h"
 
 #include "pages/group_entries.h"
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 #include <utility>
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "pages/layout.h"
 #include "pages/parameter_fields.h"
-#include "pages/prepared_template.h"
 #include "pages/product_fields.h"
+#include "pages/tax_status.h"
+#include "pages/template/layout_sizes.h"
+#include "pages/template/prepared_template.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "pages/fields.h"
+#include "pages/template/fields.h"
 
 #include <optional>
 #include <string>

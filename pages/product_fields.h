@@ -2,9 +2,9 @@
 
 #include "catalog/memo_file.h"
 #include "catalog/records.h"
-#include "pages/fields.h"
-#include "pages/layout.h"
 #include "pages/parameter_fields.h"
+#include "pages/template/fields.h"
+#include "pages/tax_status.h"
 
 #include <string>
 #include <string_view>

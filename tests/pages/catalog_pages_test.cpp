@@ -3,7 +3,7 @@
 #include "pages/catalog_pages.h"
 #include "pages/group_entries.h"
 #include "pages/scratch_page.h"
-#include "pages/whole_page.h"
+#include "pages/template/whole_page.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/file_system.h"
 #include "tests/support/test_folder.h"

@@ -12,7 +12,4 @@ struct LayoutSizes {
     std::string FS2;
 };
 
-/// Whether the order is charged with tax.
-enum class TaxStatus { taxed, exempt };
-
 }

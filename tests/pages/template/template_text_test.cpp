@@ -1,4 +1,4 @@
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 #include <gtest/gtest.h>
 

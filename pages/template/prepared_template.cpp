@@ -1,7 +1,7 @@
-#include "pages/prepared_template.h"
+#include "pages/template/prepared_template.h"
 
-#include "pages/plain_rendering.h"
-#include "pages/template_text.h"
+#include "pages/template/exact_rendering.h"
+#include "pages/template/template_text.h"
 
 #include <algorithm>
 #include <limits>
@@ -71,7 +71,7 @@ void PreparedTemplate::render(const Fields& fields, Entries& entries, std::strin
             return; // so no value held one
         out.resize(start);
     }
-    renderPlainly(m_path, m_text, m_rows, m_columns, fields, entries, out);
+    renderExactly(m_path, m_text, m_rows, m_columns, fields, entries, out);
 }
 
 const PreparedTemplate::Variant* PreparedTemplate::variantFor(const Fields& fields) {
@@ -80,14 +80,14 @@ const PreparedTemplate::Variant* PreparedTemplate::variantFor(const Fields& fiel
     if (m_decided.holdTemplateText())
         return nullptr;
     if (known != m_variants.end())
-        return known->plainOnly ? nullptr : &*known;
+        return known->exactOnly ? nullptr : &*known;
     auto compiled = compile(fields);
     if (!compiled)
         return nullptr;
     if (m_variants.size() >= m_mostVariants)
         m_variants.clear();
     const auto& kept = m_variants.emplace_back(*std::move(compiled));
-    return kept.plainOnly ? nullptr : &kept;
+    return kept.exactOnly ? nullptr : &kept;
 }
 
 bool PreparedTemplate::matches(const Variant& variant, const Fields& fields) {
@@ -101,8 +101,8 @@ std::optional<PreparedTemplate::Variant> PreparedTemplate::compile(const Fields&
     Variant variant;
     auto text = markedText(m_text);
     while (auto block = firstBlock(text, guard)) {
-        variant.plainOnly = std::any_of(block->tag.begin(), block->tag.end(), isMark);
-        if (variant.plainOnly)
+        variant.exactOnly = std::any_of(block->tag.begin(), block->tag.end(), isMark);
+        if (variant.exactOnly)
             return variant;
         const auto field = fields.number(bytesOf(block->tag));
         const bool kept = m_decided.keeps(field, fields);
@@ -113,8 +113,8 @@ std::optional<PreparedTemplate::Variant> PreparedTemplate::compile(const Fields&
         settleBlock(text, *std::move(block), kept ? MarkedText(1, markOf(field)) : MarkedText(), guard);
         ++variant.blocks;
     }
-    variant.plainOnly = m_rows != RowBlocks::none && marksFollowMarkerStart(text);
-    if (!variant.plainOnly)
+    variant.exactOnly = m_rows != RowBlocks::none && marksFollowMarkerStart(text);
+    if (!variant.exactOnly)
         compileParts(variant, text, fields);
     return variant;
 }
@@ -133,8 +133,8 @@ void PreparedTemplate::compileParts(Variant& variant, const MarkedText& text, co
         variant.firstRow = CompiledText(parts.firstRow, fields);
         variant.secondRow = CompiledText(parts.secondRow.value_or(parts.firstRow), fields);
     }
-    variant.plainOnly = variant.header.isPlainOnly() || variant.trailer.isPlainOnly() ||
-                        variant.firstRow.isPlainOnly() || variant.secondRow.isPlainOnly();
+    variant.exactOnly = variant.header.isExactOnly() || variant.trailer.isExactOnly() ||
+                        variant.firstRow.isExactOnly() || variant.secondRow.isExactOnly();
 }
 
 void PreparedTemplate::append(const Variant& variant, const Fields& fields, Entries& entries,

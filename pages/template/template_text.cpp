@@ -1,4 +1,4 @@
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 #include "base/errors.h"
 #include "base/files.h"

@@ -1,4 +1,4 @@
-#include "pages/render_guard.h"
+#include "pages/template/render_guard.h"
 
 #include "base/errors.h"
 

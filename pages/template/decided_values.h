@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/fields.h"
+#include "pages/template/fields.h"
 
 #include <string>
 #include <string_view>

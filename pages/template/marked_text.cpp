@@ -1,4 +1,4 @@
-#include "pages/marked_text.h"
+#include "pages/template/marked_text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "pages/plain_rendering.h"
+#include "pages/template/exact_rendering.h"
 
-#include "pages/template_text.h"
+#include "pages/template/template_text.h"
 
 namespace pages {
 namespace {
@@ -61,7 +61,7 @@ private:
 
 }
 
-void renderPlainly(const std::filesystem::path& path, std::string text, RowBlocks rows, std::size_t columns,
+void renderExactly(const std::filesystem::path& path, std::string text, RowBlocks rows, std::size_t columns,
                    const Fields& fields, Entries& entries, std::string& out) {
     RenderGuard guard(path);
     resolveBlocks(text, valuesOf(fields), guard);

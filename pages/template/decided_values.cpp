@@ -1,4 +1,4 @@
-#include "pages/decided_values.h"
+#include "pages/template/decided_values.h"
 
 namespace pages {
 namespace {

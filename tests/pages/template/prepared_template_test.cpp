@@ -1,6 +1,6 @@
 #include "base/errors.h"
-#include "pages/prepared_template.h"
-#include "pages/template_text.h"
+#include "pages/template/prepared_template.h"
+#include "pages/template/template_text.h"
 #include "tests/pages/reference_renderer.h"
 
 #include <gtest/gtest.h>

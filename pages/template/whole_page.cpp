@@ -1,7 +1,7 @@
-#include "pages/whole_page.h"
+#include "pages/template/whole_page.h"
 
-#include "pages/prepared_template.h"
-#include "pages/template_text.h"
+#include "pages/template/prepared_template.h"
+#include "pages/template/template_text.h"
 
 namespace pages {
 

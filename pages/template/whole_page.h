@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/fields.h"
-#include "pages/layout.h"
+#include "pages/template/fields.h"
+#include "pages/template/layout_sizes.h"
 
 #include <filesystem>
 #include <string>

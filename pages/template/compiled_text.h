@@ -1,9 +1,9 @@
 #pragma once
 
-#include "pages/decided_values.h"
-#include "pages/fields.h"
-#include "pages/marked_text.h"
-#include "pages/render_guard.h"
+#include "pages/template/decided_values.h"
+#include "pages/template/fields.h"
+#include "pages/template/marked_text.h"
+#include "pages/template/render_guard.h"
 
 #include <cstddef>
 #include <string>
@@ -21,7 +21,7 @@ public:
 
     /// The text has loose braces ("{a{b}", "{a"), so where its tags begin and end depends on the values:
     /// replace them one by one.
-    [[nodiscard]] bool isPlainOnly() const { return m_plainOnly; }
+    [[nodiscard]] bool isExactOnly() const { return m_exactOnly; }
 
     /// How many different tags it has.
     [[nodiscard]] std::size_t replacements() const { return m_replacements; }
@@ -45,7 +45,7 @@ private:
     std::string m_literals;
     std::vector<Piece> m_pieces;
     std::size_t m_replacements = 0;
-    bool m_plainOnly = false;
+    bool m_exactOnly = false;
 };
 
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "pages/compiled_text.h"
-#include "pages/decided_values.h"
-#include "pages/fields.h"
-#include "pages/render_guard.h"
+#include "pages/template/compiled_text.h"
+#include "pages/template/decided_values.h"
+#include "pages/template/fields.h"
+#include "pages/template/render_guard.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -61,7 +61,7 @@ private:
     struct Variant {
         std::vector<Decision> decisions;
         std::size_t blocks = 0;
-        bool plainOnly = false; // the rest is worth nothing
+        bool exactOnly = false; // the rest is worth nothing
         CompiledText header;
         CompiledText firstRow;
         CompiledText secondRow;
@@ -70,7 +70,7 @@ private:
         bool rowsAreEqual = false; // the second is the copy of the first
     };
 
-    // None where these values make it necessary to render plainly.
+    // None where these values make it necessary to render exactly.
     [[nodiscard]] const Variant* variantFor(const Fields& fields);
     [[nodiscard]] bool matches(const Variant& variant, const Fields& fields);
     [[nodiscard]] std::optional<Variant> compile(const Fields& fields);

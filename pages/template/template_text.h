@@ -1,8 +1,8 @@
 #pragma once
 
-#include "pages/layout.h"
-#include "pages/marked_text.h"
-#include "pages/render_guard.h"
+#include "pages/template/layout_sizes.h"
+#include "pages/template/marked_text.h"
+#include "pages/template/render_guard.h"
 
 #include <cstddef>
 #include <filesystem>

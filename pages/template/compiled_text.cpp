@@ -1,4 +1,4 @@
-#include "pages/compiled_text.h"
+#include "pages/template/compiled_text.h"
 
 #include <algorithm>
 #include <set>
@@ -11,9 +11,9 @@ CompiledText::CompiledText(const MarkedText& text, const Fields& fields) {
     for (auto open = text.find(u'{'); open != MarkedText::npos; open = text.find(u'{', at)) {
         const auto close = text.find(u'}', open);
         const auto inside = text.substr(open + 1, close - open - 1);
-        m_plainOnly = close == MarkedText::npos || inside.find(u'{') != MarkedText::npos ||
+        m_exactOnly = close == MarkedText::npos || inside.find(u'{') != MarkedText::npos ||
                       std::any_of(inside.begin(), inside.end(), isMark);
-        if (m_plainOnly)
+        if (m_exactOnly)
             return;
         addText(text, at, open);
         const auto tag = "{" + bytesOf(inside) + "}";
