@@ -7,17 +7,13 @@ namespace {
 
 constexpr char16_t firstMark = 0x100;
 
-MarkedText raised(std::string_view bytes, char16_t by) {
-    MarkedText text(bytes.size(), u'\0');
-    std::transform(bytes.begin(), bytes.end(), text.begin(),
-                   [by](char byte) { return static_cast<char16_t>(static_cast<unsigned char>(byte) + by); });
-    return text;
-}
-
 }
 
 MarkedText markedText(std::string_view bytes) {
-    return raised(bytes, 0);
+    MarkedText text(bytes.size(), u'\0');
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return static_cast<char16_t>(static_cast<unsigned char>(byte)); });
+    return text;
 }
 
 char16_t markOf(unsigned field) {
@@ -30,10 +26,6 @@ unsigned fieldOf(char16_t mark) {
 
 bool isMark(char16_t character) {
     return character >= firstMark;
-}
-
-MarkedText sealed(std::string_view value) {
-    return raised(value, firstMark);
 }
 
 std::string bytesOf(const MarkedText& text) {

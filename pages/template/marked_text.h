@@ -5,8 +5,8 @@
 
 namespace pages {
 
-/// A text of bytes and of characters above them that no search for braces, tags and markers ever finds:
-/// marks that stand for a field's value, or values that are sealed against being read as template.
+/// A text of bytes and of marks, characters above all bytes that stand for a field's value. No search for
+/// braces, tags and markers ever finds a mark.
 using MarkedText = std::u16string;
 
 [[nodiscard]] MarkedText markedText(std::string_view bytes);
@@ -16,10 +16,7 @@ using MarkedText = std::u16string;
 [[nodiscard]] unsigned fieldOf(char16_t mark);
 [[nodiscard]] bool isMark(char16_t character);
 
-/// A value whose bytes are no part of the template. `bytesOf` gives them back.
-[[nodiscard]] MarkedText sealed(std::string_view value);
-
-/// The bytes of a text, those of sealed values included. The text must hold no mark of a field.
+/// The bytes of a text that holds no mark.
 [[nodiscard]] std::string bytesOf(const MarkedText& text);
 
 }

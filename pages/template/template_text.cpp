@@ -10,34 +10,6 @@
 #include <system_error>
 
 namespace pages {
-namespace {
-
-template <typename Text, typename Value>
-void resolveAllBlocks(Text& text, const Value& valueOf, RenderGuard& guard) {
-    while (auto block = firstBlock(text, guard)) {
-        const auto value = valueOf(block->tag);
-        settleBlock(text, *std::move(block), value, guard);
-    }
-}
-
-template <typename Text, typename Value>
-void resolveAllTags(Text& text, const Value& valueOf, RenderGuard& guard) {
-    // Nothing in front of `open` holds a "{", so going on there is as good as starting again.
-    for (auto open = text.find('{'); open != Text::npos; open = text.find('{', open)) {
-        const auto close = text.find('}', open);
-        if (close == Text::npos)
-            return;
-        guard.countReplacements(1);
-        const auto tag = text.substr(open, close - open + 1);
-        replaceEvery(text, tag, valueOf(tag), open, guard);
-    }
-}
-
-auto sealing(const ValueOf& valueOf) {
-    return [&valueOf](const MarkedText& tag) { return sealed(valueOf(bytesOf(tag))); };
-}
-
-}
 
 TemplateFile readTemplate(const std::filesystem::path& folder, std::string_view name) {
     const auto path = base::filePath(folder, name);
@@ -74,19 +46,22 @@ unsigned takeColumnCount(std::string& text) {
 }
 
 void resolveBlocks(std::string& text, const ValueOf& valueOf, RenderGuard& guard) {
-    resolveAllBlocks(text, valueOf, guard);
+    while (auto block = firstBlock(text, guard)) {
+        const auto value = valueOf(block->tag);
+        settleBlock(text, *std::move(block), value, guard);
+    }
 }
 
 void resolveTags(std::string& text, const ValueOf& valueOf, RenderGuard& guard) {
-    resolveAllTags(text, valueOf, guard);
-}
-
-void resolveBlocks(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard) {
-    resolveAllBlocks(text, sealing(valueOf), guard);
-}
-
-void resolveTags(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard) {
-    resolveAllTags(text, sealing(valueOf), guard);
+    // Nothing in front of `open` holds a "{", so going on there is as good as starting again.
+    for (auto open = text.find('{'); open != std::string::npos; open = text.find('{', open)) {
+        const auto close = text.find('}', open);
+        if (close == std::string::npos)
+            return;
+        guard.countReplacements(1);
+        const auto tag = text.substr(open, close - open + 1);
+        replaceEvery(text, tag, valueOf(tag), open, guard);
+    }
 }
 
 }

@@ -42,11 +42,6 @@ void resolveBlocks(std::string& text, const ValueOf& valueOf, RenderGuard& guard
 /// and a "{" with no "}" behind it stay.
 void resolveTags(std::string& text, const ValueOf& valueOf, RenderGuard& guard);
 
-/// The same for documents whose values the user types: what a value holds is never read as a tag or a
-/// marker. Begin with `markedText`, end with `bytesOf`.
-void resolveBlocks(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard);
-void resolveTags(MarkedText& text, const ValueOf& valueOf, RenderGuard& guard);
-
 /// Replaces every occurrence behind `start`; what is put in is not looked at again.
 template <typename Text>
 void replaceEvery(Text& text, const Text& from, const Text& to, std::size_t start, RenderGuard& guard) {

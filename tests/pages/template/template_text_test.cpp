@@ -4,25 +4,6 @@
 
 namespace {
 
-std::string value(std::string_view tag) {
-    if (tag == "{NAME}")
-        return "{{ {PHONE} }} <R1>{PHONE}";
-    return tag == "{PHONE}" ? "555" : "";
-}
-
-TEST(TemplateText, SealedValuesAreNeverReadAsTemplate) {
-    const std::filesystem::path path("T.Ect");
-    pages::RenderGuard guard(path);
-    auto text = pages::markedText("{{by {NAME}, {PHONE} }}\xE9{{no {FAX} }}<R1>{PHONE}{NAME}</R1>");
-    pages::resolveBlocks(text, value, guard);
-    auto parts = pages::splitAtRows(text, guard);
-    pages::resolveTags(parts.header, value, guard);
-    pages::resolveTags(parts.firstRow, value, guard);
-    EXPECT_EQ(pages::bytesOf(parts.header), "by {{ {PHONE} }} <R1>{PHONE}, 555 \xE9");
-    EXPECT_EQ(pages::bytesOf(parts.firstRow), "555{{ {PHONE} }} <R1>{PHONE}");
-    EXPECT_FALSE(parts.secondRow);
-}
-
 TEST(TemplateText, ReplacesLayoutSizesOneAfterTheOther) {
     EXPECT_EQ(pages::replaceLayoutSizes("{LS}{FS1}{FS2}{{LS} {ls}{LS}", {"50", "2", "3"}), "5023{50 {ls}50");
 }
