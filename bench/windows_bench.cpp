@@ -15,8 +15,8 @@
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
 #include "ui/system/disk_file.h"
-#include "ui/system/instance_lock.h"
-#include "ui/system/screen.h"
+#include "ui/system/file_instance_lock.h"
+#include "ui/system/primary_screen.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

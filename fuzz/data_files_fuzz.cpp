@@ -1,7 +1,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "catalog/catalog.h"
-#include "fuzz/check.h"
+#include "fuzz/require.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -29,8 +29,8 @@ std::size_t readAll(const catalog::Catalog& catalog) {
         sum +=
             product.description().size() + product.other().size() + catalog.groupName(product.group()).size();
         const auto memo = catalog.memos.text(product.memoPosition(), product.memoLength());
-        fuzz::check(memo.size() <= INT16_MAX, "a long description is too long");
-        fuzz::check(product.price() == product.price(), "a price is not a number");
+        fuzz::require(memo.size() <= INT16_MAX, "a long description is too long");
+        fuzz::require(product.price() == product.price(), "a price is not a number");
         sum += memo.size() + static_cast<std::size_t>(catalog.codes.find(product.code()));
     }
     return sum;
@@ -46,12 +46,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         static_cast<void>(readAll(catalog::openCatalog(folder)));
         catalog::storeCatalogPassword(folder / catalog::parametersFile, "fuzz");
-        fuzz::check(size >= wholeParameters, "a short parameters file was read");
-        fuzz::check(base::readFile(folder / catalog::parametersFile) ==
-                        std::string(bytes).replace(4, 9, "FUZZ     "),
-                    "the password changed other bytes");
+        fuzz::require(size >= wholeParameters, "a short parameters file was read");
+        fuzz::require(base::readFile(folder / catalog::parametersFile) ==
+                          std::string(bytes).replace(4, 9, "FUZZ     "),
+                      "the password changed other bytes");
     } catch (const base::DamagedFile&) {
-        fuzz::check(size < wholeParameters, "a whole parameters file was refused");
+        fuzz::require(size < wholeParameters, "a whole parameters file was refused");
     }
     return 0;
 }

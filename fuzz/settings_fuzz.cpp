@@ -1,6 +1,6 @@
 #include "base/text.h"
 #include "catalog/settings_file.h"
-#include "fuzz/check.h"
+#include "fuzz/require.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -32,11 +32,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto other = catalog::settingIn(file, "S", "L");
 
     const auto written = catalog::withSetting(file, "S", "K", value);
-    fuzz::check(catalog::settingIn(written, "S", "K") == readBack(value), "another value was read");
-    fuzz::check(readBack(value).size() <= 249, "a value is too long");
-    fuzz::check(catalog::settingIn(written, "S", "L") == other, "another key changed");
-    fuzz::check(catalog::withSetting(written, "S", "K", value) == written,
-                "writing twice is not writing once");
-    fuzz::check(changesOnePlace(file, written), "another line changed");
+    fuzz::require(catalog::settingIn(written, "S", "K") == readBack(value), "another value was read");
+    fuzz::require(readBack(value).size() <= 249, "a value is too long");
+    fuzz::require(catalog::settingIn(written, "S", "L") == other, "another key changed");
+    fuzz::require(catalog::withSetting(written, "S", "K", value) == written,
+                  "writing twice is not writing once");
+    fuzz::require(changesOnePlace(file, written), "another line changed");
     return 0;
 }

@@ -4,7 +4,7 @@
 #include "order/basket_file.h"
 #include "order/basket_line.h"
 #include "order/cent_sum.h"
-#include "order/money.h"
+#include "order/pricing.h"
 
 #include <cstdint>
 #include <span>

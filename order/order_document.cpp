@@ -3,8 +3,8 @@
 #include "base/errors.h"
 #include "base/numbers.h"
 #include "order/document_part.h"
-#include "order/money.h"
 #include "order/order_fields.h"
+#include "order/pricing.h"
 
 #include <algorithm>
 #include <cmath>

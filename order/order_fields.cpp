@@ -3,7 +3,7 @@
 #include "base/money.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "order/money.h"
+#include "order/pricing.h"
 #include "pages/parameter_fields.h"
 
 #include <algorithm>

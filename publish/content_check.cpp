@@ -2,8 +2,8 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
-#include "publish/check.h"
-#include "publish/links.h"
+#include "publish/linked_codes.h"
+#include "publish/source_check.h"
 
 #include <algorithm>
 #include <array>

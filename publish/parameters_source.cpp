@@ -2,7 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
-#include "publish/check.h"
+#include "publish/source_check.h"
 
 #include <array>
 #include <functional>

@@ -3,8 +3,8 @@
 #include "base/code_page.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "publish/check.h"
 #include "publish/csv.h"
+#include "publish/source_check.h"
 
 #include <algorithm>
 #include <array>

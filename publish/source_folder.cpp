@@ -2,10 +2,10 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
-#include "publish/check.h"
 #include "publish/content_check.h"
 #include "publish/parameters_source.h"
 #include "publish/product_table.h"
+#include "publish/source_check.h"
 
 #include <algorithm>
 #include <array>
@@ -120,7 +120,7 @@ SourceFolder readSourceFolder(const fs::path& folder, const std::vector<fs::path
     folders.insert(folders.end(), further.begin(), further.end());
     source.content = contentOf(folders);
 
-    for (auto& found : {check(source.catalog), checkContent(source.catalog, source.content)})
+    for (auto& found : {checkSource(source.catalog), checkContent(source.catalog, source.content)})
         complaints.insert(complaints.end(), found.begin(), found.end());
     return source;
 }

@@ -8,8 +8,8 @@
 #include "ui/qt/icons.h"
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
-#include "ui/system/instance_lock.h"
-#include "ui/system/screen.h"
+#include "ui/system/file_instance_lock.h"
+#include "ui/system/primary_screen.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

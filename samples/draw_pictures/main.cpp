@@ -1,7 +1,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
-#include "publish/check.h"
 #include "publish/product_table.h"
+#include "publish/source_check.h"
 #include "samples/draw_pictures/house.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "publish/csv.h"
-#include "publish/links.h"
+#include "publish/linked_codes.h"
 #include "publish/parameters_source.h"
 #include "publish/product_table.h"
 

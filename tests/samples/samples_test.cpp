@@ -2,7 +2,7 @@
 #include "base/files.h"
 #include "catalog/catalog.h"
 #include "pages/catalog_pages.h"
-#include "publish/links.h"
+#include "publish/linked_codes.h"
 #include "tests/publish/zip_entries.h"
 #include "tests/support/test_folder.h"
 

@@ -1,9 +1,9 @@
 #include "ui/qt/icons.h"
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
-#include "ui/system/instance_lock.h"
-#include "ui/system/program_file.h"
-#include "ui/system/screen.h"
+#include "ui/system/file_instance_lock.h"
+#include "ui/system/primary_screen.h"
+#include "ui/system/running_program_file.h"
 
 #include <QApplication>
 

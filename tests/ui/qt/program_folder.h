@@ -3,8 +3,8 @@
 #include "tests/support/catalog_builder.h"
 #include "tour/script.h"
 #include "ui/qt/program.h"
-#include "ui/system/instance_lock.h"
-#include "ui/system/screen.h"
+#include "ui/system/file_instance_lock.h"
+#include "ui/system/primary_screen.h"
 
 #include <QLineEdit>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "base/numbers.h"
 #include "catalog/record_codec.h"
 #include "order/cent_sum.h"
-#include "order/money.h"
+#include "order/pricing.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 namespace {
 using order::TaxStatus;
 
-class Money : public testing::Test {
+class Pricing : public testing::Test {
 protected:
     catalog::ProductRecord product(float price, float taxRate) {
         catalog::ProductValues values;
@@ -25,7 +25,7 @@ private:
     catalog::Bytes<catalog::ProductRecord> m_bytes{};
 };
 
-TEST_F(Money, ComesToTheCentForTypedLinesAndForRepricedOnes) {
+TEST_F(Pricing, ComesToTheCentForTypedLinesAndForRepricedOnes) {
     const struct {
         float price, quantity, rate;
         const char *typedTax, *typedAmount, *repricedTax, *repricedAmount;
@@ -73,7 +73,7 @@ TEST_F(Money, ComesToTheCentForTypedLinesAndForRepricedOnes) {
     }
 }
 
-TEST_F(Money, QuantitiesAreTheNumberAtTheStartOfAnyText) {
+TEST_F(Pricing, QuantitiesAreTheNumberAtTheStartOfAnyText) {
     const struct {
         std::string text;
         float quantity;
@@ -94,7 +94,7 @@ TEST_F(Money, QuantitiesAreTheNumberAtTheStartOfAnyText) {
         EXPECT_EQ(order::typedQuantity(c.text), c.quantity) << c.text;
 }
 
-TEST_F(Money, SumsForgetNothingHoweverLargeTheSummands) {
+TEST_F(Pricing, SumsForgetNothingHoweverLargeTheSummands) {
     order::CentSum sum;
     sum.add(0.05F);
     for (const float large : {3e38F, 123456789.0F, 2e20F, -7e30F}) {

@@ -1,4 +1,4 @@
-#include "ui/system/instance_lock.h"
+#include "ui/system/file_instance_lock.h"
 
 #include <QCryptographicHash>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "ui/system/program_file.h"
+#include "ui/system/running_program_file.h"
 
 #include "ui/system/file_attributes.h"
 

@@ -1,4 +1,4 @@
-#include "order/money.h"
+#include "order/pricing.h"
 
 #include "base/money.h"
 

@@ -1,4 +1,4 @@
-#include "ui/system/screen.h"
+#include "ui/system/primary_screen.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -12,6 +12,6 @@ inline constexpr const char* groupsSource = "groups.csv";
 
 /// Everything in the catalogue that the data files can not hold or the viewer would not show well.
 /// A source without errors can be written whole, with nothing cut.
-[[nodiscard]] Complaints check(const CatalogSource& source);
+[[nodiscard]] Complaints checkSource(const CatalogSource& source);
 
 }

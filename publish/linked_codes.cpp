@@ -1,4 +1,4 @@
-#include "publish/links.h"
+#include "publish/linked_codes.h"
 
 #include "base/text.h"
 

@@ -1,4 +1,4 @@
-#include "publish/check.h"
+#include "publish/source_check.h"
 
 #include "base/code_page.h"
 
@@ -133,7 +133,7 @@ private:
 
 }
 
-Complaints check(const CatalogSource& source) {
+Complaints checkSource(const CatalogSource& source) {
     return Checker(source).run();
 }
 

@@ -6,7 +6,7 @@
 namespace fuzz {
 
 /// Stops the run, so that the input is kept, when what must hold does not.
-inline void check(bool holds, const char* what) {
+inline void require(bool holds, const char* what) {
     if (holds)
         return;
     std::cerr << what << '\n';

@@ -1,4 +1,4 @@
-#include "publish/check.h"
+#include "publish/source_check.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ TEST(Check, ASoundCatalogueIsPassedWithoutComplaint) {
     product.description = std::string(78, 'd');
     product.picture = std::string(20, 'p');
     product.longDescription = std::string(32767, 'l');
-    EXPECT_EQ(publish::check(source).size(), 0);
+    EXPECT_EQ(publish::checkSource(source).size(), 0);
 }
 
 TEST(Check, WhatTheDataFilesCanNotHoldIsComplainedOf) {
@@ -88,7 +88,7 @@ TEST(Check, WhatTheDataFilesCanNotHoldIsComplainedOf) {
         auto source = soundCatalog();
         auto& group = source.contents.groups[0];
         c.spoil(source, group, group.products[0]);
-        const auto complaints = publish::check(source);
+        const auto complaints = publish::checkSource(source);
         ASSERT_EQ(complaints.size(), 1) << c.text;
         EXPECT_THAT(complaints[0].text, HasSubstr(c.text));
         EXPECT_EQ(complaints[0].weight, c.weight) << c.text;
@@ -105,7 +105,7 @@ TEST(Check, AGroupBelowTheFourthListIsWarnedOf) {
         group = &group->groups[0];
     }
     group->products = {{.code = "A1", .description = "Bolt"}};
-    const auto complaints = publish::check(source);
+    const auto complaints = publish::checkSource(source);
     ASSERT_EQ(complaints.size(), 1);
     EXPECT_THAT(complaints[0].text, HasSubstr("\"L4\" lies too deep"));
 }
