@@ -9,6 +9,9 @@
 /// double; every function is one step, so that results are the same to the bit wherever they are computed.
 namespace base {
 
+/// How many decimals money shows.
+inline constexpr int moneyDecimals = 2;
+
 /// The single nearest to the value; one that no single can hold, or that is not a number, counts as 0.
 [[nodiscard]] inline float held(double value) {
     return std::fabs(value) <= double{std::numeric_limits<float>::max()} ? static_cast<float>(value) : 0.0F;

@@ -4,17 +4,18 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "order/pricing.h"
-#include "pages/parameter_fields.h"
+#include "pages/parameter_tags.h"
 
-#include <algorithm>
 #include <array>
 
 namespace order {
 namespace {
 
-using catalog::ParameterText;
-
-constexpr int decimals = 2;
+using pages::areDistinct;
+using pages::isDistinct;
+using pages::parameterTags;
+using pages::Tag;
+using pages::TagTable;
 
 /// A row and what its values depend on besides.
 struct ShownRow {
@@ -30,7 +31,7 @@ struct ShownOrder {
 };
 
 void appendMoney(std::string& out, double value) {
-    base::appendFixed(out, value, decimals);
+    base::appendFixed(out, value, base::moneyDecimals);
 }
 
 // To the cent, which the difference of two doubles need not be.
@@ -69,12 +70,10 @@ void appendCell(const ShownRow& row, std::string& out) {
     out += row.cells.*Cell;
 }
 
-struct RowTag {
-    std::string_view tag;
-    void (*append)(const ShownRow&, std::string&);
-};
+using AppendFromRow = void (*)(const ShownRow&, std::string&);
+using RowTag = Tag<AppendFromRow>;
 
-constexpr std::array rowTags{
+constexpr std::array rowTagsInOrder{
     RowTag{"{QTY}", appendQuantity},
     RowTag{"{CODE}", appendCell<&DocumentRow::code>},
     RowTag{"{DESC}", appendCell<&DocumentRow::description>},
@@ -86,6 +85,7 @@ constexpr std::array rowTags{
     RowTag{"{AMTINC}", appendCell<&DocumentRow::amount>},
     RowTag{"{AMTEXC}", appendAmountWithoutTax},
 };
+constexpr TagTable rowTags{parameterTags.end(), rowTagsInOrder};
 
 template <std::string DeliveryDetails::*Detail>
 void appendTrimmed(const ShownOrder& shown, std::string& out) {
@@ -130,12 +130,10 @@ void appendTotalWithoutTax(const ShownOrder& shown, std::string& out) {
     appendMoney(out, difference(totals.order, totals.tax));
 }
 
-struct OrderTag {
-    std::string_view tag;
-    void (*append)(const ShownOrder&, std::string&);
-};
+using AppendFromOrder = void (*)(const ShownOrder&, std::string&);
+using OrderTag = Tag<AppendFromOrder>;
 
-constexpr std::array orderTags{
+constexpr std::array orderTagsInOrder{
     OrderTag{"{ATTENTION}", appendTrimmed<&DeliveryDetails::attention>},
     OrderTag{"{ORGNAME}", appendTrimmed<&DeliveryDetails::business>},
     OrderTag{"{STREET}", appendTrimmed<&DeliveryDetails::street>},
@@ -152,17 +150,10 @@ constexpr std::array orderTags{
     OrderTag{"{TOTINC}", appendTotal},
     OrderTag{"{TOTEXC}", appendTotalWithoutTax},
 };
+constexpr TagTable orderTags{rowTags.end(), orderTagsInOrder};
 
-// A parameter text has the number of its record, from 2 to 19; the other tags follow these numbers.
-constexpr unsigned firstRowTag = 20;
-constexpr unsigned firstOrderTag = firstRowTag + static_cast<unsigned>(rowTags.size());
-
-template <typename Tags>
-unsigned numberIn(const Tags& tags, std::string_view tag, unsigned first) {
-    const auto found =
-        std::find_if(tags.begin(), tags.end(), [&](const auto& known) { return known.tag == tag; });
-    return found == tags.end() ? 0 : first + static_cast<unsigned>(found - tags.begin());
-}
+static_assert(isDistinct(rowTags) && isDistinct(orderTags) && areDistinct(rowTags, orderTags));
+static_assert(areDistinct(parameterTags, rowTags) && areDistinct(parameterTags, orderTags));
 
 }
 
@@ -173,21 +164,21 @@ OrderFields::OrderFields(const catalog::Parameters& parameters, const OrderConte
       m_kind(kind) {}
 
 unsigned OrderFields::number(std::string_view tag) const {
-    if (const auto text = pages::parameterOf(tag))
-        return static_cast<unsigned>(*text);
-    if (const auto row = numberIn(rowTags, tag, firstRowTag); row != 0)
+    if (const auto text = parameterTags.number(tag); text != 0)
+        return text;
+    if (const auto row = rowTags.number(tag); row != 0)
         return row;
-    return numberIn(orderTags, tag, firstOrderTag);
+    return orderTags.number(tag);
 }
 
 void OrderFields::append(unsigned number, std::string& out) const {
-    if (number < firstRowTag) {
-        out += m_parameters.text(static_cast<ParameterText>(number));
-    } else if (number >= firstOrderTag) {
-        orderTags[number - firstOrderTag].append({m_order, m_kind}, out);
+    if (parameterTags.holds(number)) {
+        out += m_parameters.text(parameterTags[number]);
+    } else if (orderTags.holds(number)) {
+        orderTags[number]({m_order, m_kind}, out);
     } else if (m_row != nullptr) {
         const bool exempt = m_order.taxStatus == TaxStatus::exempt;
-        rowTags[number - firstRowTag].append({*m_row, exempt, m_parameters.header().quantityDecimals()}, out);
+        rowTags[number]({*m_row, exempt, m_parameters.header().quantityDecimals()}, out);
     }
 }
 

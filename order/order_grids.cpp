@@ -7,8 +7,6 @@
 namespace order {
 namespace {
 
-constexpr int decimals = 2;
-
 RowColour colourOf(const BasketLine& line) {
     return line.amount > 0 ? RowColour::green : RowColour::white;
 }
@@ -23,7 +21,7 @@ OrderRow::OrderRow(const BasketLine& line)
 
 LineCells OrderRow::cells() const {
     const auto text = [](const Money& money) {
-        return money.plain ? base::textOf(money.value) : base::fixedText(money.value, decimals);
+        return money.plain ? base::textOf(money.value) : base::fixedText(money.value, base::moneyDecimals);
     };
     return {m_quantity, text(m_tax), text(m_amount), m_colour};
 }

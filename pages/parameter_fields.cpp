@@ -3,41 +3,9 @@
 #include "base/code_page.h"
 
 #include <algorithm>
-#include <array>
 
 namespace pages {
 namespace {
-
-using catalog::ParameterText;
-
-// A parameter text has the number of its record, from 2 on.
-constexpr unsigned dirNumber = 1;
-constexpr unsigned noImgNumber = 30;
-
-struct ParameterTag {
-    std::string_view tag;
-    ParameterText text;
-};
-
-constexpr std::array parameterTags{
-    ParameterTag{"{TAXNAME}", ParameterText::taxName},
-    ParameterTag{"{CATNAME}", ParameterText::catalogName},
-    ParameterTag{"{SUPNAME}", ParameterText::supplierName},
-    ParameterTag{"{SUPEMAIL}", ParameterText::supplierEmail},
-    ParameterTag{"{SUPFAX}", ParameterText::supplierFax},
-    ParameterTag{"{SUPSTREET}", ParameterText::supplierStreet},
-    ParameterTag{"{SUPCITY}", ParameterText::supplierCity},
-    ParameterTag{"{SUPSTATE}", ParameterText::supplierState},
-    ParameterTag{"{SUPZIP}", ParameterText::supplierZip},
-    ParameterTag{"{SUPCOUNTRY}", ParameterText::supplierCountry},
-    ParameterTag{"{SUPPHONE}", ParameterText::supplierPhone},
-    ParameterTag{"{SUPCELL}", ParameterText::supplierCell},
-    ParameterTag{"{SUPWEB}", ParameterText::supplierWeb},
-    ParameterTag{"{CODENAME}", ParameterText::codeCaption},
-    ParameterTag{"{DESCNAME}", ParameterText::descriptionCaption},
-    ParameterTag{"{PRICENAME}", ParameterText::priceCaption},
-    ParameterTag{"{CUR}", ParameterText::currency},
-};
 
 std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly) {
     auto text = base::textOf(programFileIsReadOnly ? folders.ProgramFolder : folders.DataFolder);
@@ -49,12 +17,6 @@ std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly)
 
 }
 
-std::optional<ParameterText> parameterOf(std::string_view tag) {
-    const auto* const found = std::find_if(parameterTags.begin(), parameterTags.end(),
-                                           [&](const auto& known) { return known.tag == tag; });
-    return found == parameterTags.end() ? std::nullopt : std::optional(found->text);
-}
-
 ParameterFields::ParameterFields(const catalog::Parameters& parameters, const catalog::Folders& folders,
                                  bool programFileIsReadOnly)
     : m_parameters(parameters),
@@ -62,21 +24,15 @@ ParameterFields::ParameterFields(const catalog::Parameters& parameters, const ca
       m_noImg(noImgOf(folders, programFileIsReadOnly)) {}
 
 unsigned ParameterFields::number(std::string_view tag) const {
-    if (tag == "{DIR}")
-        return dirNumber;
-    if (tag == "{NOIMG}")
-        return noImgNumber;
-    const auto text = parameterOf(tag);
-    return text ? static_cast<unsigned>(*text) : 0;
+    const auto number = parameterTags.number(tag);
+    return number != 0 ? number : folderTags.number(tag);
 }
 
 void ParameterFields::append(unsigned number, std::string& out) const {
-    if (number == dirNumber)
-        out += m_dir;
-    else if (number == noImgNumber)
-        out += m_noImg;
+    if (parameterTags.holds(number))
+        out += m_parameters.text(parameterTags[number]);
     else
-        out += m_parameters.text(static_cast<ParameterText>(number));
+        out += folderTags[number] == FolderTag::dir ? m_dir : m_noImg;
 }
 
 }

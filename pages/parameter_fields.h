@@ -1,24 +1,25 @@
 #pragma once
 
 #include "catalog/catalog.h"
+#include "pages/parameter_tags.h"
 #include "pages/template/fields.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace pages {
 
-/// The parameter text that a tag ("{SUPNAME}") stands for in every kind of template.
-[[nodiscard]] std::optional<catalog::ParameterText> parameterOf(std::string_view tag);
+enum class FolderTag { dir, noImg };
+
+/// The tags of the folders, for pages that are shown from them.
+inline constexpr TagTable folderTags{
+    parameterTags.end(), std::array{Tag{"{DIR}", FolderTag::dir}, Tag{"{NOIMG}", FolderTag::noImg}}};
+static_assert(areDistinct(parameterTags, folderTags));
 
 /// The tags that need no product: the catalogue's parameter texts and the folders. Tags of a product are
 /// unknown here and so empty. The parameters must live as long.
 class ParameterFields : public Fields {
 public:
-    /// All numbers are below this one.
-    static constexpr unsigned numberEnd = 32;
-
     ParameterFields(const catalog::Parameters& parameters, const catalog::Folders& folders,
                     bool programFileIsReadOnly);
 

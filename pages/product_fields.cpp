@@ -3,14 +3,11 @@
 #include "base/money.h"
 #include "base/text.h"
 
-#include <algorithm>
-#include <array>
-
 namespace pages {
 namespace {
 
-enum class Field : unsigned {
-    picture = ParameterFields::numberEnd,
+enum class Field {
+    picture,
     code,
     description,
     other,
@@ -22,25 +19,22 @@ enum class Field : unsigned {
     groupDescription
 };
 
-struct NamedField {
-    std::string_view tag;
-    Field field;
+constexpr std::array productTagsInOrder{
+    Tag{"{IMG}", Field::picture},
+    Tag{"{CODE}", Field::code},
+    Tag{"{DESC}", Field::description},
+    Tag{"{OTHER}", Field::other},
+    Tag{"{TAX%}", Field::taxRate},
+    Tag{"{TAX$}", Field::tax},
+    Tag{"{PRICEINC}", Field::priceWithTax},
+    Tag{"{PRICEEXC}", Field::price},
+    Tag{"{LNGDESC}", Field::longDescription},
+    Tag{"{GRPDESC}", Field::groupDescription},
 };
+constexpr TagTable productTags{folderTags.end(), productTagsInOrder};
+static_assert(isDistinct(productTags));
+static_assert(areDistinct(parameterTags, productTags) && areDistinct(folderTags, productTags));
 
-constexpr std::array fields{
-    NamedField{"{IMG}", Field::picture},
-    NamedField{"{CODE}", Field::code},
-    NamedField{"{DESC}", Field::description},
-    NamedField{"{OTHER}", Field::other},
-    NamedField{"{TAX%}", Field::taxRate},
-    NamedField{"{TAX$}", Field::tax},
-    NamedField{"{PRICEINC}", Field::priceWithTax},
-    NamedField{"{PRICEEXC}", Field::price},
-    NamedField{"{LNGDESC}", Field::longDescription},
-    NamedField{"{GRPDESC}", Field::groupDescription},
-};
-
-constexpr int decimals = 2;
 constexpr std::string_view nothing = "0.00";
 
 }
@@ -55,15 +49,14 @@ void ProductFields::show(const catalog::ProductRecord& record, std::string_view 
 }
 
 unsigned ProductFields::number(std::string_view tag) const {
-    const auto found =
-        std::find_if(fields.begin(), fields.end(), [&](const auto& known) { return known.tag == tag; });
-    return found == fields.end() ? m_parameters.number(tag) : static_cast<unsigned>(found->field);
+    const auto number = productTags.number(tag);
+    return number != 0 ? number : m_parameters.number(tag);
 }
 
 void ProductFields::append(unsigned number, std::string& out) const {
-    if (number < ParameterFields::numberEnd)
+    if (!productTags.holds(number))
         return m_parameters.append(number, out);
-    switch (static_cast<Field>(number)) {
+    switch (productTags[number]) {
     case Field::picture:
         return appendPicture(out);
     case Field::code:
@@ -82,7 +75,7 @@ void ProductFields::append(unsigned number, std::string& out) const {
     case Field::priceWithTax:
         return appendPriceWithTax(out);
     case Field::price:
-        return base::appendFixed(out, m_record.price(), decimals);
+        return base::appendFixed(out, m_record.price(), base::moneyDecimals);
     case Field::longDescription:
         return appendLongDescription(out);
     case Field::groupDescription:
@@ -104,22 +97,23 @@ void ProductFields::appendTaxRate(std::string& out) const {
     if (m_tax == TaxStatus::exempt)
         out += nothing;
     else
-        base::appendFixed(out, m_record.taxRate(), decimals);
+        base::appendFixed(out, m_record.taxRate(), base::moneyDecimals);
 }
 
 void ProductFields::appendTax(std::string& out) const {
     if (m_tax == TaxStatus::exempt)
         out += nothing;
     else
-        base::appendFixed(
-            out, base::held(base::percentOf(double{m_record.price()}, double{m_record.taxRate()})), decimals);
+        base::appendFixed(out,
+                          base::held(base::percentOf(double{m_record.price()}, double{m_record.taxRate()})),
+                          base::moneyDecimals);
 }
 
 void ProductFields::appendPriceWithTax(std::string& out) const {
     const double price = m_record.price();
     const double withTax = base::percentOf(price, double{m_record.taxRate()}) + price;
     const bool exempt = m_tax == TaxStatus::exempt;
-    base::appendFixed(out, exempt ? m_record.price() : base::heldCents(withTax), decimals);
+    base::appendFixed(out, exempt ? m_record.price() : base::heldCents(withTax), base::moneyDecimals);
 }
 
 void ProductFields::appendLongDescription(std::string& out) const {

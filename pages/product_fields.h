@@ -3,8 +3,8 @@
 #include "catalog/memo_file.h"
 #include "catalog/records.h"
 #include "pages/parameter_fields.h"
-#include "pages/template/fields.h"
 #include "pages/tax_status.h"
+#include "pages/template/fields.h"
 
 #include <string>
 #include <string_view>

@@ -1,12 +1,10 @@
 #include "ui/order_cells.h"
 
-#include "base/numbers.h"
+#include "base/money.h"
 #include "ui/product_cells.h"
 
 namespace ui {
 namespace {
-
-constexpr int decimals = 2;
 
 std::string orderedCell(const order::LineCells& ordered, Field field) {
     switch (field) {
@@ -32,9 +30,9 @@ std::string productCell(catalog::ProductRecord record, const order::LineCells& o
 std::string orderCell(const catalog::ProductTable& products, const order::OrderRow& row, Field field) {
     const auto product = products.at(row.product());
     if (field == Field::taxRate)
-        return base::fixedText(product.taxRate(), decimals);
+        return base::fixedText(product.taxRate(), base::moneyDecimals);
     if (field == Field::price)
-        return base::fixedText(product.price(), decimals);
+        return base::fixedText(product.price(), base::moneyDecimals);
     return productCell(product, row.cells(), field);
 }
 
