@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/parameters.h"
+
 #include <string>
 #include <string_view>
 
@@ -12,7 +14,7 @@ struct Passwords {
     std::string ResetPassword;
 
     /// The catalogue has neither welcome page nor password step.
-    [[nodiscard]] bool omitsWelcome() const { return CatalogPassword == "OMIT"; }
+    [[nodiscard]] bool omitsWelcome() const { return CatalogPassword == catalog::noWelcomePassword; }
 };
 
 /// What pressing Next leads to.

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "catalog/parameters.h"
 #include "catalog/settings_file.h"
+#include "catalog/template_names.h"
 #include "pages/parameter_fields.h"
 #include "pages/scratch_page.h"
 #include "pages/template/whole_page.h"
@@ -23,7 +24,6 @@ namespace {
 constexpr std::string_view programTitle = "Tavorine Catalog Viewer";
 constexpr std::string_view endTitle = "Terminating error";
 constexpr std::string_view ownPageEnding = "\\TMP.HTM";
-constexpr std::string_view welcomeTemplate = "Welcome.ECT";
 
 Session startingFrom(const platform::ProgramFile& programFile) {
     Session session;
@@ -132,13 +132,13 @@ void StartUp::showWelcomePage(const catalog::Parameters& parameters) {
     const auto& folders = m_session.folders;
     m_out.window.showPasswordEntry("Enter your supplier advised password (if any), and click Next to enter");
     m_out.window.offerSupplierList(m_markers.suppliers().size() > 1);
-    const auto path = base::filePath(folders.DataFolder, welcomeTemplate);
-    if (!base::findFile(folders.DataFolder, welcomeTemplate))
+    const auto path = base::filePath(folders.DataFolder, catalog::welcomeTemplate);
+    if (!base::findFile(folders.DataFolder, catalog::welcomeTemplate))
         throw base::ProgramEnd(std::string(endTitle),
                                "Can not find " + base::textOf(path) + "\nPlease re-install your data files");
     const pages::ParameterFields fields(parameters, folders, m_session.programFileReadOnly);
     showPage(folders.UserFolder,
-             pages::wholePage(folders.DataFolder, welcomeTemplate, m_session.layout, fields));
+             pages::wholePage(folders.DataFolder, catalog::welcomeTemplate, m_session.layout, fields));
     m_out.window.focusPasswordOncePageIsUp();
 }
 

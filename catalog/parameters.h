@@ -32,6 +32,9 @@ enum class ParameterText : std::size_t {
     currency
 };
 
+/// The `CatalogPassword`, in upper case, of a catalogue that has neither welcome page nor password step.
+inline constexpr std::string_view noWelcomePassword = "OMIT";
+
 /// PrdPrm.dat, read whole (docs/file-formats.md, "Parameters").
 class Parameters {
 public:

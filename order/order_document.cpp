@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/numbers.h"
+#include "catalog/template_names.h"
 #include "order/document_part.h"
 #include "order/order_fields.h"
 #include "order/pricing.h"
@@ -119,8 +120,8 @@ std::string filled(const DocumentPart& part, const OrderFields& fields, const Re
 std::string_view orderTemplateName(OutputKind kind, bool chargesTax, TaxStatus status) {
     const bool taxed = chargesTax && status == TaxStatus::taxed;
     if (kind == OutputKind::print)
-        return taxed ? "PrtOrd.ect" : "PrtOrd_NT.ect";
-    return taxed ? "EmlOrd.ect" : "EmlOrd_NT.ect";
+        return taxed ? catalog::printTemplate : catalog::printTemplateWithoutTax;
+    return taxed ? catalog::mailTemplate : catalog::mailTemplateWithoutTax;
 }
 
 OrderWriter::OrderWriter(const catalog::Parameters& parameters, std::filesystem::path dataFolder,

@@ -1,5 +1,6 @@
 #include "pages/catalog_pages.h"
 
+#include "catalog/template_names.h"
 #include "pages/group_entries.h"
 #include "pages/template/template_text.h"
 
@@ -7,12 +8,6 @@
 
 namespace pages {
 namespace {
-
-constexpr std::string_view productTemplate = "Catalog.Ect";
-constexpr std::string_view firstGroupTemplate = "GroupI.Ect";
-constexpr std::string_view secondGroupTemplate = "GroupT.Ect";
-constexpr std::string_view bannerTemplate = "Banner.Ect";
-constexpr char firstGroupStyle = 'I';
 
 /// The entries of a group page, with the values of one record at a time.
 class GroupRows : public Entries {
@@ -56,7 +51,7 @@ std::string_view CatalogPages::page(std::int32_t recordNumber, TaxStatus tax) {
     m_fields.show(record, description, tax);
     m_text.clear();
     if (record.isProduct()) {
-        prepared(m_productPage, productTemplate, RowBlocks::dropped).render(m_fields, m_text);
+        prepared(m_productPage, catalog::productTemplate, RowBlocks::dropped).render(m_fields, m_text);
     } else {
         GroupRows rows(m_catalog.products, groupEntries(m_catalog, recordNumber), m_fields, description, tax);
         groupTemplate().render(m_fields, rows, m_text);
@@ -68,13 +63,14 @@ std::string_view CatalogPages::banner(std::int32_t recordNumber, TaxStatus tax) 
     const auto record = m_catalog.products.at(recordNumber);
     m_fields.show(record, groupDescription(m_catalog, record), tax);
     m_text.clear();
-    prepared(m_banner, bannerTemplate, RowBlocks::none).render(m_fields, m_text);
+    prepared(m_banner, catalog::bannerTemplate, RowBlocks::none).render(m_fields, m_text);
     return finished();
 }
 
 PreparedTemplate& CatalogPages::groupTemplate() {
-    const bool first = m_catalog.parameters.header().groupPageStyle() == firstGroupStyle;
-    return prepared(m_groupPage, first ? firstGroupTemplate : secondGroupTemplate, RowBlocks::repeated);
+    const bool first = m_catalog.parameters.header().groupPageStyle() == catalog::firstGroupStyle;
+    return prepared(m_groupPage, first ? catalog::firstGroupTemplate : catalog::secondGroupTemplate,
+                    RowBlocks::repeated);
 }
 
 PreparedTemplate& CatalogPages::prepared(Prepared& kept, std::string_view name, RowBlocks rows) const {

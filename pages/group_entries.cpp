@@ -5,7 +5,6 @@
 namespace pages {
 namespace {
 
-constexpr std::size_t mostEntries = 50;
 constexpr std::string_view tableOfContents = "TABLE OF CONTENTS";
 constexpr std::int32_t firstTopLevelGroup = 2;
 
@@ -15,7 +14,7 @@ using RecordNumbers = std::vector<std::int32_t>;
 RecordNumbers siblingsFrom(const catalog::GroupTable& groups, std::int32_t first) {
     RecordNumbers numbers;
     const auto parent = groups.at(first).parent();
-    for (auto group = first; group <= groups.count() && numbers.size() < mostEntries; ++group) {
+    for (auto group = first; group <= groups.count() && numbers.size() < mostGroupEntries; ++group) {
         if (groups.at(group).parent() != parent)
             break;
         numbers.push_back(groups.at(group).headerRecord());
@@ -28,7 +27,7 @@ RecordNumbers productsBehind(const catalog::ProductTable& products, std::int32_t
     if (header < 1)
         return numbers;
     const auto group = products.at(header).group();
-    for (auto number = header; number < products.count() && numbers.size() < mostEntries; ++number) {
+    for (auto number = header; number < products.count() && numbers.size() < mostGroupEntries; ++number) {
         // Deliberate: the first record behind the header is listed whatever its group.
         if (!numbers.empty() && products.at(number + 1).group() != group)
             break;

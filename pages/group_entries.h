@@ -15,7 +15,10 @@ namespace pages {
 [[nodiscard]] std::string_view groupDescription(const catalog::Catalog& catalog,
                                                 const catalog::ProductRecord& record);
 
-/// The records of the product list that the page of a group's own record lists, at most 50: for the table
+/// How many entries a group's page lists at most.
+inline constexpr std::size_t mostGroupEntries = 50;
+
+/// The records of the product list that the page of a group's own record lists: for the table
 /// of contents the groups of the top level, for a group with sub-groups these, else the products that
 /// follow the record.
 [[nodiscard]] std::vector<std::int32_t> groupEntries(const catalog::Catalog& catalog,

@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "catalog/template_names.h"
 #include "publish/linked_codes.h"
 #include "publish/source_check.h"
 
@@ -15,7 +16,6 @@ namespace {
 using Weight = Complaint::Weight;
 using catalog::ParameterText;
 
-constexpr std::string_view noWelcomePassword = "OMIT";
 constexpr std::string_view templateEnding = ".ECT";
 
 /// When a catalogue needs a template.
@@ -33,18 +33,22 @@ bool takesMail(const catalog::ParameterValues& values) {
 }
 
 constexpr std::array templates{
-    Template{"Banner.Ect", [](const catalog::ParameterValues&) { return true; }},
-    Template{"Catalog.Ect", [](const catalog::ParameterValues&) { return true; }},
-    Template{"GroupI.Ect", [](const catalog::ParameterValues& v) { return v.groupPageStyle == 'I'; }},
-    Template{"GroupT.Ect", [](const catalog::ParameterValues& v) { return v.groupPageStyle != 'I'; }},
-    Template{"Welcome.ECT",
+    Template{catalog::bannerTemplate, [](const catalog::ParameterValues&) { return true; }},
+    Template{catalog::productTemplate, [](const catalog::ParameterValues&) { return true; }},
+    Template{catalog::firstGroupTemplate,
+             [](const catalog::ParameterValues& v) { return v.groupPageStyle == catalog::firstGroupStyle; }},
+    Template{catalog::secondGroupTemplate,
+             [](const catalog::ParameterValues& v) { return v.groupPageStyle != catalog::firstGroupStyle; }},
+    Template{catalog::welcomeTemplate,
              [](const catalog::ParameterValues& v) {
-                 return base::upper(v.catalogPassword) != noWelcomePassword;
+                 return base::upper(v.catalogPassword) != catalog::noWelcomePassword;
              }},
-    Template{"PrtOrd.ect", [](const catalog::ParameterValues& v) { return takesFaxes(v) && v.chargesTax; }},
-    Template{"PrtOrd_NT.ect", takesFaxes},
-    Template{"EmlOrd.ect", [](const catalog::ParameterValues& v) { return takesMail(v) && v.chargesTax; }},
-    Template{"EmlOrd_NT.ect", takesMail},
+    Template{catalog::printTemplate,
+             [](const catalog::ParameterValues& v) { return takesFaxes(v) && v.chargesTax; }},
+    Template{catalog::printTemplateWithoutTax, takesFaxes},
+    Template{catalog::mailTemplate,
+             [](const catalog::ParameterValues& v) { return takesMail(v) && v.chargesTax; }},
+    Template{catalog::mailTemplateWithoutTax, takesMail},
 };
 
 std::string foldedName(std::string_view utf8) {

@@ -1,6 +1,7 @@
 #include "publish/source_check.h"
 
 #include "base/code_page.h"
+#include "pages/group_entries.h"
 
 #include <limits>
 #include <unordered_map>
@@ -12,7 +13,6 @@ using Weight = Complaint::Weight;
 
 constexpr std::size_t longestMemo = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t longestCode = catalog::IndexRecord::keyField.width;
-constexpr std::size_t entriesOfAGroupPage = 50;
 constexpr int levelsOfTheGroupLists = 4;
 
 std::string tooLong(const std::string& field, std::size_t length, std::size_t most) {
@@ -74,8 +74,9 @@ private:
             say(Weight::error, " is empty");
         if (!group.groups.empty() && !group.products.empty())
             say(Weight::error, " holds both groups and products; the viewer would not list the products");
-        if (group.groups.size() > entriesOfAGroupPage || group.products.size() > entriesOfAGroupPage)
-            say(Weight::warning, " has more than 50 entries; its page lists the first 50");
+        const auto most = std::to_string(pages::mostGroupEntries);
+        if (group.groups.size() > pages::mostGroupEntries || group.products.size() > pages::mostGroupEntries)
+            say(Weight::warning, " has more than " + most + " entries; its page lists the first " + most);
         if (level >= levelsOfTheGroupLists)
             say(Weight::warning, " lies too deep; the viewer has four group lists");
         for (const auto& child : group.groups)
