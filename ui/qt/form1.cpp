@@ -381,8 +381,8 @@ order::OrderContents Form1::orderContents() {
 }
 
 void Form1::commitPending() {
-    m_catalogView->grid().commitPending();
-    m_orderView->grid().commitPending();
+    m_catalogView->grid().closePending();
+    m_orderView->grid().closePending();
 }
 
 void Form1::saveDetails() {

@@ -46,7 +46,7 @@ TEST_F(OrderTest, IsTakenByKeysInBothViews) {
         EXPECT_EQ(products()->currentIndex().row(), 3);
         EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "22.50/2.50");
         EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
-        enter(products(), 3, "400x.25"); // letters and a second decimal do not get in
+        enter(products(), 3, "400,2");
         EXPECT_EQ(cell(products(), 3, 0), "400.2");
         EXPECT_EQ(text("lbTotOrd"), "1,123.05");
         EXPECT_EQ(storedQuantity(1), 2.0F);
@@ -258,6 +258,7 @@ TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {
         QTest::keyClick(products(), Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 3, 0),
                   "3/"); // groups and "-5" take nothing
+        EXPECT_EQ(text("Hint"), "Not taken: 4 of 5 quantities");
         products()->setCurrentIndex(products()->model()->index(2, 0));
         QTest::keyClick(products(), Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QApplication::clipboard()->text(), "3\t\tB1\tSmall bolt\t12.5\t10\t3.75\t33.75");

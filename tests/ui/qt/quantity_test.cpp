@@ -1,0 +1,84 @@
+#include "tests/ui/qt/order_program.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+using namespace tour;
+
+class QuantityTest : public OrderProgram {
+protected:
+    static QString hint() { return visibleWidget("Hint") ? text("Hint") : QString(); }
+
+    static QColor background() { return editor(products())->palette().color(QPalette::Base); }
+
+    static void clickRow(int row) {
+        const auto place = products()->visualRect(products()->model()->index(row, 3)).center();
+        QTest::mouseClick(products()->viewport(), Qt::LeftButton, {}, place);
+    }
+
+    void close() {
+        then("the end", [] { visibleWidget("Form1")->close(); });
+    }
+};
+
+TEST_F(QuantityTest, ThatIsNotSoldStaysInItsEditor) {
+    start();
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Up,
+                               Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown}) {
+            type(products(), 2, "1.25");
+            const auto unmarked = background();
+            QTest::keyClick(editor(products()), key);
+            ASSERT_NE(editor(products()), nullptr) << key;
+            EXPECT_EQ(editor(products())->text(), "1.25");
+            EXPECT_EQ(hint(), "At most 1 decimal");
+            EXPECT_EQ(editor(products())->accessibleDescription(), "At most 1 decimal");
+            EXPECT_NE(background(), unmarked);
+            QTest::keyClick(editor(products()), Qt::Key_Backspace);
+            EXPECT_EQ(background(), unmarked);
+            QTest::keyClick(editor(products()), Qt::Key_Escape);
+            EXPECT_EQ(cell(products(), 2, 0), "2") << key;
+        }
+    });
+    then("what is typed", [] {
+        const std::pair<QString, QString> wrong[] = {{"-5", "Digits and one decimal point only"},
+                                                     {"1x", "Digits and one decimal point only"},
+                                                     {QString(60, '7'), "Too many digits"}};
+        for (const auto& [typed, why] : wrong) {
+            type(products(), 2, typed);
+            QTest::keyClick(editor(products()), Qt::Key_Return);
+            ASSERT_NE(editor(products()), nullptr);
+            EXPECT_EQ(editor(products())->text(), typed);
+            EXPECT_EQ(hint(), why);
+            QTest::keyClick(editor(products()), Qt::Key_Escape);
+        }
+        enter(products(), 2, ",5");
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + text("lbTotOrd"), ".5/5.62");
+    });
+    close();
+    EXPECT_TRUE(play());
+}
+
+TEST_F(QuantityTest, ThatIsNotSoldGivesWayToTheOldOneWhereItsEditorMustClose) {
+    start();
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        type(products(), 2, "1.25");
+        QFocusEvent anotherWindowIsInFront(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(editor(products()), &anotherWindowIsInFront);
+        ASSERT_NE(editor(products()), nullptr);
+        clickRow(3);
+        EXPECT_EQ(editor(products()), nullptr);
+        EXPECT_EQ(cell(products(), 2, 0) + "/" + text("lbTotOrd"), "2/22.50");
+        EXPECT_EQ(products()->currentIndex().row(), 3);
+        EXPECT_EQ(hint(), "At most 1 decimal. The old quantity stays.");
+        type(products(), 2, "1.25");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_EQ(storedQuantity(1), 2.0F);
+}
+
+}
