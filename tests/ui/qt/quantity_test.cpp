@@ -81,4 +81,31 @@ TEST_F(QuantityTest, ThatIsNotSoldGivesWayToTheOldOneWhereItsEditorMustClose) {
     EXPECT_EQ(storedQuantity(1), 2.0F);
 }
 
+TEST_F(QuantityTest, IsNotChangedByWhatIsTypedAfterACommandsLetter) {
+    start();
+    then("the product grid", [this] {
+        enter(products(), 2, "5");
+        type(products(), 3, "7");
+        QTest::keyClick(editor(products()), Qt::Key_S, Qt::AltModifier);
+        ASSERT_NE(box("txFind"), nullptr);
+        EXPECT_EQ(cell(products(), 3, 0), "7");
+        QTest::keyClick(box("txFind"), Qt::Key_Escape);
+        type(products(), 3, "8");
+        QTest::keyClick(editor(products()), Qt::Key_C, Qt::AltModifier);
+        ASSERT_NE(order(), nullptr);
+        EXPECT_EQ(cell(order(), 1, 0), "8");
+        type(order(), 0, "9");
+        QTest::keyClick(editor(order()), Qt::Key_L, Qt::AltModifier);
+        ASSERT_NE(products(), nullptr);
+        EXPECT_EQ(cell(products(), 2, 0), "9");
+        type(products(), 3, "6");
+        QTest::keyClick(editor(products()), Qt::Key_R, Qt::AltModifier); // returns when the box is answered
+        EXPECT_EQ(boxTexts.size(), 1U);
+        EXPECT_EQ(cell(products(), 3, 0), "6");
+    });
+    answer("Warning - Clear ordered items", QMessageBox::No);
+    close();
+    EXPECT_TRUE(play());
+}
+
 }
