@@ -56,6 +56,7 @@ void Grid::open(GridModel* model) {
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
     connect(m_cells, &CellDelegate::refused, this,
             [this](const QString& why) { hint(why, visualRect(m_cells->edited())); });
+    connect(m_cells, &CellDelegate::typingChanged, this, &Grid::typingChanged);
     m_widths = new ColumnWidths(*horizontalHeader(), model->columns());
     fit();
 }
@@ -75,6 +76,13 @@ void Grid::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fit();
+}
+
+std::optional<TypedQuantity> Grid::typedQuantity() const {
+    const auto* typed = m_cells ? m_cells->editor() : nullptr;
+    if (!typed || !m_cells->edited().isValid() || !typed->isModified() || !typed->complaint().isEmpty())
+        return std::nullopt;
+    return TypedQuantity{m_cells->edited().row(), typed->quantity()};
 }
 
 bool Grid::takePending() {

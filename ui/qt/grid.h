@@ -12,6 +12,12 @@
 
 namespace ui::qt {
 
+/// A quantity that is being typed, as the order takes it.
+struct TypedQuantity {
+    int row;
+    std::string text;
+};
+
 /// What both grids have in common: rows of one fixed height, so that a million of them cost no more than
 /// ten; never sorted, never filtered. A digit typed on any row starts its quantity; copying gives
 /// tab-separated text; pasting a column of quantities goes through the same path as typing. What the
@@ -32,12 +38,19 @@ public:
     /// The quantity editor that is open; nothing when none is.
     [[nodiscard]] QLineEdit* editor() const { return m_cells ? m_cells->editor() : nullptr; }
 
+    /// What would be taken now; nothing when nothing has been typed, or nothing that is sold.
+    [[nodiscard]] std::optional<TypedQuantity> typedQuantity() const;
+
     /// An edit that is still open is taken. False when its quantity is not sold: then it stays open, marked,
     /// with a hint that says why.
     bool takePending();
 
     /// Closes an edit that is still open. Where its quantity is not sold, the old one stays.
     void closePending();
+
+signals:
+    /// What `typedQuantity` tells is another now.
+    void typingChanged();
 
 protected:
     void commitData(QWidget* editor) override;

@@ -108,4 +108,55 @@ TEST_F(QuantityTest, IsNotChangedByWhatIsTypedAfterACommandsLetter) {
     EXPECT_TRUE(play());
 }
 
+TEST_F(QuantityTest, ThatIsBeingTypedEnablesTheCommandsAsItWillOnceItIsTaken) {
+    start();
+    then("the product grid", [] {
+        type(products(), 2, "2");
+        EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
+        QTest::keyClick(editor(products()), Qt::Key_Backspace);
+        EXPECT_EQ(enabledButtons(), "Search");
+        QTest::keyClicks(editor(products()), "3");
+        QTest::keyClick(editor(products()), Qt::Key_Escape);
+        EXPECT_EQ(enabledButtons(), "Search");
+        type(products(), 2, "2");
+        press("CheckOut");
+        ASSERT_NE(order(), nullptr);
+        EXPECT_EQ(cell(order(), 0, 0), "2");
+        type(order(), 0, "0");
+        EXPECT_EQ(enabledButtons(), "Plist Email");
+        QTest::keyClicks(editor(order()), ".5");
+        EXPECT_EQ(enabledButtons(), "Plist Email Clear");
+        press("Plist");
+        EXPECT_EQ(cell(products(), 2, 0), "0.5");
+        type(products(), 2, "0");
+        EXPECT_EQ(enabledButtons(), "Search");
+        press("CheckOut");
+        QTest::keyClick(editor(products()), Qt::Key_C, Qt::AltModifier);
+        ASSERT_NE(editor(products()), nullptr);
+        EXPECT_EQ(editor(products())->text(), "0");
+    });
+    close();
+    EXPECT_TRUE(play());
+}
+
+TEST_F(QuantityTest, ThatIsNotSoldHoldsUpTheCommands) {
+    start();
+    then("the product grid", [] {
+        enter(products(), 2, "2");
+        type(products(), 2, "1.25");
+        EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
+        for (const auto* command : {"Search", "CheckOut", "Clear"}) {
+            press(command);
+            ASSERT_NE(editor(products()), nullptr) << command;
+            EXPECT_EQ(hint(), "At most 1 decimal");
+        }
+        QTest::keyClick(editor(products()), Qt::Key_F3);
+        ASSERT_NE(editor(products()), nullptr);
+        EXPECT_EQ(visibleWidget("Find"), nullptr);
+        EXPECT_EQ(cell(products(), 2, 0), "2");
+        press("Exit");
+    });
+    EXPECT_TRUE(play());
+}
+
 }
