@@ -339,7 +339,7 @@ void Form1::setExempt(bool exempt) {
 
 void Form1::checkOut() {
     if (m_find)
-        m_find->reject();
+        m_find->stepAside();
     m_orderView->model().refill([this] { m_ordering.checkOut(); });
     m_views->setCurrentWidget(m_orderView);
     showOrder();
@@ -356,6 +356,8 @@ void Form1::showCatalogView() {
     m_views->setCurrentWidget(m_catalogView);
     showOrder();
     m_catalogView->grid().setFocus();
+    if (m_find)
+        m_find->comeBack();
 }
 
 void Form1::clearOrder() {
@@ -427,10 +429,10 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::saveSettings() {
     closePending();
-    if (m_find)
-        m_find->close(); // which saves its place
     m_userSettings.write("Split", "Top", base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     saveDetails();
+    if (m_find)
+        m_find->reject(); // which saves its place
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})

@@ -126,6 +126,40 @@ TEST_F(OrderTest, IsExemptedAndCleared) {
     EXPECT_EQ(boxTexts.back(), "You are about to clear ordered items?\nDo you wish to continue");
 }
 
+TEST_F(OrderTest, TheSearchWindowStandsAsideForItAndIsSavedLast) {
+    start();
+    then("the product grid", [this] {
+        enter(products(), 2, "1");
+        press("Search");
+        visibleWidget("Find")->move(70, 80);
+        press("CheckOut");
+        EXPECT_EQ(visibleWidget("Find"), nullptr);
+        press("Plist");
+        ASSERT_NE(visibleWidget("Find"), nullptr);
+        EXPECT_EQ(visibleWidget("Find")->pos(), QPoint(70, 80));
+        EXPECT_TRUE(takesKeys(products()));
+        EXPECT_THAT(readFile("ACME/User.ini"), testing::Not(testing::HasSubstr("[Find]")));
+        QTest::keyClick(box("txFind"), Qt::Key_Escape);
+        writeFile("ACME/User.ini", "");
+        press("CheckOut");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::Not(testing::HasSubstr("[Find]")));
+
+    writeFile("ACME/User.ini", "");
+    then("the product grid again", [] {
+        enter(products(), 2, "1");
+        press("Search");
+        visibleWidget("Find")->move(70, 80);
+        press("CheckOut");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::ContainsRegex("^\\[Split\\].*\\[Order\\].*Zip=\r\n"
+                                                                  "\\[Find\\]\r\nLeft= 70\r\nTop= 80\r\n"));
+}
+
 TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
     start();
     then("the product grid", [] {
