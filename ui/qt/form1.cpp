@@ -185,8 +185,11 @@ void Form1::openPages() {
     QTimer::singleShot(0, this, m_guard([this] { m_browsing.showBanner(); }));
 }
 
+// The first time only: a window is shown again when it comes back from the task bar.
 void Form1::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    if (std::exchange(m_splitterPlaced, true))
+        return;
     QTimer::singleShot(0, this, [this] {
         m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read("Split", "Top")));
     });

@@ -111,6 +111,7 @@ private:
     Browsing m_browsing;
     PageTurner* m_turner;
     bool m_goingBack = false;
+    bool m_splitterPlaced = false;
 };
 
 }
