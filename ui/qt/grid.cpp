@@ -56,7 +56,11 @@ void Grid::open(GridModel* model) {
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
     connect(m_cells, &CellDelegate::refused, this,
             [this](const QString& why) { hint(why, visualRect(m_cells->edited())); });
-    connect(m_cells, &CellDelegate::typingChanged, this, &Grid::typingChanged);
+    connect(m_cells, &CellDelegate::typingChanged, this, [this] {
+        if (editor())
+            dismissHint();
+        emit typingChanged();
+    });
     m_widths = new ColumnWidths(*horizontalHeader(), model->columns());
     fit();
 }
@@ -103,10 +107,21 @@ void Grid::commitData(QWidget* editor) {
     QTableView::commitData(editor);
 }
 
+void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    if (hint == QAbstractItemDelegate::RevertModelCache)
+        dismissHint();
+    QTableView::closeEditor(editor, hint);
+}
+
 void Grid::hint(const QString& text, const QRect& cell) {
     if (!m_hint)
         m_hint = new Hint(*this);
     m_hint->say(text, {viewport()->mapToGlobal(cell.topLeft()), cell.size()});
+}
+
+void Grid::dismissHint() {
+    if (m_hint)
+        m_hint->hide();
 }
 
 void Grid::moveBy(int rows) {
@@ -115,6 +130,7 @@ void Grid::moveBy(int rows) {
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
+    dismissHint();
     if (event->matches(QKeySequence::Copy))
         copySelection();
     else if (event->matches(QKeySequence::Paste))

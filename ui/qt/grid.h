@@ -54,6 +54,7 @@ signals:
 
 protected:
     void commitData(QWidget* editor) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -63,6 +64,7 @@ private:
     void startQuantity(QKeyEvent* event);
     bool pasteQuantity(int row, const QString& quantity);
     void hint(const QString& text, const QRect& cell);
+    void dismissHint();
     void moveBy(int rows);
     void copySelection();
     void pasteQuantities();

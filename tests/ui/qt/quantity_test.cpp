@@ -38,6 +38,7 @@ TEST_F(QuantityTest, ThatIsNotSoldStaysInItsEditor) {
             EXPECT_NE(background(), unmarked);
             QTest::keyClick(editor(products()), Qt::Key_Backspace);
             EXPECT_EQ(background(), unmarked);
+            EXPECT_EQ(hint(), "");
             QTest::keyClick(editor(products()), Qt::Key_Escape);
             EXPECT_EQ(cell(products(), 2, 0), "2") << key;
         }
@@ -53,6 +54,7 @@ TEST_F(QuantityTest, ThatIsNotSoldStaysInItsEditor) {
             EXPECT_EQ(editor(products())->text(), typed);
             EXPECT_EQ(hint(), why);
             QTest::keyClick(editor(products()), Qt::Key_Escape);
+            EXPECT_EQ(hint(), "");
         }
         enter(products(), 2, ",5");
         EXPECT_EQ(cell(products(), 2, 0) + "/" + text("lbTotOrd"), ".5/5.62");
@@ -75,6 +77,7 @@ TEST_F(QuantityTest, ThatIsNotSoldGivesWayToTheOldOneWhereItsEditorMustClose) {
         EXPECT_EQ(products()->currentIndex().row(), 3);
         EXPECT_EQ(hint(), "At most 1 decimal. The old quantity stays.");
         type(products(), 2, "1.25");
+        EXPECT_EQ(hint(), "");
         visibleWidget("Form1")->close();
     });
     ASSERT_TRUE(play());
