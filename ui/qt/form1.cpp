@@ -358,9 +358,9 @@ void Form1::showCatalogView() {
     saveDetails();
     m_views->setCurrentWidget(m_catalogView);
     showOrder();
-    m_catalogView->grid().setFocus();
     if (m_find)
         m_find->comeBack();
+    m_catalogView->grid().takeFocus();
 }
 
 void Form1::clearOrder() {
