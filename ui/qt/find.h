@@ -38,8 +38,8 @@ public:
     void searchNext();
     void searchPrevious();
 
-    /// Out of sight, and not closed, while there is nothing to search; back at its place. The desktop may give
-    /// it the focus then.
+    /// Out of sight, and not closed, while there is nothing to search; back at its place. The desktop may
+    /// give it the focus then.
     void stepAside();
     void comeBack();
 
