@@ -13,14 +13,32 @@ LineChange Basket::update(std::int32_t product, float quantity) {
     const auto oldLine = lineOf(product);
     if (!isListed(product) || quantity == oldLine.quantity)
         return {oldLine, false};
-    const bool taxed = m_chargesTax && m_taxStatus == TaxStatus::taxed;
-    const auto money = typedLine(m_products.at(product), quantity, taxed);
-    const BasketLine line{quantity, money.tax, money.amount, product};
+    const auto line = typed(product, quantity);
     replaceInTotals(oldLine, line);
     const auto record = recordFor(product);
     lineAt(record) = line;
     m_file.write(record, line);
     return {line, true};
+}
+
+BasketLine Basket::typed(std::int32_t product, float quantity) const {
+    const bool taxed = m_chargesTax && m_taxStatus == TaxStatus::taxed;
+    const auto money = typedLine(m_products.at(product), quantity, taxed);
+    return {quantity, money.tax, money.amount, product};
+}
+
+Totals Basket::totalsWith(std::int32_t product, float quantity) const {
+    const auto oldLine = lineOf(product);
+    if (!isListed(product) || quantity == oldLine.quantity)
+        return totals();
+    const auto line = typed(product, quantity);
+    auto order = m_orderTotal;
+    auto tax = m_taxTotal;
+    order.subtract(oldLine.amount);
+    order.add(line.amount);
+    tax.subtract(oldLine.tax);
+    tax.add(line.tax);
+    return {order.value(), tax.value()};
 }
 
 Repricing Basket::recalculate(TaxStatus status) {

@@ -60,6 +60,9 @@ public:
 
     [[nodiscard]] Totals totals() const { return {m_orderTotal.value(), m_taxTotal.value()}; }
 
+    /// The totals as they will be once the product is ordered at this quantity.
+    [[nodiscard]] Totals totalsWith(std::int32_t product, float quantity) const;
+
     /// The product's line; zeros when it has none.
     [[nodiscard]] BasketLine lineOf(std::int32_t product) const;
 
@@ -71,6 +74,7 @@ private:
         return product >= 1 && product <= m_products.count();
     }
 
+    [[nodiscard]] BasketLine typed(std::int32_t product, float quantity) const;
     [[nodiscard]] std::int32_t recordFor(std::int32_t product);
     [[nodiscard]] BasketLine& lineAt(std::int32_t record);
     void replaceInTotals(const BasketLine& oldLine, const BasketLine& newLine);

@@ -27,6 +27,13 @@ std::optional<order::Edit> Ordering::shown(std::optional<order::Edit> edit) {
     return edit;
 }
 
+ToolbarState Ordering::toolbarOnceOrdered(std::int32_t product, std::string_view text) const {
+    const auto quantity = order::typedQuantity(text);
+    if (quantity == m_basket.lineOf(product).quantity)
+        return m_toolbar;
+    return afterOrderChange(m_toolbar, m_view, m_basket.totalsWith(product, quantity).order);
+}
+
 void Ordering::setTaxStatus(order::TaxStatus status) {
     // Deliberate: labels and buttons keep what they show when an unwritten record ends the pass.
     if (m_grids.recalculate(status).finished)

@@ -40,6 +40,9 @@ public:
     std::optional<order::Edit> editProduct(std::int32_t product, std::string_view text);
     std::optional<order::Edit> editOrder(std::size_t row, std::string_view text);
 
+    /// The buttons as they will be once this text is the product's quantity.
+    [[nodiscard]] ToolbarState toolbarOnceOrdered(std::int32_t product, std::string_view text) const;
+
     /// `cbTax` was clicked, or is restored as the window loads.
     void setTaxStatus(order::TaxStatus status);
 

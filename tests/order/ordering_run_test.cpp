@@ -26,11 +26,16 @@ public:
         : m_folder(write(folder, products, taxSwitch)) {}
 
     bool typeIntoProducts(std::size_t row, const std::string& text) {
-        return type([&] { m_ordering.editProduct(static_cast<std::int32_t>(row) + 1, text); });
+        const auto record = static_cast<std::int32_t>(row) + 1;
+        const auto foreseen = m_catalog.products.at(record).isProduct()
+                                  ? m_ordering.toolbarOnceOrdered(record, text)
+                                  : m_toolbar;
+        return type(foreseen, [&] { m_ordering.editProduct(record, text); });
     }
 
     bool typeIntoOrder(std::size_t row, const std::string& text) {
-        return type([&] { m_ordering.editOrder(row, text); });
+        const auto product = m_ordering.grids().orderRows().at(row).product();
+        return type(m_ordering.toolbarOnceOrdered(product, text), [&] { m_ordering.editOrder(row, text); });
     }
 
     void tickExempt(bool ticked) { m_ordering.setTaxStatus(ticked ? TaxStatus::exempt : TaxStatus::taxed); }
@@ -69,9 +74,10 @@ private:
     }
 
     template <typename Typing>
-    static bool type(Typing typing) {
+    bool type(const ui::ToolbarState& foreseen, Typing typing) {
         try {
             typing();
+            EXPECT_TRUE(m_toolbar == foreseen);
             return true;
         } catch (const base::ProgramEnd&) {
             return false;

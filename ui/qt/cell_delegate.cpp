@@ -8,16 +8,13 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QRegularExpressionValidator>
 #include <QToolTip>
 
 #include <optional>
-#include <utility>
 
 namespace ui::qt {
 namespace {
 
-constexpr int longestQuantity = 12; // characters
 constexpr int focusFrameWidth = 2;
 
 // Where a key that ends an edit goes on to.
@@ -34,17 +31,24 @@ std::optional<int> rowsToMove(int key) {
     }
 }
 
+bool leavesCell(int key) {
+    return rowsToMove(key) || key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
 }
 
-QRegularExpression quantityPattern(int decimals) {
-    const auto pattern = decimals > 0 ? QString("[0-9]*(\\.[0-9]{0,%1})?").arg(decimals) : QString("[0-9]*");
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
+// The letter of a command that is disabled just now, say; an editor would write it down.
+bool isAltLetter(const QKeyEvent& key) {
+    return key.modifiers() == Qt::AltModifier && !key.text().isEmpty();
+}
+
+bool leavesWindow(const QFocusEvent& event) {
+    return event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason;
+}
+
 }
 
 CellDelegate::CellDelegate(const std::vector<Column>& columns, QObject* parent)
-    : QStyledItemDelegate(parent), m_columns(columns) {
-    connect(this, &QAbstractItemDelegate::closeEditor, this, [this] { m_editor = nullptr; });
-}
+    : QStyledItemDelegate(parent), m_columns(columns) {}
 
 void CellDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
@@ -93,38 +97,63 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
 QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                     const QModelIndex& index) const {
     const int decimals = m_columns.at(static_cast<std::size_t>(index.column())).decimals;
-    auto* editor = new QLineEdit(parent);
-    editor->setObjectName("quantity");
-    editor->setAccessibleName("Quantity");
-    editor->setFrame(false);
-    editor->setAlignment(Qt::AlignRight);
-    editor->setMaxLength(longestQuantity);
-    editor->setValidator(new QRegularExpressionValidator(quantityPattern(decimals), editor));
-    m_editor = editor;
-    return editor;
+    m_editor = new QuantityEditor(decimals, parent);
+    m_edited = index;
+    connect(m_editor, &QLineEdit::textEdited, this, &CellDelegate::typingChanged);
+    return m_editor;
+}
+
+void CellDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const {
+    if (editor == m_editor)
+        m_editor = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
+    emit typingChanged();
 }
 
 void CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
-    const auto* quantity = qobject_cast<QLineEdit*>(editor);
-    if (quantity && quantity->isModified())
-        model->setData(index, quantity->text(), Qt::EditRole);
+    const auto* quantity = qobject_cast<QuantityEditor*>(editor);
+    if (quantity && quantity->isModified() && quantity->complaint().isEmpty())
+        model->setData(index, toQt(quantity->quantity()), Qt::EditRole);
 }
 
-void CellDelegate::commitPending() {
-    if (const QPointer<QLineEdit> editor = std::exchange(m_editor, nullptr)) {
+bool CellDelegate::takePending() {
+    const auto why = m_editor ? m_editor->complaint() : QString();
+    if (why.isEmpty()) {
+        closePending();
+        return true;
+    }
+    m_editor->markRefused(why);
+    emit refused(why);
+    return false;
+}
+
+void CellDelegate::closePending() {
+    if (const QPointer<QuantityEditor> editor = m_editor) {
         emit commitData(editor);
         emit closeEditor(editor);
     }
 }
 
-bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && object == m_editor) {
-        if (const auto rows = rowsToMove(static_cast<QKeyEvent*>(event)->key())) {
-            commitPending();
-            emit moveAsked(*rows);
-            return true;
-        }
+bool CellDelegate::keyPressed(const QKeyEvent& key) {
+    if (!leavesCell(key.key()))
+        return isAltLetter(key);
+    if (!m_editor->complaint().isEmpty())
+        return !takePending();
+    const auto rows = rowsToMove(key.key());
+    if (rows) {
+        closePending();
+        emit moveAsked(*rows);
     }
+    return rows.has_value();
+}
+
+bool CellDelegate::eventFilter(QObject* object, QEvent* event) {
+    if (object == m_editor && event->type() == QEvent::KeyPress &&
+        keyPressed(*static_cast<QKeyEvent*>(event)))
+        return true;
+    if (object == m_editor && event->type() == QEvent::FocusOut &&
+        leavesWindow(*static_cast<QFocusEvent*>(event)) && !m_editor->complaint().isEmpty())
+        return false;
     return QStyledItemDelegate::eventFilter(object, event);
 }
 

@@ -9,6 +9,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace ui::qt {
 namespace {
 
@@ -160,8 +162,24 @@ void Find::save() const {
     saveFindSettings({static_cast<float>(x()), static_cast<float>(y()), ticks()}, m_userSettings);
 }
 
+void Find::stepAside() {
+    if (!isVisible())
+        return;
+    m_steppedAside = true;
+    hide();
+}
+
+void Find::comeBack() {
+    if (!std::exchange(m_steppedAside, false))
+        return;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void Find::reject() {
-    m_guard.run([this] { save(); });
+    if (std::exchange(m_steppedAside, false) || isVisible())
+        m_guard.run([this] { save(); });
     QDialog::reject();
 }
 

@@ -38,7 +38,12 @@ public:
     void searchNext();
     void searchPrevious();
 
-    /// Every way of closing leads here.
+    /// Out of sight, and not closed, while there is nothing to search; back at its place. The desktop may
+    /// give it the focus then.
+    void stepAside();
+    void comeBack();
+
+    /// Every way of closing leads here. Nothing is saved when it is closed already.
     void reject() override;
 
 private:
@@ -57,6 +62,7 @@ private:
     const catalog::SettingsFile& m_userSettings;
     Guard& m_guard;
     Search m_search;
+    bool m_steppedAside = false;
 
     QLineEdit* m_phrase;
     QCheckBox* m_code;

@@ -128,12 +128,15 @@ void Form1::connectControls() {
     connect(&m_catalogView->grid(), &ProductGrid::currentRowChanged, m_turner, &PageTurner::turnTo);
     connect(&m_catalogView->groupBoxes(), &GroupBoxes::chosen, this,
             m_guard([this](int record) { goTo(record); }));
-    connect(&m_catalogView->page(), &PageBrowser::backAsked, this, m_guard([this] { goBack(); }));
+    connect(&m_catalogView->page(), &PageBrowser::backAsked, this,
+            m_guard([this] { runCommand(Command::back); }));
     m_catalogView->page().onLink(
         m_guard([this](const QUrl& address, bool clicked) { followLink(address, clicked); }));
     connect(&m_totals->exempt(), &QCheckBox::toggled, this,
             m_guard([this](bool exempt) { setExempt(exempt); }));
     m_products->onQuantity(m_guard([this](int row, std::string_view text) { editProduct(row, text); }));
+    for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})
+        connect(grid, &Grid::typingChanged, this, m_guard([this] { showToolbar(); }));
     m_orderView->model().onQuantity(
         m_guard([this](int row, std::string_view text) { editOrder(row, text); }));
     // The banner must be up before the scratch page is written again.
@@ -147,7 +150,7 @@ void Form1::addShortcuts() {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, m_guard(std::move(act)));
     };
     const auto goOn = [this](void (Find::*direction)()) {
-        if (m_toolbarState.enabled(Command::search))
+        if (takePending() && m_toolbarState.enabled(Command::search))
             (find().*direction)();
     };
     add(QKeySequence("F3"), [goOn] { goOn(&Find::searchNext); });
@@ -182,16 +185,22 @@ void Form1::openPages() {
     QTimer::singleShot(0, this, m_guard([this] { m_browsing.showBanner(); }));
 }
 
+// The first time only: a window is shown again when it comes back from the task bar.
 void Form1::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    if (std::exchange(m_splitterPlaced, true))
+        return;
     QTimer::singleShot(0, this, [this] {
         m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read("Split", "Top")));
     });
 }
 
-// Whatever the command, a quantity that is still being typed counts.
+// A quantity that is still being typed counts, and it may be the one that leaves a command nothing to do. One
+// that is not sold holds every command up that could use the old quantity in its place.
 void Form1::runCommand(Command command) {
-    commitPending();
+    const bool needsNoOrder = command == Command::exit || command == Command::help;
+    if ((!takePending() && !needsNoOrder) || !m_toolbarState.enabled(command))
+        return;
     switch (command) {
     case Command::exit:
         close();
@@ -223,8 +232,19 @@ void Form1::runCommand(Command command) {
     }
 }
 
+// While a quantity is being typed, the buttons are those that there will be once it is taken.
+ToolbarState Form1::toolbarToShow() const {
+    if (const auto typed = m_catalogView->grid().typedQuantity())
+        return m_ordering.toolbarOnceOrdered(typed->row + 1, typed->text);
+    if (const auto typed = m_orderView->grid().typedQuantity()) {
+        const auto& row = m_ordering.grids().orderRows().at(static_cast<std::size_t>(typed->row));
+        return m_ordering.toolbarOnceOrdered(row.product(), typed->text);
+    }
+    return m_toolbarState;
+}
+
 void Form1::showToolbar() {
-    m_toolbar->show(m_toolbarState);
+    m_toolbar->show(toolbarToShow());
 }
 
 void Form1::enableBack(bool on) {
@@ -249,8 +269,6 @@ void Form1::goTo(std::int32_t record) {
 }
 
 void Form1::goBack() {
-    if (!m_toolbarState.enabled(Command::back))
-        return;
     m_turner->catchUp();
     const auto record = m_browsing.stepBack();
     if (!record)
@@ -314,7 +332,7 @@ void Form1::showOrder() {
 
 // Prices the order again, and the page that is up.
 void Form1::setExempt(bool exempt) {
-    commitPending();
+    closePending();
     m_browsing.setTaxStatus(statusOf(exempt));
     m_ordering.setTaxStatus(statusOf(exempt));
     m_products->allRowsChanged();
@@ -324,7 +342,7 @@ void Form1::setExempt(bool exempt) {
 
 void Form1::checkOut() {
     if (m_find)
-        m_find->reject();
+        m_find->stepAside();
     m_orderView->model().refill([this] { m_ordering.checkOut(); });
     m_views->setCurrentWidget(m_orderView);
     showOrder();
@@ -340,7 +358,9 @@ void Form1::showCatalogView() {
     saveDetails();
     m_views->setCurrentWidget(m_catalogView);
     showOrder();
-    m_catalogView->grid().setFocus();
+    if (m_find)
+        m_find->comeBack();
+    m_catalogView->grid().takeFocus();
 }
 
 void Form1::clearOrder() {
@@ -361,7 +381,8 @@ void Form1::printOrder() {
 }
 
 void Form1::previewOrder() {
-    commitPending();
+    if (!takePending())
+        return;
     m_turner->catchUp();
     m_orderDesk.preview(orderContents());
 }
@@ -380,9 +401,13 @@ order::OrderContents Form1::orderContents() {
             documentRows(m_catalog, m_ordering.grids().orderRows())};
 }
 
-void Form1::commitPending() {
-    m_catalogView->grid().commitPending();
-    m_orderView->grid().commitPending();
+bool Form1::takePending() {
+    return m_catalogView->grid().takePending() && m_orderView->grid().takePending();
+}
+
+void Form1::closePending() {
+    m_catalogView->grid().closePending();
+    m_orderView->grid().closePending();
 }
 
 void Form1::saveDetails() {
@@ -406,11 +431,11 @@ void Form1::closeEvent(QCloseEvent* event) {
 }
 
 void Form1::saveSettings() {
-    commitPending();
-    if (m_find)
-        m_find->close(); // which saves its place
+    closePending();
     m_userSettings.write("Split", "Top", base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     saveDetails();
+    if (m_find)
+        m_find->reject(); // which saves its place
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})

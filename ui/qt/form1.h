@@ -55,6 +55,7 @@ private:
     void openPages();
 
     void runCommand(Command command);
+    [[nodiscard]] ToolbarState toolbarToShow() const;
     void showToolbar();
     void enableBack(bool on);
 
@@ -78,7 +79,8 @@ private:
     void previewOrder();
     [[nodiscard]] order::OrderContents orderContents();
 
-    void commitPending();
+    [[nodiscard]] bool takePending();
+    void closePending();
     void saveDetails();
     void saveSettings();
 
@@ -109,6 +111,7 @@ private:
     Browsing m_browsing;
     PageTurner* m_turner;
     bool m_goingBack = false;
+    bool m_splitterPlaced = false;
 };
 
 }

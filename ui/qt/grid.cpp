@@ -1,6 +1,8 @@
 #include "ui/qt/grid.h"
 
 #include "ui/qt/busy_notice.h"
+#include "ui/qt/text.h"
+#include "ui/quantity.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,9 +19,10 @@ constexpr int quantityColumn = 0;
 constexpr int rowsBetweenReports = 2000;
 constexpr int longCopyMs = 400;
 
+// A sign too: without it the digits behind it would be another quantity.
 bool startsQuantity(const QKeyEvent& event) {
     const auto text = event.text();
-    return text.size() == 1 && (text[0].isDigit() || text[0] == '.') &&
+    return text.size() == 1 && (text[0].isDigit() || QString(".,+-").contains(text[0])) &&
            !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
 }
 
@@ -51,6 +54,13 @@ void Grid::open(GridModel* model) {
     m_cells = new CellDelegate(model->columns(), this);
     setItemDelegate(m_cells);
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
+    connect(m_cells, &CellDelegate::refused, this,
+            [this](const QString& why) { hint(why, visualRect(m_cells->edited())); });
+    connect(m_cells, &CellDelegate::typingChanged, this, [this] {
+        if (editor())
+            dismissHint();
+        emit typingChanged();
+    });
     m_widths = new ColumnWidths(*horizontalHeader(), model->columns());
     fit();
 }
@@ -72,9 +82,46 @@ void Grid::changeEvent(QEvent* event) {
         fit();
 }
 
-void Grid::commitPending() {
+std::optional<TypedQuantity> Grid::typedQuantity() const {
+    const auto* typed = m_cells ? m_cells->editor() : nullptr;
+    if (!typed || !m_cells->edited().isValid() || !typed->isModified() || !typed->complaint().isEmpty())
+        return std::nullopt;
+    return TypedQuantity{m_cells->edited().row(), typed->quantity()};
+}
+
+bool Grid::takePending() {
+    return !m_cells || m_cells->takePending();
+}
+
+void Grid::closePending() {
     if (m_cells)
-        m_cells->commitPending();
+        m_cells->closePending();
+}
+
+// However an editor comes to be closed, with Escape excepted, this comes first.
+void Grid::commitData(QWidget* editor) {
+    const auto* quantity = qobject_cast<QuantityEditor*>(editor);
+    const auto why = quantity ? quantity->complaint() : QString();
+    if (!why.isEmpty())
+        hint(why + ". The old quantity stays.", editor->geometry());
+    QTableView::commitData(editor);
+}
+
+void Grid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    if (hint == QAbstractItemDelegate::RevertModelCache)
+        dismissHint();
+    QTableView::closeEditor(editor, hint);
+}
+
+void Grid::hint(const QString& text, const QRect& cell) {
+    if (!m_hint)
+        m_hint = new Hint(*this);
+    m_hint->say(text, {viewport()->mapToGlobal(cell.topLeft()), cell.size()});
+}
+
+void Grid::dismissHint() {
+    if (m_hint)
+        m_hint->hide();
 }
 
 void Grid::moveBy(int rows) {
@@ -83,6 +130,7 @@ void Grid::moveBy(int rows) {
 }
 
 void Grid::keyPressEvent(QKeyEvent* event) {
+    dismissHint();
     if (event->matches(QKeySequence::Copy))
         copySelection();
     else if (event->matches(QKeySequence::Paste))
@@ -130,19 +178,31 @@ void Grid::copySelection() {
 }
 
 // One line a row from the current one on; of a line with several cells the first is the quantity. A line
-// that no editor would take, an empty one among them, leaves its row alone.
+// that is not taken leaves its row alone, and so does an empty one.
 void Grid::pasteQuantities() {
     if (!m_model || !currentIndex().isValid())
         return;
     const BusyNotice notice("Pasting quantities...", *window());
-    const auto pattern = quantityPattern(m_model->quantityDecimals());
-    int row = currentIndex().row();
+    const auto first = currentIndex();
+    int row = first.row();
+    int quantities = 0;
+    int refused = 0;
     for (const auto& line : QApplication::clipboard()->text().split('\n')) {
         const auto quantity = line.section('\t', 0, 0).trimmed();
-        if (row < m_model->rowCount() && !quantity.isEmpty() && pattern.match(quantity).hasMatch())
-            m_model->setData(m_model->index(row, quantityColumn), quantity, Qt::EditRole);
+        if (!quantity.isEmpty()) {
+            ++quantities;
+            refused += pasteQuantity(row, quantity) ? 0 : 1;
+        }
         ++row;
     }
+    if (refused > 0)
+        hint(QString("Not taken: %1 of %2 quantities").arg(refused).arg(quantities), visualRect(first));
+}
+
+bool Grid::pasteQuantity(int row, const QString& quantity) {
+    const auto typed = fromQt(quantity);
+    return row < m_model->rowCount() && !quantityComplaint(typed, m_model->quantityDecimals()) &&
+           m_model->setData(m_model->index(row, quantityColumn), toQt(quantityOf(typed)), Qt::EditRole);
 }
 
 }

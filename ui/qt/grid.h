@@ -3,14 +3,25 @@
 #include "ui/qt/cell_delegate.h"
 #include "ui/qt/column_widths.h"
 #include "ui/qt/grid_model.h"
+#include "ui/qt/hint.h"
 
 #include <QTableView>
 
+#include <optional>
+#include <string>
+
 namespace ui::qt {
+
+/// A quantity that is being typed, as the order takes it.
+struct TypedQuantity {
+    int row;
+    std::string text;
+};
 
 /// What both grids have in common: rows of one fixed height, so that a million of them cost no more than
 /// ten; never sorted, never filtered. A digit typed on any row starts its quantity; copying gives
-/// tab-separated text; pasting a column of quantities goes through the same path as typing.
+/// tab-separated text; pasting a column of quantities goes through the same path as typing. What the
+/// catalogue does not sell is not taken, and a hint beside the row says so.
 class Grid : public QTableView {
     Q_OBJECT
 
@@ -27,10 +38,23 @@ public:
     /// The quantity editor that is open; nothing when none is.
     [[nodiscard]] QLineEdit* editor() const { return m_cells ? m_cells->editor() : nullptr; }
 
-    /// An edit that is still open is taken as typed.
-    void commitPending();
+    /// What would be taken now; nothing when nothing has been typed, or nothing that is sold.
+    [[nodiscard]] std::optional<TypedQuantity> typedQuantity() const;
+
+    /// An edit that is still open is taken. False when its quantity is not sold: then it stays open, marked,
+    /// with a hint that says why.
+    bool takePending();
+
+    /// Closes an edit that is still open. Where its quantity is not sold, the old one stays.
+    void closePending();
+
+signals:
+    /// What `typedQuantity` tells is another now.
+    void typingChanged();
 
 protected:
+    void commitData(QWidget* editor) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -38,12 +62,16 @@ protected:
 private:
     void fit();
     void startQuantity(QKeyEvent* event);
+    bool pasteQuantity(int row, const QString& quantity);
+    void hint(const QString& text, const QRect& cell);
+    void dismissHint();
     void moveBy(int rows);
     void copySelection();
     void pasteQuantities();
 
     GridModel* m_model = nullptr;
     CellDelegate* m_cells = nullptr;
+    Hint* m_hint = nullptr;           // from its first use on
     ColumnWidths* m_widths = nullptr; // with the model
 };
 

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QListView>
+#include <QWheelEvent>
 
 namespace ui::qt {
 namespace {
@@ -42,6 +43,7 @@ GroupBox::GroupBox(QWidget* parent) : QComboBox(parent), m_entries(new GroupEntr
     setMinimumContentsLength(shortestEntry);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setToolTip(ui::qt::toolTip);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void GroupBox::showEntries(const std::vector<pages::GroupEntry>& entries) {
@@ -60,6 +62,13 @@ void GroupBox::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
         emit entered();
     QComboBox::focusInEvent(event);
+}
+
+void GroupBox::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 GroupBoxes::GroupBoxes(QWidget* parent) : QWidget(parent) {

@@ -25,7 +25,8 @@ private:
     std::vector<pages::GroupEntry> m_entries;
 };
 
-/// A list that tells when somebody is about to look into it.
+/// A list that tells when somebody is about to look into it. The wheel turns it only while it has the focus,
+/// so that a hand that scrolls past it chooses nothing.
 class GroupBox final : public QComboBox {
     Q_OBJECT
 
@@ -40,6 +41,7 @@ signals:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     GroupEntriesModel* m_entries;

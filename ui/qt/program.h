@@ -5,6 +5,7 @@
 #include "ui/qt/guard.h"
 #include "ui/qt/help.h"
 #include "ui/qt/message_boxes.h"
+#include "ui/qt/prompt_letters.h"
 #include "ui/qt/screen_watch.h"
 #include "ui/qt/welcome.h"
 #include "ui/system/background_archive.h"
@@ -51,6 +52,7 @@ private:
     std::filesystem::path m_programFolder;
     MessageBoxes m_messages;
     Guard m_guard;
+    PromptLetters m_letters;
     Help m_help; // before the windows, whose controls it explains
     system::BackgroundArchive m_archive;
     system::SystemMailer m_mailer;

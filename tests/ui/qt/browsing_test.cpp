@@ -85,6 +85,15 @@ protected:
         QTest::keyClick(box->view(), Qt::Key_Return);
     }
 
+    // One notch down, as the mouse's own event.
+    static void turnWheelOver(QWidget* widget) {
+        const QPointF place = widget->rect().center();
+        QWheelEvent wheel(place, widget->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);
+        QApplication::sendEvent(widget, &wheel);
+    }
+
     support::CatalogBuilder catalog = smallCatalog("Acme");
 };
 
@@ -94,6 +103,9 @@ TEST_F(BrowsingTest, LeadsThroughListsPagesAndLinksAndBackAgain) {
         EXPECT_TRUE(backEnabled());
         EXPECT_EQ(list(0)->count(), 2);
         EXPECT_EQ(list(1)->count(), 0);
+        turnWheelOver(list(0));
+        EXPECT_EQ(list(0)->currentIndex(), -1) << "it has not the focus, and does not take it";
+        EXPECT_TRUE(takesKeys(grid()));
         choose(0, "Bol");
     });
     expectRecord(2, "Bolts", [] {

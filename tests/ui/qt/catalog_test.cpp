@@ -1,8 +1,10 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/product_grid.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QSplitter>
 #include <QTest>
 
 namespace {
@@ -90,10 +92,22 @@ TEST_F(ProgramTest, KeepsTheSplitterWhereItWasLeft) {
             auto* grid = visibleWidget("ctGrid1");
             return grid && grid->height() == 222;
         },
-        [] {});
+        [] {
+            visible<QSplitter>("Split")->setSizes({190, 1000});
+            visibleWidget("Form1")->hide();
+        });
+    script.when(
+        "the window's coming back", [] { return !visibleWidget("Form1"); },
+        [] {
+            for (auto* window : QApplication::topLevelWidgets())
+                if (window->objectName() == "Form1")
+                    window->show();
+            QApplication::processEvents();
+            EXPECT_EQ(visibleWidget("ctGrid1")->height(), 190);
+        });
     closeMainWindow();
     ASSERT_TRUE(play());
-    EXPECT_THAT(readFile("ACME/User.ini"), testing::StartsWith("[Split]\nTop= 222\n"));
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::StartsWith("[Split]\nTop= 190\n"));
 }
 
 TEST_F(ProgramTest, AMissingDataFileEndsTheProgramWithItsMessage) {

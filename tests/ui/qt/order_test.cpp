@@ -46,7 +46,7 @@ TEST_F(OrderTest, IsTakenByKeysInBothViews) {
         EXPECT_EQ(products()->currentIndex().row(), 3);
         EXPECT_EQ(text("lbTotOrd") + "/" + text("lbTotTax"), "22.50/2.50");
         EXPECT_EQ(enabledButtons(), "Search CheckOut Clear");
-        enter(products(), 3, "400x.25"); // letters and a second decimal do not get in
+        enter(products(), 3, "400,2");
         EXPECT_EQ(cell(products(), 3, 0), "400.2");
         EXPECT_EQ(text("lbTotOrd"), "1,123.05");
         EXPECT_EQ(storedQuantity(1), 2.0F);
@@ -74,16 +74,15 @@ TEST_F(OrderTest, APendingQuantityIsNeverLost) {
     start();
     then("the product grid", [] {
         type(products(), 2, "2");
-        press("CheckOut"); // still disabled: nothing is ordered yet
         QTest::keyClick(editor(products()), Qt::Key_Tab);
-    });
-    then("the order", [] {
         EXPECT_EQ(text("lbTotOrd"), "22.50");
+        type(products(), 2, "4");
         press("CheckOut");
     });
     script.when(
         "the order view", [] { return order() != nullptr; },
         [] {
+            EXPECT_EQ(cell(order(), 0, 0), "4");
             type(order(), 0, "3");
             press("Plist");
         });
@@ -125,6 +124,40 @@ TEST_F(OrderTest, IsExemptedAndCleared) {
     ASSERT_TRUE(play());
     EXPECT_EQ(readFile("ACME/Basket.dat"), "");
     EXPECT_EQ(boxTexts.back(), "You are about to clear ordered items?\nDo you wish to continue");
+}
+
+TEST_F(OrderTest, TheSearchWindowStandsAsideForItAndIsSavedLast) {
+    start();
+    then("the product grid", [this] {
+        enter(products(), 2, "1");
+        press("Search");
+        visibleWidget("Find")->move(70, 80);
+        press("CheckOut");
+        EXPECT_EQ(visibleWidget("Find"), nullptr);
+        press("Plist");
+        ASSERT_NE(visibleWidget("Find"), nullptr);
+        EXPECT_EQ(visibleWidget("Find")->pos(), QPoint(70, 80));
+        EXPECT_TRUE(takesKeys(products()));
+        EXPECT_THAT(readFile("ACME/User.ini"), testing::Not(testing::HasSubstr("[Find]")));
+        QTest::keyClick(box("txFind"), Qt::Key_Escape);
+        writeFile("ACME/User.ini", "");
+        press("CheckOut");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::Not(testing::HasSubstr("[Find]")));
+
+    writeFile("ACME/User.ini", "");
+    then("the product grid again", [] {
+        enter(products(), 2, "1");
+        press("Search");
+        visibleWidget("Find")->move(70, 80);
+        press("CheckOut");
+        visibleWidget("Form1")->close();
+    });
+    ASSERT_TRUE(play());
+    EXPECT_THAT(readFile("ACME/User.ini"), testing::ContainsRegex("^\\[Split\\].*\\[Order\\].*Zip=\r\n"
+                                                                  "\\[Find\\]\r\nLeft= 70\r\nTop= 80\r\n"));
 }
 
 TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
@@ -258,6 +291,7 @@ TEST_F(OrderTest, QuantitiesArePastedRowByRowAndRowsCopied) {
         QTest::keyClick(products(), Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(cell(products(), 2, 0) + "/" + cell(products(), 3, 0),
                   "3/"); // groups and "-5" take nothing
+        EXPECT_EQ(text("Hint"), "Not taken: 4 of 5 quantities");
         products()->setCurrentIndex(products()->model()->index(2, 0));
         QTest::keyClick(products(), Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QApplication::clipboard()->text(), "3\t\tB1\tSmall bolt\t12.5\t10\t3.75\t33.75");
