@@ -15,6 +15,7 @@ LineChange Basket::update(std::int32_t product, float quantity) {
         return {oldLine, false};
     const bool taxed = m_chargesTax && m_taxStatus == TaxStatus::taxed;
     const auto money = typedLine(m_products.at(product), quantity, taxed);
+    m_products.requireWhole();
     const BasketLine line{quantity, money.tax, money.amount, product};
     replaceInTotals(oldLine, line);
     const auto record = recordFor(product);
@@ -32,6 +33,7 @@ Repricing Basket::recalculate(TaxStatus status) {
         line.tax = money.tax;
         line.amount = money.amount;
     });
+    m_products.requireWhole();
     sumUp();
     m_file.write({m_lines.begin(), unwritten});
     return {static_cast<std::int32_t>(unwritten - m_lines.begin()), unwritten == m_lines.end()};

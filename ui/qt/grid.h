@@ -6,6 +6,9 @@
 
 #include <QTableView>
 
+#include <functional>
+#include <utility>
+
 namespace ui::qt {
 
 /// What both grids have in common: rows of one fixed height, so that a million of them cost no more than
@@ -30,10 +33,17 @@ public:
     /// An edit that is still open is taken as typed.
     void commitPending();
 
+    /// Asked after the rows have been read for painting: where the answer is no, none is shown.
+    void showOnlyIf(std::function<bool()> rowsAreSound) { m_rowsAreSound = std::move(rowsAreSound); }
+
+signals:
+    void rowsNotSound();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void fit();
@@ -42,6 +52,7 @@ private:
     void copySelection();
     void pasteQuantities();
 
+    std::function<bool()> m_rowsAreSound = [] { return true; };
     GridModel* m_model = nullptr;
     CellDelegate* m_cells = nullptr;
     ColumnWidths* m_widths = nullptr; // with the model
