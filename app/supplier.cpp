@@ -37,7 +37,7 @@ std::optional<Supplier> read(const fs::path& marker) {
 
 bool isFolderName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwnFolder(name);
+           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwn(name);
 }
 
 std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine) {
