@@ -102,7 +102,7 @@ void Form1::layOut() {
 }
 
 void Form1::fill() {
-    setWindowTitle(toQt(m_catalog.parameters.text(ParameterText::catalogName)) + " - Tavorine");
+    setWindowTitle(asTitle(toQt(m_catalog.parameters.text(ParameterText::catalogName))) + " - Tavorine");
     m_totals->open(m_catalog.parameters);
     m_products = new ProductModel(m_catalog, m_ordering.grids(), this);
     m_catalogView->grid().open(m_products);

@@ -93,7 +93,7 @@ void OrderPrinter::makePdf(const QPageRanges& ranges, std::function<void(const Q
 void OrderPrinter::showPreview(const QByteArray& pdf) {
     setBusy(false);
     m_preview = new PrintPreview(pdf, &m_window);
-    m_preview->setWindowTitle(m_printer.docName());
+    m_preview->setWindowTitle(asTitle(m_printer.docName()));
     connect(m_preview, &PrintPreview::printAsked, this, m_guard([this] { ask(); }));
     connect(m_preview, &PrintPreview::finished, this, m_guard([this] {
                 m_preview.clear();
