@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 using namespace tour;
@@ -146,11 +147,14 @@ TEST_F(PrintTest, WhatIsCancelledOrCannotBeWrittenLeavesTheOrderToBePrintedAgain
 TEST_F(PrintTest, IsPreviewedAndPrintedFromThere) {
     orderEverything(pagedTemplate);
     inOrderView("previewing", [] {
+        visibleWidget("Form1")->setGeometry(60, 40, 640, 320); // a preview in its middle leaves the screen
         QTest::keyClick(visibleWidget("Form1"), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     });
     const auto preview = [] { return visible<ui::qt::PrintPreview>("PrintPreview"); };
     script.when("the preview", preview, [preview] {
         EXPECT_EQ(preview()->windowTitle(), "Order A-7");
+        EXPECT_TRUE(preview()->screen()->availableGeometry().contains(preview()->frameGeometry()));
+        EXPECT_TRUE(preview()->testAttribute(Qt::WA_Moved)) << "the desktop would choose the place";
         EXPECT_EQ(preview()->findChild<QLabel*>("PageNumber")->text().trimmed(), "Page 1 of 3");
         QTest::keyClick(preview(), Qt::Key_P, Qt::ControlModifier);
     });
