@@ -2,6 +2,8 @@
 #include "ui/qt/print_preview.h"
 
 #include <QClipboard>
+#include <QComboBox>
+#include <QCompleter>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QProgressDialog>
@@ -142,6 +144,25 @@ TEST_F(PrintTest, WhatIsCancelledOrCannotBeWrittenLeavesTheOrderToBePrintedAgain
     ASSERT_TRUE(play());
     EXPECT_THAT(boxTexts.back().toStdString(), testing::StartsWith("The order could not be saved as\n"));
     EXPECT_FALSE(fs::exists(gone));
+}
+
+// Files there that are never ready to be read stop a window that looks into them.
+TEST_F(PrintTest, AFolderOfFilesWithoutAnEndDoesNotHoldUpThePrintDialog) {
+    orderEverything(pagedTemplate);
+    inOrderView("printing", [] { press("Print"); });
+    const auto file = [] { return printDialog()->findChild<QLineEdit*>("filename"); };
+    inPrintDialog([file] {
+        auto* printers = printDialog()->findChild<QComboBox*>("printers");
+        printers->setCurrentIndex(printers->count() - 1);
+        file()->setFocus();
+        file()->clear();
+        QTest::keyClicks(file(), "/proc/");
+    });
+    script.when(
+        "the names there", [file] { return file()->completer()->completionCount() > 10; },
+        [] { printDialog()->reject(); });
+    inOrderView("closing", [] { visibleWidget("Form1")->close(); });
+    EXPECT_TRUE(play());
 }
 
 TEST_F(PrintTest, IsPreviewedAndPrintedFromThere) {
