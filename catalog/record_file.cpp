@@ -18,6 +18,11 @@ void RecordFile::requireWhole() const {
         throw base::DamagedFile(m_file.path());
 }
 
+void RecordFile::requireRead() const {
+    if (m_file.lost())
+        throw base::DamagedFile(m_file.path());
+}
+
 RecordBytes RecordFile::record(std::int32_t number) const {
     if (number < 1 || number > m_count)
         return {};

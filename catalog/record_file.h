@@ -34,6 +34,7 @@ public:
 
     /// As in `Table`.
     void requireWhole() const;
+    void requireRead() const;
 
 private:
     base::MappedFile m_file;
@@ -59,6 +60,10 @@ public:
     /// To be called after records were read and before anything comes of them: a file that has become
     /// shorter since it was opened, or is gone, throws base::DamagedFile.
     void requireWhole() const { m_file.requireWhole(); }
+
+    /// As `requireWhole`, without asking the system, so at no cost: only bytes that were lost under the
+    /// reading itself are noticed.
+    void requireRead() const { m_file.requireRead(); }
 
     [[nodiscard]] Record at(std::int32_t number) const {
         const auto bytes = m_file.record(number);

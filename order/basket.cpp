@@ -15,7 +15,7 @@ LineChange Basket::update(std::int32_t product, float quantity) {
         return {oldLine, false};
     const bool taxed = m_chargesTax && m_taxStatus == TaxStatus::taxed;
     const auto money = typedLine(m_products.at(product), quantity, taxed);
-    m_products.requireWhole();
+    m_products.requireRead();
     const BasketLine line{quantity, money.tax, money.amount, product};
     replaceInTotals(oldLine, line);
     const auto record = recordFor(product);
