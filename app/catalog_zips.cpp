@@ -2,8 +2,8 @@
 
 #include "app/catalog_identity.h"
 #include "app/staged_folder.h"
-#include "app/supplier.h"
 #include "app/welcome_window.h"
+#include "app/zip_files.h"
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
 #include "base/errors.h"
@@ -11,7 +11,12 @@
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "catalog/program_folders.h"
+#include "catalog/settings_file.h"
+#include "order/basket_file.h"
+#include "pages/scratch_page.h"
 
+#include <algorithm>
+#include <array>
 #include <system_error>
 
 namespace app {
@@ -39,7 +44,7 @@ public:
 
 [[noreturn]] void refuseName(const fs::path& zip) {
     throw base::FileError(base::textOf(zip) +
-                          " can not be installed, since its name is taken by a folder of the program's own\n"
+                          " can not be installed, since no supplier can have this name\n"
                           "Please delete it and ask your supplier for one with another name");
 }
 
@@ -55,36 +60,22 @@ std::string question(const CatalogIdentity& offered, const CatalogIdentity& inst
            "\n\nwith\n\n   " + installed.name + " catalog version " + offered.version;
 }
 
-/// Takes a new supplier's marker away again, so that no supplier without a catalogue is listed.
-class NewMarker {
-public:
-    NewMarker(const fs::path& programFolder, const std::string& name)
-        : m_programFolder(programFolder), m_name(name), m_isNew(!base::findFile(programFolder, name)) {}
+/// The files that a catalogue can not do without.
+constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
+                               catalog::indexFile, catalog::memosFile};
 
-    ~NewMarker() {
-        std::error_code ignored;
-        if (m_isNew)
-            fs::remove(base::filePath(m_programFolder, m_name), ignored);
-    }
+/// The files of the user's own, which stand among the catalogue's.
+constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile};
 
-    NewMarker(const NewMarker&) = delete;
-    NewMarker& operator=(const NewMarker&) = delete;
-
-    void keep() { m_isNew = false; }
-
-private:
-    fs::path m_programFolder;
-    std::string m_name;
-    bool m_isNew;
-};
+bool areParametersWhole(const fs::path& folder) {
+    std::error_code error;
+    const auto size = fs::file_size(base::filePath(folder, catalog::parametersFile), error);
+    return !error && size >= catalog::Parameters::recordCount * catalog::ParameterHeader::length;
+}
 
 }
 
 struct CatalogZips::Zip {
-    explicit Zip(const fs::path& file) : path(file), N(base::textOf(file.filename())) {
-        N.resize(N.size() - zipEnding.size());
-    }
-
     fs::path path;
     std::string N; ///< the supplier's folder name
 };
@@ -97,7 +88,7 @@ void CatalogZips::installAll() {
     StagedFolder::recover(m_programFolder);
     while (const auto path = nextZip()) {
         m_processed.insert(*path);
-        process(Zip(*path));
+        process(*path);
     }
 }
 
@@ -109,9 +100,11 @@ std::optional<fs::path> CatalogZips::nextZip() const {
 }
 
 // A zip that can be installed another time stays; any other is deleted, used or not.
-void CatalogZips::process(const Zip& zip) {
+void CatalogZips::process(const fs::path& path) {
     try {
-        install(zip);
+        if (const auto N = supplierIn(path))
+            install({path, *N});
+        // Deliberate: a zip that holds no catalogue goes without a word.
     } catch (const UnusableZip& error) {
         complain(error.what());
     } catch (const base::FileError& error) {
@@ -119,32 +112,46 @@ void CatalogZips::process(const Zip& zip) {
         return;
     }
     std::error_code error;
-    fs::remove(zip.path, error);
+    fs::remove(path, error);
     if (error)
-        complain("Can not delete " + base::textOf(zip.path) +
+        complain("Can not delete " + base::textOf(path) +
                  "\nPlease delete it yourself, or it is tried again at every start");
 }
 
-void CatalogZips::install(const Zip& zip) {
-    if (catalog::isProgramsOwnFolder(zip.N))
-        refuseName(zip.path);
-    const auto marker = zip.N + ".sup";
-    NewMarker newMarker(m_programFolder, marker);
-    if (!isFolderName(zip.N) || !extract(zip, marker, m_programFolder))
-        return; // Deliberate: not a catalogue; it goes without a word
-    const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
-    if (installed)
-        newMarker.keep();
-    if (installed)
-        update(zip, *installed);
-    else
-        add(zip);
-    newMarker.keep();
+std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
+    const auto isFree = [this](const std::string& name) {
+        return name.empty() || (catalog::canNameSupplier(name) && !base::findFile(m_programFolder, name));
+    };
+    auto name = base::textOf(zip.filename());
+    name.resize(name.size() - zipEnding.size());
+    if (!isFree(name))
+        refuseName(zip);
+    const auto files = m_archive.topLevelFiles(zip);
+    if (!files)
+        refuseDamaged(zip);
+    const auto N = supplierOf(name, *files);
+    if (N && !isFree(*N))
+        refuseName(zip);
+    if (N && !holdsFile(*files, catalog::parametersFile))
+        refuseDamaged(zip);
+    return N;
 }
 
-void CatalogZips::update(const Zip& zip, const fs::path& installedParameters) {
+// The marker comes last: a catalogue that did not come in leaves the one that was there.
+void CatalogZips::install(const Zip& zip) {
     StagedFolder staged(m_programFolder, zip.N);
-    if (!extract(zip, "*PrdPrm.dat", staged.folder()))
+    if (!extract(zip, markerOf(zip.N), staged.markerFolder()))
+        refuseDamaged(zip.path);
+    const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
+    if (installed)
+        update(zip, *installed, staged);
+    else
+        add(zip, staged);
+    placeMarker(zip, staged);
+}
+
+void CatalogZips::update(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
+    if (!extract(zip, "*PrdPrm.dat", staged.folder()) || !areParametersWhole(staged.folder()))
         refuseDamaged(zip.path);
     const auto offered = readIdentity(base::filePath(staged.folder(), catalog::parametersFile));
     if (!offered)
@@ -164,19 +171,32 @@ bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity
                           platform::Answer::yes) == platform::Answer::yes;
 }
 
-void CatalogZips::add(const Zip& zip) {
+void CatalogZips::add(const Zip& zip, StagedFolder& staged) {
     // Deliberate: the label names the catalogue that was updated last, not the new one.
     m_window.setStatus("Add Data Folder for " + base::textOf(m_lastInstalledParameters) +
                        "This may take a few minutes");
-    StagedFolder staged(m_programFolder, zip.N);
     unpackInto(zip, staged);
 }
 
 void CatalogZips::unpackInto(const Zip& zip, StagedFolder& staged) {
     if (!extract(zip, "*", staged.folder()))
         refuseDamaged(zip.path);
+    for (const auto file : usersFiles)
+        staged.leaveOut(file);
+    const bool isWhole = std::all_of(dataFiles.begin(), dataFiles.end(),
+                                     [&](std::string_view file) { return staged.willHold(file); });
+    if (!isWhole || !areParametersWhole(staged.folder()))
+        refuseDamaged(zip.path);
     staged.moveIn(catalog::parametersFile);
     refreshLogo(zip);
+}
+
+void CatalogZips::placeMarker(const Zip& zip, const StagedFolder& staged) const {
+    const auto marker = base::filePath(staged.markerFolder(), markerOf(zip.N));
+    std::error_code error;
+    fs::rename(marker, base::filePath(m_programFolder, base::textOf(marker.filename())), error);
+    if (error)
+        failWriting(zip.path);
 }
 
 bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path& folder) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 
 namespace app {
@@ -33,13 +34,15 @@ private:
     struct Zip;
 
     [[nodiscard]] std::optional<std::filesystem::path> nextZip() const;
-    void process(const Zip& zip);
+    void process(const std::filesystem::path& path);
+    [[nodiscard]] std::optional<std::string> supplierIn(const std::filesystem::path& zip) const;
     void install(const Zip& zip);
-    void add(const Zip& zip);
-    void update(const Zip& zip, const std::filesystem::path& installedParameters);
+    void add(const Zip& zip, StagedFolder& staged);
+    void update(const Zip& zip, const std::filesystem::path& installedParameters, StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
     void unpackInto(const Zip& zip, StagedFolder& staged);
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
+    void placeMarker(const Zip& zip, const StagedFolder& staged) const;
     void refreshLogo(const Zip& zip);
     void complain(std::string_view text);
 

@@ -3,6 +3,7 @@
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
 #include "base/errors.h"
+#include "base/files.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ namespace {
 constexpr auto newName = "new";
 constexpr auto oldName = "old";
 constexpr auto doneName = "done";
+constexpr auto markerName = "marker";
 
 [[noreturn]] void failWriting(const fs::path& folder) {
     throw base::FileError(
@@ -80,11 +82,14 @@ StagedFolder::StagedFolder(const fs::path& programFolder, std::string_view suppl
     : m_area(programFolder / area / base::pathOf(supplierFolder)),
       m_new(m_area / newName),
       m_old(m_area / oldName),
+      m_marker(m_area / markerName),
       m_target(base::folderPath(programFolder, supplierFolder)) {
     std::error_code error;
-    if (clear(m_area, m_target))
+    if (clear(m_area, m_target)) {
         fs::create_directories(m_new, error);
-    if (!isFolder(m_new))
+        fs::create_directories(m_marker, error);
+    }
+    if (!isFolder(m_new) || !isFolder(m_marker))
         failWriting(m_area);
 }
 
@@ -92,6 +97,20 @@ StagedFolder::~StagedFolder() {
     std::error_code ignored;
     if (clear(m_area, m_target))
         fs::remove(m_area.parent_path(), ignored); // unless others are in it
+}
+
+void StagedFolder::leaveOut(std::string_view name) const {
+    std::error_code ignored;
+    for (const auto& entry : entriesOf(m_new))
+        if (base::equalIgnoringCase(base::textOf(entry.filename()), name))
+            fs::remove_all(entry, ignored);
+}
+
+bool StagedFolder::willHold(std::string_view name) const {
+    for (const auto& entry : entriesOf(m_new))
+        if (base::equalIgnoringCase(base::textOf(entry.filename()), name))
+            return !isFolder(entry);
+    return base::findFile(m_target, name).has_value();
 }
 
 void StagedFolder::moveIn(std::string_view last) {

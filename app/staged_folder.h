@@ -25,6 +25,15 @@ public:
     /// Where to unpack.
     [[nodiscard]] const std::filesystem::path& folder() const { return m_new; }
 
+    /// Beside it, for the marker, which does not go into the supplier's folder.
+    [[nodiscard]] const std::filesystem::path& markerFolder() const { return m_marker; }
+
+    /// Takes files and folders of this name, in any letter case, out of what was unpacked.
+    void leaveOut(std::string_view name) const;
+
+    /// Whether the supplier's folder will have a file of this name when everything is moved in.
+    [[nodiscard]] bool willHold(std::string_view name) const;
+
     /// Moves everything into the supplier's folder, over what stands there in any letter case, `last`
     /// behind all others. On failure the supplier's folder is put back to what it was, and
     /// base::FileError is thrown. May be called once.
@@ -42,6 +51,7 @@ private:
     std::filesystem::path m_area;
     std::filesystem::path m_new;
     std::filesystem::path m_old;
+    std::filesystem::path m_marker;
     std::filesystem::path m_target;
     std::vector<std::filesystem::path> m_added; // what stood nowhere before
 };

@@ -90,6 +90,12 @@ void StartUp::showSupplierList() {
                 base::textOf(folder));
     if (suppliers.size() == 1)
         return open(suppliers.front(), false);
+    showList(suppliers);
+}
+
+void StartUp::showList(const std::vector<Supplier>& suppliers) {
+    const auto& folder = m_session.folders.ProgramFolder;
+    m_out.window.setCaption(programTitle);
     m_out.window.hidePasswordEntry();
     showPage(folder, supplierPage(folder, m_session.layout, suppliers));
 }
@@ -119,13 +125,25 @@ void StartUp::open(const Supplier& supplier, bool isReadOnly) {
     m_session.SelectedSupplier = supplier.folderName;
     folders.DataFolder = base::folderPath(folders.ProgramFolder, supplier.folderName);
     folders.UserFolder = chooseUserFolder(folders.DataFolder, m_out.ownFolder, isReadOnly);
-    const catalog::Parameters parameters(parametersPath());
-    m_out.window.setCaption("Welcome to " + parameters.text(catalog::ParameterText::supplierName));
-    m_passwords = {parameters.header().catalogPassword(), parameters.header().resetPassword()};
+    const auto parameters = readParameters();
+    if (!parameters) // from the list it can be removed, or another one chosen
+        return showList(m_markers.suppliers());
+    m_out.window.setCaption("Welcome to " + parameters->text(catalog::ParameterText::supplierName));
+    m_passwords = {parameters->header().catalogPassword(), parameters->header().resetPassword()};
     if (m_passwords.omitsWelcome())
         m_out.window.openMainWindow(m_session);
     else
-        showWelcomePage(parameters);
+        showWelcomePage(*parameters);
+}
+
+// A supplier that can not be opened must not end the program at every start.
+std::optional<catalog::Parameters> StartUp::readParameters() {
+    try {
+        return catalog::Parameters(parametersPath());
+    } catch (const base::ProgramEnd& unusable) {
+        m_out.messages.show(platform::Icon::critical, programTitle, unusable.text());
+        return std::nullopt;
+    }
 }
 
 void StartUp::showWelcomePage(const catalog::Parameters& parameters) {

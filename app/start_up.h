@@ -13,6 +13,7 @@
 #include "platform/screen.h"
 
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -44,7 +45,7 @@ public:
     /// One instance, the e-mail question, page sizes, program folder, catalogue zips, supplier list.
     void run();
 
-    /// The suppliers to choose from; with only one its welcome page.
+    /// The suppliers to choose from; with only one its welcome page, or the list where it can not be opened.
     void showSupplierList();
 
     /// Installs zips that have been put into the program folder since `run`, then shows the list.
@@ -67,7 +68,9 @@ private:
     void requireSingleInstance();
     void askForEmailOnFirstRun();
     void choosePageSizes();
+    void showList(const std::vector<Supplier>& suppliers);
     void open(const Supplier& supplier, bool isReadOnly);
+    [[nodiscard]] std::optional<catalog::Parameters> readParameters();
     void showWelcomePage(const catalog::Parameters& parameters);
     void showPage(const std::filesystem::path& folder, const std::string& page);
     void remove(const Supplier& supplier);

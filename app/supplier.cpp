@@ -14,6 +14,14 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view markerEnding = ".Sup";
+constexpr std::size_t longestName = 100;
+
+// Nothing in it can be seen.
+bool isBlank(std::string_view text) {
+    constexpr char noBreakSpace = '\xA0';
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == noBreakSpace; });
+}
 
 std::string folderNameOf(const fs::path& marker) {
     auto name = base::textOf(marker.filename());
@@ -37,14 +45,17 @@ std::optional<Supplier> read(const fs::path& marker) {
 
 bool isFolderName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwnFolder(name);
+           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwn(name);
 }
 
 std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine) {
     const auto fields = base::split(firstLine, '|');
     if (fields.size() < 2)
         return std::nullopt;
-    return Supplier{std::string(folderName), std::string(fields[0]), std::string(fields[1])};
+    const auto orFolder = [&](std::string_view field) {
+        return std::string(isBlank(field) ? folderName : field);
+    };
+    return Supplier{std::string(folderName), orFolder(fields[0]), orFolder(fields[1].substr(0, longestName))};
 }
 
 std::optional<Supplier> findSupplier(const std::vector<Supplier>& listed, std::string_view name) {

@@ -17,14 +17,15 @@ namespace app {
 struct Supplier {
     std::string folderName;  ///< the marker file's name without its last four characters
     std::string identifier;  ///< the marker's first field, by which links name the supplier
-    std::string displayName; ///< the marker's second field
+    std::string displayName; ///< the marker's second field, cut to 100 characters
 };
 
 /// Whether a text can name a supplier's folder: one path element that stays inside `ProgramFolder` and
-/// is none of the program's own folders.
+/// is no file or folder of the program's own.
 [[nodiscard]] bool isFolderName(std::string_view name);
 
-/// The supplier that a marker's first line describes; nothing when it has fewer than two fields.
+/// The supplier that a marker's first line describes; nothing when it has fewer than two fields. A field in
+/// which nothing can be seen is the folder's name.
 [[nodiscard]] std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine);
 
 /// The supplier with this folder name or, if none has it, with this identifier, in any letter case.

@@ -34,9 +34,32 @@ Cells readCells(const std::filesystem::path& programFolder, const pages::LayoutS
                               pages::RenderGuard(file.path));
 }
 
+// What a marker tells is text and nothing else. Deliberate: references in it keep their meaning.
+std::string textInPage(std::string_view markerText) {
+    std::string text;
+    for (const char c : markerText)
+        switch (c) {
+        case '<':
+            text += "&lt;";
+            break;
+        case '>':
+            text += "&gt;";
+            break;
+        case '"':
+            text += "&quot;";
+            break;
+        case '\'':
+            text += "&#39;";
+            break;
+        default:
+            text += c;
+        }
+    return text;
+}
+
 void appendCell(std::string& row, std::string_view cell, const Supplier& supplier) {
-    const auto named = base::replaceAll(cell, "{SUPPID}", supplier.identifier);
-    row.append(newLine).append(base::replaceAll(named, "{SUPPLIER}", supplier.displayName));
+    const auto named = base::replaceAll(cell, "{SUPPID}", textInPage(supplier.identifier));
+    row.append(newLine).append(base::replaceAll(named, "{SUPPLIER}", textInPage(supplier.displayName)));
 }
 
 void moveRow(std::string& body, std::string& row) {

@@ -12,9 +12,11 @@ namespace ipc = boost::interprocess;
 struct MappedFile::Mapping {
     ipc::file_mapping file;
     ipc::mapped_region region;
+    std::atomic<bool> lost = false;
 };
 
-MappedFile::MappedFile(const std::filesystem::path& path) {
+MappedFile::MappedFile(const std::filesystem::path& path)
+    : m_path(path), m_mapping(std::make_unique<Mapping>()) {
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
     if (error || (size == 0 && !std::filesystem::is_regular_file(path, error)))
@@ -22,19 +24,28 @@ MappedFile::MappedFile(const std::filesystem::path& path) {
     if (size == 0)
         return; // an empty file cannot be mapped
     try {
-        ipc::file_mapping file(path.c_str(), ipc::read_only);
-        ipc::mapped_region region(file, ipc::read_only);
-        region.advise(ipc::mapped_region::advice_random);
-        m_bytes = {static_cast<const std::byte*>(region.get_address()), region.get_size()};
-        m_mapping = std::make_unique<Mapping>(Mapping{std::move(file), std::move(region)});
+        m_mapping->file = ipc::file_mapping(path.c_str(), ipc::read_only);
+        m_mapping->region = ipc::mapped_region(m_mapping->file, ipc::read_only);
+        m_mapping->region.advise(ipc::mapped_region::advice_random);
+        m_bytes = {static_cast<const std::byte*>(m_mapping->region.get_address()),
+                   m_mapping->region.get_size()};
     } catch (const ipc::interprocess_exception&) {
         throw MissingFile(path);
     }
 }
 
 void MappedFile::readAhead() const {
-    if (m_mapping)
-        m_mapping->region.advise(ipc::mapped_region::advice_sequential);
+    m_mapping->region.advise(ipc::mapped_region::advice_sequential);
+}
+
+bool MappedFile::isWhole() const {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(m_path, error);
+    return !m_mapping->lost && !error && size >= m_bytes.size();
+}
+
+std::atomic<bool>& MappedFile::lost() const {
+    return m_mapping->lost;
 }
 
 MappedFile::~MappedFile() = default;

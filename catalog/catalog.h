@@ -5,6 +5,7 @@
 #include "catalog/parameters.h"
 #include "catalog/record_file.h"
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -35,6 +36,16 @@ struct Catalog {
 
     /// The name of the group with this record number, trimmed; empty outside the file.
     [[nodiscard]] std::string_view groupName(std::int32_t group) const { return groups.at(group).name(); }
+
+    /// The files that stay open. They move with this object.
+    [[nodiscard]] std::array<const base::MappedFile*, 4> openFiles() const;
+
+    /// None of the open files has become shorter since, or is gone.
+    [[nodiscard]] bool isWhole() const;
+
+    /// To be called after something was read and before anything comes of it; base::DamagedFile names the
+    /// first file that is not whole.
+    void requireWhole() const;
 };
 
 /// Opens all files of the folder; the first one missing throws base::MissingFile.

@@ -19,6 +19,8 @@ public:
     /// answer may be 0. The number is the file's own: it may lie outside the products.
     [[nodiscard]] std::int32_t find(std::string_view code) const;
 
+    [[nodiscard]] const base::MappedFile& file() const { return m_entries.file(); }
+
 private:
     Table<IndexRecord> m_entries;
 };

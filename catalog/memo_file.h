@@ -18,6 +18,8 @@ public:
     /// one past the end, or a length of 0 or less gives an empty text; the file's end cuts it short.
     [[nodiscard]] std::string_view text(std::int32_t position, std::int16_t length) const;
 
+    [[nodiscard]] const base::MappedFile& file() const { return m_file; }
+
 private:
     base::MappedFile m_file;
 };

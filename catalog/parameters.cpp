@@ -3,18 +3,31 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
-#include "base/mapped_file.h"
 
 #include <algorithm>
 #include <fstream>
 
 namespace catalog {
+namespace {
+
+using RecordsText = std::array<char, Parameters::recordCount * ParameterHeader::length>;
+
+RecordsText firstRecords(const std::filesystem::path& path) {
+    std::error_code ignored;
+    std::ifstream file(path, std::ios::binary);
+    if (!file || !std::filesystem::is_regular_file(path, ignored))
+        throw base::MissingFile(path);
+    RecordsText bytes{};
+    if (!file.read(bytes.data(), bytes.size()))
+        throw base::DamagedFile(path);
+    return bytes;
+}
+
+}
 
 Parameters::Parameters(const std::filesystem::path& path) {
-    const base::MappedFile file(path);
-    const auto records = file.bytes();
-    if (records.size() < recordCount * ParameterHeader::length)
-        throw base::DamagedFile(path);
+    const auto bytes = firstRecords(path);
+    const auto records = std::as_bytes(std::span(bytes));
     std::copy_n(records.begin(), m_header.size(), m_header.begin());
     for (std::size_t number = 2; number <= recordCount; ++number)
         m_texts[number] = base::trim(

@@ -30,6 +30,12 @@ public:
     /// memory is then read many times faster.
     void readAhead() const { m_file.readAhead(); }
 
+    [[nodiscard]] const base::MappedFile& file() const { return m_file; }
+
+    /// As in `Table`.
+    void requireWhole() const;
+    void requireRead() const;
+
 private:
     base::MappedFile m_file;
     std::size_t m_recordLength;
@@ -48,6 +54,16 @@ public:
     [[nodiscard]] RecordBytes bytes() const { return m_file.bytes(); }
 
     void readAhead() const { m_file.readAhead(); }
+
+    [[nodiscard]] const base::MappedFile& file() const { return m_file.file(); }
+
+    /// To be called after records were read and before anything comes of them: a file that has become
+    /// shorter since it was opened, or is gone, throws base::DamagedFile.
+    void requireWhole() const { m_file.requireWhole(); }
+
+    /// As `requireWhole`, without asking the system, so at no cost: only bytes that were lost under the
+    /// reading itself are noticed.
+    void requireRead() const { m_file.requireRead(); }
 
     [[nodiscard]] Record at(std::int32_t number) const {
         const auto bytes = m_file.record(number);

@@ -14,6 +14,7 @@ LineChange Basket::update(std::int32_t product, float quantity) {
     if (!isListed(product) || quantity == oldLine.quantity)
         return {oldLine, false};
     const auto line = typed(product, quantity);
+    m_products.requireRead();
     replaceInTotals(oldLine, line);
     const auto record = recordFor(product);
     lineAt(record) = line;
@@ -50,6 +51,7 @@ Repricing Basket::recalculate(TaxStatus status) {
         line.tax = money.tax;
         line.amount = money.amount;
     });
+    m_products.requireWhole();
     sumUp();
     m_file.write({m_lines.begin(), unwritten});
     return {static_cast<std::int32_t>(unwritten - m_lines.begin()), unwritten == m_lines.end()};

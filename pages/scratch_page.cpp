@@ -4,7 +4,8 @@
 
 namespace pages {
 
-ScratchPage::ScratchPage(const std::filesystem::path& folder) : m_path(base::filePath(folder, "Tmp.htm")) {}
+ScratchPage::ScratchPage(const std::filesystem::path& folder)
+    : m_path(base::filePath(folder, scratchPageFile)) {}
 
 void ScratchPage::write(std::string_view text) const {
     base::overwriteFile(m_path, text);

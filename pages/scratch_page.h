@@ -5,6 +5,8 @@
 
 namespace pages {
 
+inline constexpr std::string_view scratchPageFile = "Tmp.htm";
+
 /// `Tmp.htm` of a folder in whatever letter case it is stored: the file that every page is written to
 /// before it is shown.
 class ScratchPage {

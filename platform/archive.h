@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -19,6 +21,9 @@ public:
         tooLarge, ///< all its entries together unpack to more than 2 GiB, or there are more than 100,000
         cancelled ///< the user has closed the window meanwhile
     };
+
+    /// The names of the files at the archive's top level, in the code page; nothing when it can not be read.
+    virtual std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) = 0;
 
     /// Extracts the entries that match the mask into the folder, over files that are there already in
     /// whatever letter case. "*" means everything, sub-folders kept; any other mask ("ACME.sup",

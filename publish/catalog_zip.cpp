@@ -117,8 +117,7 @@ bool isSupplierId(std::string_view id) {
                c == '-' || c == '.' || c == ' ';
     };
     return !id.empty() && base::trim(id) == id && id.front() != '-' && id.front() != '.' &&
-           id.back() != '.' && std::all_of(id.begin(), id.end(), allowed) &&
-           !catalog::isProgramsOwnFolder(id);
+           std::all_of(id.begin(), id.end(), allowed) && catalog::canNameSupplier(id);
 }
 
 void writeZip(const SourceFolder& source, std::string_view supplierId, const fs::path& zip) {

@@ -7,7 +7,8 @@
 
 namespace publish {
 
-/// Whether the name can be a supplier's: letters, digits, blanks, "_", "-" and points, no "-" in front.
+/// Whether the name can be a supplier's: letters, digits, blanks, "_", "-" and points, no "-" in front,
+/// and a name under which the program installs it.
 [[nodiscard]] bool isSupplierId(std::string_view id);
 
 /// Writes the zip that customers install: data files, supplier marker and content. The same source

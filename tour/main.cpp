@@ -82,11 +82,16 @@ int main(int argc, char* argv[]) {
     TourProgramFile programFile(folder / "program" / "Tavorine");
     ui::system::PrimaryScreen screen;
     ui::system::FileInstanceLock instanceLock;
-    ui::qt::Program program({programFile, screen, instanceLock, folder / "own"});
-    program.start();
-    tour::Script script;
-    tour::play(script, folder);
-    tour::addOrderScenes(script, folder,
-                         [&](const std::string& name) { tour::photograph(script, folder, name); });
-    return script.run() ? 0 : 1;
+    const auto run = [&](tour::Script& script) {
+        ui::qt::Program program({programFile, screen, instanceLock, folder / "own"});
+        program.start();
+        return script.run();
+    };
+    tour::Script first;
+    tour::play(first, folder);
+    tour::addOrderScenes(first, folder,
+                         [&](const std::string& name) { tour::photograph(first, folder, name); });
+    tour::Script second;
+    tour::playSecondSupplier(second, folder);
+    return run(first) && run(second) ? 0 : 1;
 }

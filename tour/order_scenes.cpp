@@ -1,11 +1,15 @@
 #include "tour/order_scenes.h"
 
+#include "tour/description.h"
 #include "ui/qt/grid.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDate>
+#include <QLocale>
 #include <QPainter>
 #include <QPdfDocument>
+#include <QPdfSelection>
 #include <QTest>
 
 #include <fstream>
@@ -54,6 +58,9 @@ void keepFirstPage(const fs::path& pdf, const fs::path& picture) {
     painter.setPen(Qt::lightGray);
     painter.drawRect(page.rect().adjusted(0, 0, -1, -1));
     page.save(QString::fromStdString(picture.string()));
+    const auto today = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
+    writeDescription(fs::path(picture).replace_extension(".txt"),
+                     document.getAllText(0).text().replace(today, "(today)"));
 }
 
 // Where the script of the mail command finds it first.

@@ -1,5 +1,6 @@
 #include "tour/scenes.h"
 
+#include "tour/description.h"
 #include "tour/layout_check.h"
 #include "ui/qt/product_grid.h"
 #include "ui/system/primary_screen.h"
@@ -13,6 +14,7 @@
 #include <QTest>
 
 #include <cstdio>
+#include <memory>
 
 namespace tour {
 namespace {
@@ -58,13 +60,23 @@ void fillIn(const std::vector<std::pair<const char*, const char*>>& details) {
         QTest::keyClicks(visibleWidget(box), text);
 }
 
+void passTheWarning(Script& script) {
+    if (screenIsSmall())
+        script.when(
+            "the warning", [] { return messageBox("Tavorine Catalog Viewer"); },
+            [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Ok); });
+}
+
 }
 
 void photograph(Script& script, const fs::path& folder, const std::string& name) {
+    const auto pages = std::make_shared<PageTexts>();
     script.pause(400);
     script.when(
-        "a window to photograph", [] { return windowInFront() != nullptr; },
-        [&script, folder, name] {
+        "a window to photograph", [] { return windowInFront() != nullptr; }, [pages] { pages->ask(); });
+    script.when(
+        "its pages' texts", [pages] { return pages->areThere(); },
+        [&script, folder, name, pages] {
             for (const auto& fault : layoutFaults())
                 script.complain(QString::fromStdString(name) + ": " + fault);
             const auto picture = pictureOf(*windowInFront());
@@ -73,6 +85,7 @@ void photograph(Script& script, const fs::path& folder, const std::string& name)
                 std::printf("%s\n", file.string().c_str());
             else
                 std::fprintf(stderr, "can not write %s\n", file.string().c_str());
+            writeDescription(folder / (name + ".txt"), describeScreen(*pages));
         });
 }
 
@@ -83,10 +96,7 @@ void play(Script& script, const fs::path& folder) {
     script.when(
         "the question", [] { return messageBox("Tavorine Catalog Viewer"); },
         [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes); });
-    if (screenIsSmall())
-        script.when(
-            "the warning", [] { return messageBox("Tavorine Catalog Viewer"); },
-            [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Ok); });
+    passTheWarning(script);
     script.when(
         "the supplier list", [] { return shows("WebBrowser1"); }, [] {});
     photograph(script, folder, "2-suppliers");
@@ -180,6 +190,24 @@ void play(Script& script, const fs::path& folder) {
             visibleWidget("HelpWindow")->close();
             visibleWidget("Form1")->activateWindow();
         });
+}
+
+void playSecondSupplier(Script& script, const fs::path& folder) {
+    passTheWarning(script);
+    script.when(
+        "the supplier list again", [] { return shows("WebBrowser1"); },
+        [] { clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href$=SONDERHAVEN]"); });
+    script.when(
+        "the second welcome page", [] { return takesKeys(visibleWidget("txtPassword")); },
+        [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
+    script.when(
+        "the second main window", [] { return shows("WbPage"); },
+        [] {
+            for (int i = 0; i < 5; ++i)
+                QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
+        });
+    script.pause(500);
+    photograph(script, folder, "5-second-supplier");
 }
 
 }

@@ -8,7 +8,8 @@ namespace ui {
 
 Browsing::Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
                    platform::Browser& page)
-    : m_pages(catalog, session.folders, session.layout, session.programFileReadOnly),
+    : m_catalog(catalog),
+      m_pages(catalog, session.folders, session.layout, session.programFileReadOnly),
       m_scratchPage(session.folders.UserFolder),
       m_banner(banner),
       m_page(page) {}
@@ -30,6 +31,7 @@ void Browsing::showAgain() {
 }
 
 void Browsing::put(platform::Browser& browser, std::string_view text) {
+    m_catalog.requireWhole();
     std::optional<base::FileError> failure;
     try {
         m_scratchPage.write(text);

@@ -16,7 +16,8 @@ namespace ui {
 
 /// What the main window shows of its catalogue: the banner, and the page of the current record.
 /// The session, the catalogue and both browsers must outlive it. A page that cannot be written to the scratch
-/// page is shown all the same; the first one throws base::FileError when it is up.
+/// page is shown all the same; the first one throws base::FileError when it is up. A page for which a data
+/// file was read that is no longer whole is not shown: base::DamagedFile names the file.
 class Browsing {
 public:
     Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
@@ -55,6 +56,7 @@ public:
 private:
     void put(platform::Browser& browser, std::string_view text);
 
+    const catalog::Catalog& m_catalog;
     pages::CatalogPages m_pages;
     pages::ScratchPage m_scratchPage;
     platform::Browser& m_banner;

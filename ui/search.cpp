@@ -15,7 +15,9 @@ void Search::previous(const SearchQuery& query) {
 }
 
 void Search::run(const SearchQuery& query, std::int32_t start, Direction direction) {
-    if (const auto row = findRow(m_products, query.phrase, query.columns, start, direction))
+    const auto row = findRow(m_products, query.phrase, query.columns, start, direction);
+    m_products.requireWhole();
+    if (row)
         m_grid.setCurrentRow(*row);
     else
         m_messages.show(platform::Icon::information, "Search", query.phrase + " not found.");

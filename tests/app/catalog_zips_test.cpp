@@ -7,6 +7,10 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <iterator>
+#include <map>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -18,7 +22,9 @@ using Result = platform::Archive::Result;
 
 class CatalogZips : public StartUpFixture {
 protected:
-    void drop(const std::string& name, const support::ZipBuilder& zip) const { zip.writeTo(program / name); }
+    void drop(const std::string& name, const support::ZipBuilder& zip) const {
+        zip.writeTo(program / base::pathOf(name));
+    }
 
     std::vector<std::string> installAll() {
         app::CatalogZips(program, archive, box, window).installAll();
@@ -29,10 +35,16 @@ protected:
         return contents(N + "/PrdPrm.dat").substr(29, 5);
     }
 
+    [[nodiscard]] std::string damaged(const std::string& zip) const {
+        return "exclamation [Tavorine Catalog Viewer] " + base::textOf(program / zip) +
+               " is damaged and was not installed\nPlease ask your supplier to send it again";
+    }
+
     /// What can not be undone any more is left as it was before.
     void expectUntouched() const {
         EXPECT_EQ(installedVersion("ACME"), "00001");
         EXPECT_EQ(contents("ACME/logo.jpg"), "missing");
+        EXPECT_EQ(contents("ACME.sup"), "ACME|ACME Ltd\r\n");
         EXPECT_FALSE(exists("Install.tmp"));
     }
 };
@@ -117,46 +129,143 @@ TEST_F(CatalogZips, AreTakenInOrderAndTheLabelOfANewOneNamesTheLastUpdated) {
 }
 
 TEST_F(CatalogZips, WithoutTheirMarkerAreDeletedWithoutAWord) {
-    put("Note.zip", "no archive");
     drop("Other.zip", support::ZipBuilder().add("ACME.sup", "ACME|Acme").add("sub/Other.sup", "x"));
-    put("..zip", "x");
-    put(".zip", "x");
-    EXPECT_THAT(installAll(), ElementsAre("extract Note.zip Note.sup", "extract Other.zip Other.sup"));
+    drop("Other (2).zip", support::ZipBuilder().add("ACME.sup", "ACME|Acme"));
+    drop(".zip", support::ZipBuilder().add(".sup", "|Nothing"));
+    drop("*.zip", catalogZip("ACME", "00001"));
+    EXPECT_THAT(installAll(), IsEmpty());
+    EXPECT_TRUE(fs::is_empty(program)) << "a name is no mask";
+}
+
+TEST_F(CatalogZips, ThatCanNotBeReadAreToldOnceAndDeleted) {
+    catalogZip("Cut", "00001").writeTo(program / "Cut.zip");
+    fs::resize_file(program / "Cut.zip", fs::file_size(program / "Cut.zip") / 2);
+    put("Empty.zip", "");
+    put("Note.zip", "no archive");
+    drop("Secret.zip", support::ZipBuilder().addEncrypted("Secret.sup", "x").addEncrypted("PrdPrm.dat", "x"));
+    const auto lines = installAll();
+    std::vector<std::string> told;
+    std::copy_if(lines.begin(), lines.end(), std::back_inserter(told),
+                 [](const std::string& line) { return line.starts_with("exclamation"); });
+    EXPECT_THAT(told, ElementsAre(damaged("Cut.zip"), damaged("Empty.zip"), damaged("Note.zip"),
+                                  damaged("Secret.zip")));
     EXPECT_TRUE(fs::is_empty(program));
 }
 
-TEST_F(CatalogZips, NamedLikeAFolderOfTheProgramsOwnAreKeptAndTold) {
+TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndTold) {
     put("help/index.html", "the book");
     put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
-    for (const std::string name : {"Help", "Install.tmp"})
-        drop(name + ".zip", catalogZip(name, "00001"));
+    put("readme.txt", "mine");
+    const std::vector<std::string> names{".",          "ACME ",     "ACME.",     "ACME.zip",    "COM1",
+                                         "COM\xB9.x",  "Help",      "Help (1)",  "Install.tmp", "nul",
+                                         "README.TXT", "Start.ini", "start.ECT", "Tavorine",    "Tmp.htm"};
+    for (const auto& name : names)
+        drop(name + ".zip", catalogZip(name == "Help (1)" ? "Help" : name, "00001"));
     const auto lines = installAll();
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_THAT(lines[0], testing::HasSubstr("Help.zip can not be installed, since its name is taken"));
-    EXPECT_TRUE(exists("Help.zip") && exists("Install.tmp.zip") && !exists("Install.tmp"));
+    ASSERT_EQ(lines.size(), names.size());
+    for (const auto& line : lines)
+        EXPECT_THAT(line, HasSubstr("can not be installed, since no supplier can have this name"));
+    for (const auto& name : names) {
+        EXPECT_TRUE(fs::exists(program / base::pathOf(name + ".zip"))) << name;
+        EXPECT_FALSE(exists("Help.jpg") || exists("Install.tmp"));
+    }
     EXPECT_EQ(contents("help/index.html"), "the book");
-    EXPECT_THAT(app::MarkerFiles(program, box).suppliers(), testing::IsEmpty());
+    EXPECT_THAT(app::MarkerFiles(program, box).suppliers(), IsEmpty());
 }
 
-TEST_F(CatalogZips, ThatAreDamagedLeaveTheInstalledCatalogAndSaySo) {
-    install("ACME");
-    const auto complaint = "exclamation [Tavorine Catalog Viewer] " + base::textOf(program / "ACME.zip") +
-                           " is damaged and was not installed\nPlease ask your supplier to send it again";
-    drop("ACME.zip", catalogZip("ACME", "00002").addEncrypted("a.jpg", "secret"));
-    EXPECT_EQ(installAll().back(), complaint);
-    expectUntouched();
-    EXPECT_FALSE(exists("ACME.zip"));
+TEST_F(CatalogZips, SavedUnderACopyNumberAreTakenForTheSupplierOfTheirMarker) {
+    drop("ACME (1).zip", catalogZip("ACME", "00001"));
+    drop("Zoo(12).zip", catalogZip("Zoo", "00001"));
+    drop("Gross (1).zip", catalogZip("Gross (1)", "00001"));
+    installAll();
+    EXPECT_EQ(installedVersion("ACME"), "00001");
+    EXPECT_EQ(contents("ACME.sup"), "ACME|ACME Ltd\r\n");
+    EXPECT_EQ(contents("ACME.jpg"), "ACME logo 00001");
+    EXPECT_EQ(installedVersion("Zoo"), "00001");
+    EXPECT_EQ(installedVersion("Gross (1)"), "00001") << "its own name";
+    EXPECT_FALSE(exists("ACME (1).zip") || exists("ACME (1)") || exists("Zoo(12).zip"));
 
-    drop("ACME.zip", support::ZipBuilder().add("ACME.sup", "ACME|Acme"));
-    EXPECT_EQ(installAll().back(), complaint) << "no parameters in it";
-    expectUntouched();
-    EXPECT_FALSE(exists("ACME.zip"));
+    drop("ACME (2).zip", catalogZip("ACME", "00002"));
+    EXPECT_THAT(installAll(),
+                testing::Contains("status Update Data Folder for ACMEThis may take a few minutes"));
+    EXPECT_EQ(installedVersion("ACME"), "00002");
 }
 
-TEST_F(CatalogZips, ThatFailForANewSupplierLeaveNothingToList) {
-    drop("ACME.zip", catalogZip("ACME", "00001").addEncrypted("a.jpg", "secret"));
-    EXPECT_THAT(installAll().back(), HasSubstr("is damaged"));
-    EXPECT_TRUE(fs::is_empty(program));
+/// What is wrong with a zip, new and as an update. The marker is another one each time.
+TEST_F(CatalogZips, ThatAreDamagedChangeNothingAndSaySoOnce) {
+    const auto whole = [this] { return catalogZip("ACME", "00002").add("acme.SUP", "ACME|New name"); };
+    const auto tooShort = parameters("ACME", "00002", "").substr(0, 759);
+    const std::map<std::string, support::ZipBuilder> zips{
+        {"an encrypted picture", whole().addEncrypted("a.jpg", "secret")},
+        {"no parameters", support::ZipBuilder().add("ACME.sup", "ACME|New name")},
+        {"parameters too short", whole().add("prdprm.dat", tooShort)},
+        {"parameters below a folder",
+         support::ZipBuilder().add("ACME.sup", "ACME|N").add("x/PrdPrm.dat", tooShort)},
+        {"a folder named like a data file", support::ZipBuilder()
+                                                .add("ACME.sup", "ACME|N")
+                                                .add("PrdPrm.dat", parameters("ACME", "00002", ""))
+                                                .add("Prdlst.dat/a.txt", "x")},
+    };
+    for (const auto& [what, zip] : zips)
+        for (const bool isUpdate : {false, true}) {
+            if (isUpdate)
+                install("ACME");
+            drop("ACME.zip", zip);
+            const auto lines = installAll();
+            EXPECT_EQ(lines.back(), damaged("ACME.zip")) << what;
+            EXPECT_EQ(std::count(lines.begin(), lines.end(), damaged("ACME.zip")), 1) << what;
+            EXPECT_FALSE(exists("ACME.zip")) << what;
+            if (isUpdate)
+                expectUntouched();
+            else
+                EXPECT_TRUE(fs::is_empty(program)) << what;
+            fs::remove_all(program / "ACME");
+            fs::remove(program / "ACME.sup");
+        }
+}
+
+TEST_F(CatalogZips, WithoutADataFileAreDamagedUnlessTheInstalledCatalogHasIt) {
+    for (const auto* missing : otherDataFiles) {
+        auto zip =
+            support::ZipBuilder().add("ACME.sup", "ACME|x").add("PrdPrm.dat", parameters("A", "00002", ""));
+        for (const auto* file : otherDataFiles)
+            if (std::string_view(file) != missing)
+                zip.add(file, "new");
+        drop("ACME.zip", zip);
+        EXPECT_EQ(installAll().back(), damaged("ACME.zip")) << missing;
+        EXPECT_TRUE(fs::is_empty(program)) << missing;
+
+        install("ACME");
+        drop("ACME.zip", zip);
+        installAll();
+        EXPECT_EQ(installedVersion("ACME"), "00002") << missing;
+        EXPECT_EQ(contents(fs::path("ACME") / missing), "00001");
+
+        install("ACME");
+        fs::remove(program / "ACME" / missing);
+        drop("ACME.zip", zip);
+        EXPECT_EQ(installAll().back(), damaged("ACME.zip")) << missing;
+        EXPECT_EQ(installedVersion("ACME"), "00001");
+        fs::remove_all(program / "ACME");
+        fs::remove(program / "ACME.sup");
+    }
+}
+
+TEST_F(CatalogZips, NeverReplaceTheUsersOwnFiles) {
+    auto zip = catalogZip("ACME", "00002");
+    zip.add("user.ini", "theirs").add("BASKET.DAT", "theirs").add("Tmp.htm/a.txt", "theirs");
+    drop("ACME.zip", zip);
+    installAll();
+    EXPECT_EQ(installedVersion("ACME"), "00002");
+    EXPECT_FALSE(exists("ACME/user.ini") || exists("ACME/BASKET.DAT") || exists("ACME/Tmp.htm"));
+
+    for (const auto* file : {"User.ini", "Basket.dat", "Tmp.htm"})
+        put(fs::path("ACME") / file, "mine");
+    drop("ACME.zip", zip);
+    box.answers = {Answer::yes};
+    installAll();
+    for (const auto* file : {"User.ini", "Basket.dat", "Tmp.htm"})
+        EXPECT_EQ(contents(fs::path("ACME") / file), "mine") << file;
 }
 
 TEST_F(CatalogZips, StayForTheNextStartWhenTheDiskIsFull) {
@@ -202,8 +311,8 @@ TEST_F(CatalogZips, ThatCanNotBeDeletedAreProcessedAndReportedOnce) {
         return "exclamation [Tavorine Catalog Viewer] Can not delete " + base::textOf(program / name) +
                "\nPlease delete it yourself, or it is tried again at every start";
     };
-    EXPECT_THAT(installAll(), ElementsAre("extract Note.zip Note.sup", complaint("Note.zip"),
-                                          "extract Other.zip Other.sup", complaint("Other.zip")));
+    EXPECT_THAT(installAll(),
+                ElementsAre(damaged("Note.zip"), complaint("Note.zip"), complaint("Other.zip")));
 }
 
 TEST_F(CatalogZips, EndTheProgramQuietlyWhenTheUserClosesTheWindow) {

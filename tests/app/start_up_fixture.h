@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
 #include <string>
 
@@ -59,6 +60,10 @@ public:
 
     std::map<std::string, Result, std::less<>> results; // by mask
 
+    std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) override {
+        return ui::system::ZipExtractor::topLevelFiles(archive);
+    }
+
     Result extract(const std::filesystem::path& archive, std::string_view mask,
                    const std::filesystem::path& folder) override {
         m_journal.add("extract " + archive.filename().string() + " " + std::string(mask));
@@ -73,14 +78,19 @@ private:
 
 class StartUpFixture : public testing::Test {
 protected:
+    static constexpr std::array otherDataFiles{"Prdlst.dat", "GrpIdx.idx", "PrdIdx.idx", "PrdMem.Dat"};
+
     /// The archive of a small catalogue; more can be added before it is written.
     [[nodiscard]] support::ZipBuilder catalogZip(const std::string& N, const std::string& version,
                                                  const std::string& password = {}) const {
-        return support::ZipBuilder()
-            .add(N + ".sup", N + "|" + N + " Ltd\r\n")
-            .add("PrdPrm.dat", parameters(N + " Stores", version, password))
-            .add("Welcome.ECT", "{SUPNAME} {LS}{FS1}{FS2}")
-            .add("logo.jpg", N + " logo " + version);
+        auto zip = support::ZipBuilder()
+                       .add(N + ".sup", N + "|" + N + " Ltd\r\n")
+                       .add("PrdPrm.dat", parameters(N + " Stores", version, password))
+                       .add("Welcome.ECT", "{SUPNAME} {LS}{FS1}{FS2}")
+                       .add("logo.jpg", N + " logo " + version);
+        for (const auto* file : otherDataFiles)
+            zip.add(file, version);
+        return zip;
     }
 
     [[nodiscard]] std::string parameters(const std::string& name, const std::string& version,
@@ -105,6 +115,8 @@ protected:
         put(N + ".sup", N + "|" + N + " Ltd\r\n");
         put(N + "/PrdPrm.dat", parameters(N + " Stores", version, password));
         put(N + "/Welcome.ECT", "{SUPNAME} {LS}{FS1}{FS2}");
+        for (const auto* file : otherDataFiles)
+            put(std::filesystem::path(N) / file, version);
     }
 
     [[nodiscard]] std::string contents(const std::filesystem::path& relative) const {

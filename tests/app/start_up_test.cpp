@@ -100,7 +100,7 @@ TEST_F(StartUp, AsksAboutEmailThenWarnsOfASmallScreenThenInstallsThenListsSuppli
                             "status Add Data Folder for This may take a few minutes", "extract ACME.zip *",
                             "extract BETA.zip BETA.sup",
                             "status Add Data Folder for This may take a few minutes", "extract BETA.zip *",
-                            "no password entry", "page Tmp.htm"));
+                            "caption Tavorine Catalog Viewer", "no password entry", "page Tmp.htm"));
     EXPECT_EQ(browser.file.parent_path(), program);
     EXPECT_EQ(contents("Tmp.htm"), browser.page);
     EXPECT_EQ(startUp->session().folders.ProgramFolder, program);
@@ -172,6 +172,8 @@ TEST_F(StartUp, InstallsWhatArrivesLaterAndOffersTheWayBackToTheList) {
     }
     click("\\ACME");
     EXPECT_TRUE(window.listOffered);
+    startUp->showSupplierList();
+    EXPECT_THAT(journal.take(), Contains("caption Tavorine Catalog Viewer"));
 }
 
 TEST_F(StartUp, OmitsWelcomePageAndPasswordWhereTheCatalogSaysSo) {
@@ -188,12 +190,36 @@ TEST_F(StartUp, EndsWithItsMessageWhereAFileIsMissing) {
     EXPECT_EQ(endOf([&] { run(); }), "[Terminating error] Can not find " +
                                          base::textOf(program / "ACME" / "Welcome.ECT") +
                                          "\nPlease re-install your data files");
-    fs::remove(program / "ACME" / "PrdPrm.dat");
-    EXPECT_EQ(endOf([&] { run(); }), "[Terminate Tavorine] " + base::textOf(program / "ACME" / "PrdPrm.dat") +
-                                         " is missing. Please contact your supplier");
     install("BETA");
     EXPECT_EQ(endOf([&] { run(); }),
               "[Terminating error] Can not find Start.ect\nPlease re-install your program");
+}
+
+TEST_F(StartUp, AnOnlySupplierThatCanNotBeOpenedIsListedSoThatItCanBeRemoved) {
+    startedBefore();
+    put("Start.ect", "<R1>{SUPPID};</R1>");
+    install("ACME");
+    const auto path = program / "ACME" / "PrdPrm.dat";
+    const auto told = [&](const std::string& text) {
+        return ElementsAre("critical [Tavorine Catalog Viewer] " + base::textOf(path) + text,
+                           "caption Tavorine Catalog Viewer", "no password entry", "page Tmp.htm");
+    };
+    const auto corrupt = " is  corrupt \nPlease re-install your data files";
+    fs::resize_file(path, 759);
+    EXPECT_THAT(run(), told(corrupt));
+    EXPECT_THAT(browser.page, testing::HasSubstr("ACME;"));
+    EXPECT_THAT(click("\\ACME"), told(corrupt));
+    fs::remove(path);
+    EXPECT_THAT(run(), told(" is missing. Please contact your supplier"));
+
+    catalogZip("ACME", "00001").writeTo(program / "ACME.zip");
+    startUp->installArrived({program / "ACME.zip"});
+    EXPECT_THAT(journal.take(), Contains("caption Welcome to ACME Stores"));
+    fs::remove(path);
+    run();
+    box.answers = {Answer::yes};
+    EXPECT_THAT(endOf([&] { click("\\-ACME"); }), testing::HasSubstr("Missing Catalog files"));
+    EXPECT_FALSE(exists("ACME"));
 }
 
 TEST_F(StartUp, InAReadOnlyProgramFolderSaysSoAndGoesOnWithWhatIsInstalled) {
@@ -206,11 +232,10 @@ TEST_F(StartUp, InAReadOnlyProgramFolderSaysSoAndGoesOnWithWhatIsInstalled) {
     fs::permissions(root, fs::perms::all);
     const support::OrdinaryUser user;
     const auto lines = run();
-    EXPECT_THAT(
-        lines,
-        Contains("exclamation [Tavorine Catalog Viewer] " + base::textOf(program / "BETA.zip") +
-                 " can not be installed\nPlease check that the disk is not full and that you may write to "
-                 "the program folder, then start the program again"));
+    EXPECT_THAT(lines, Contains("exclamation [Tavorine Catalog Viewer] Can not write to " +
+                                base::textOf(program / "Install.tmp" / "BETA") +
+                                "\nPlease check that the disk is not full and that you may write there, then "
+                                "start the program again"));
     EXPECT_THAT(lines, Contains("page Tmp.htm"));
     EXPECT_EQ(startUp->session().folders.UserFolder, root / "own" / "folder");
     EXPECT_EQ(base::readFile(root / "own" / "folder" / "Tmp.htm"), "ACME Stores 5023\r\n");
@@ -260,7 +285,8 @@ TEST_F(SupplierLinks, RemoveAListedSupplierAfterAQuestionAndShowTheNewList) {
     EXPECT_THAT(click("\\prog\\-beta"), ElementsAre(question));
     EXPECT_TRUE(exists("BETA"));
     box.answers = {Answer::yes};
-    EXPECT_THAT(click("\\prog\\-beta"), ElementsAre(question, "no password entry", "page Tmp.htm"));
+    EXPECT_THAT(click("\\prog\\-beta"), ElementsAre(question, "caption Tavorine Catalog Viewer",
+                                                    "no password entry", "page Tmp.htm"));
     EXPECT_FALSE(exists("BETA"));
     EXPECT_FALSE(exists("BETA.sup"));
     EXPECT_EQ(browser.page,

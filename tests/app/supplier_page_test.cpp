@@ -48,6 +48,15 @@ TEST_F(SupplierPage, IsWrittenByteForByteAsItsTemplateTells) {
                   "</tr></html>\r\n");
 }
 
+TEST_F(SupplierPage, ShowsWhatAMarkerTellsAsTextAndNoMoreThanAHundredCharacters) {
+    put("Start.ect", "<R1><a href=\"{SUPPID}\">{SUPPLIER}</a></R1>");
+    const auto supplier = app::parseMarker("N", "a\"b'c|<b>S&P &amp; [*]</b>\"" + std::string(200, 'x'));
+    const auto page = app::supplierPage(program, {}, {supplier.value()});
+    EXPECT_THAT(page,
+                testing::StartsWith("\r\n<a href=\"a&quot;b&#39;c\">&lt;b&gt;S&P &amp; [*]&lt;/b&gt;&quot;"));
+    EXPECT_EQ(std::count(page.begin(), page.end(), 'x'), 100 - 21);
+}
+
 TEST_F(SupplierPage, WithoutASecondBlockHasNoCellsInEverySecondRow) {
     EXPECT_EQ(page("<tr><R1>{SUPPID}</R1></tr>", 3),
               "<tr>\r\nS1\r\nS2</tr>\r\n<tr>\r\n\r\n\r\n</tr>\r\n<tr>\r\n\r\nS3</tr>\r\n<tr>\r\n\r\n</"

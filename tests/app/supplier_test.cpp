@@ -39,10 +39,12 @@ protected:
 TEST_F(MarkerFiles, AreListedInOrderOfTheirNamesWithTheirFirstLinesFields) {
     put("beta.SUP", "BETA|Beta & Sons|more\nsecond|line");
     put("ACME.Sup", "ACME|Acme Ltd\r\n");
+    put("Yen.sup", " \t| \xA0 ");
     put("Zoo.sup", "ZOO|");
     put("...sup", "..|Outside");
     put(".sup", "|Everything");
-    EXPECT_THAT(names(), ElementsAre("ACME:ACME:Acme Ltd", "beta:BETA:Beta & Sons", "Zoo:ZOO:"));
+    EXPECT_THAT(names(),
+                ElementsAre("ACME:ACME:Acme Ltd", "beta:BETA:Beta & Sons", "Yen:Yen:Yen", "Zoo:ZOO:Zoo"));
     EXPECT_THAT(journal.take(), ElementsAre());
 }
 

@@ -67,7 +67,8 @@ TEST_F(CatalogZip, AFailureLeavesTheOldZipAsItWas) {
 TEST_F(CatalogZip, ASupplierIdIsAPlainFolderNameThatIsNoRemovalLink) {
     for (const char* id : {"ACME", "Acme Co", "a-b_c.2"})
         EXPECT_TRUE(publish::isSupplierId(id)) << id;
-    for (const char* id : {"", "-ACME", " ACME", "a/b", "a|b", "..", "caf\xE9", "a."})
+    for (const char* id :
+         {"", "-ACME", " ACME", "a/b", "a|b", "..", "caf\xE9", "a.", "nul", "ACME.zip", "Start.ini"})
         EXPECT_FALSE(publish::isSupplierId(id)) << id;
 }
 

@@ -67,7 +67,7 @@ void Find::nameControls() {
 
 // Labelled as the catalogue calls the column; the name is for the tip.
 void Find::nameTick(QCheckBox* tick, ParameterText caption, const QString& name) {
-    tick->setText(toQt(m_parameters.text(caption)).replace('&', "&&"));
+    tick->setText(asCaption(toQt(m_parameters.text(caption))));
     tick->setAccessibleName(tick->text().isEmpty() ? name : toQt(m_parameters.text(caption)));
     tick->setToolTip("If ticked, includes the " + name + " column in the search");
 }

@@ -54,6 +54,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_messages(messages),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
       m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
+      m_lostPages(m_catalog.openFiles()),
       m_ordering(m_catalog, *m_basketFile, messages, m_toolbarState),
       m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this),
       m_groupLists(m_catalog),
@@ -67,6 +68,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_browsing(m_session, m_catalog, *m_banner, m_catalogView->page()),
       m_turner(new PageTurner(m_catalogView->page(), m_guard([this](int row) { showRow(row); }), this)) {
     setObjectName("Form1");
+    m_guard.watch([this] { m_catalog.requireWhole(); });
     layOut();
     fill();
     restoreSettings();
@@ -76,6 +78,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
 
 // The catalogue closes before the widgets go.
 Form1::~Form1() {
+    m_guard.watch([] {});
     m_catalogView->grid().setModel(nullptr);
     m_orderView->grid().setModel(nullptr);
     delete m_find;
@@ -99,14 +102,17 @@ void Form1::layOut() {
 }
 
 void Form1::fill() {
-    setWindowTitle(toQt(m_catalog.parameters.text(ParameterText::catalogName)) + " - Tavorine");
+    setWindowTitle(asTitle(toQt(m_catalog.parameters.text(ParameterText::catalogName))) + " - Tavorine");
     m_totals->open(m_catalog.parameters);
     m_products = new ProductModel(m_catalog, m_ordering.grids(), this);
     m_catalogView->grid().open(m_products);
     m_catalogView->groupBoxes().open(m_groupLists);
     m_orderView->open(new OrderModel(m_catalog, m_ordering.grids(), this));
-    for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})
+    for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()}) {
         m_memory.restore(grid->columnWidths(), columnsOf(*grid));
+        grid->showOnlyIf([this] { return m_catalog.isWhole(); });
+        connect(grid, &Grid::rowsNotSound, this, m_guard([] {}), Qt::QueuedConnection);
+    }
     m_catalogView->page().setZoom(m_memory.pageZoom());
 }
 

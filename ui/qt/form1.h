@@ -20,6 +20,7 @@
 #include "ui/qt/totals_bar.h"
 #include "ui/qt/window_memory.h"
 #include "ui/system/disk_file.h"
+#include "ui/system/lost_pages.h"
 
 #include <QMainWindow>
 #include <QStackedWidget>
@@ -92,6 +93,7 @@ private:
     system::DiskFile m_basketOnDisk;
     std::optional<order::BasketFile> m_basketFile; // opened with the catalogue
     catalog::Catalog m_catalog;
+    system::LostPages m_lostPages;
     ToolbarState m_toolbarState;
     Ordering m_ordering;
     order::DeliveryDetails m_details;

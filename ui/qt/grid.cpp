@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QProgressDialog>
 
 #include <algorithm>
@@ -80,6 +81,14 @@ void Grid::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fit();
+}
+
+void Grid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (m_rowsAreSound())
+        return;
+    QPainter(viewport()).fillRect(viewport()->rect(), palette().base());
+    emit rowsNotSound();
 }
 
 std::optional<TypedQuantity> Grid::typedQuantity() const {

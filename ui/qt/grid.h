@@ -7,8 +7,10 @@
 
 #include <QTableView>
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace ui::qt {
 
@@ -48,9 +50,15 @@ public:
     /// Closes an edit that is still open. Where its quantity is not sold, the old one stays.
     void closePending();
 
+    /// Asked after the rows have been read for painting: where the answer is no, none is shown.
+    void showOnlyIf(std::function<bool()> rowsAreSound) { m_rowsAreSound = std::move(rowsAreSound); }
+
 signals:
     /// What `typedQuantity` tells is another now.
     void typingChanged();
+
+    /// Rows were read for painting that do not count.
+    void rowsNotSound();
 
 protected:
     void commitData(QWidget* editor) override;
@@ -58,6 +66,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void fit();
@@ -69,6 +78,7 @@ private:
     void copySelection();
     void pasteQuantities();
 
+    std::function<bool()> m_rowsAreSound = [] { return true; };
     GridModel* m_model = nullptr;
     CellDelegate* m_cells = nullptr;
     Hint* m_hint = nullptr;           // from its first use on

@@ -85,7 +85,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole)
         return toQt(column.caption);
     if (role == Qt::ToolTipRole)
-        return toQt(column.caption).toHtmlEscaped();
+        return asToolTip(toQt(column.caption));
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(qtAlignment(column.header));
     return {};

@@ -30,7 +30,7 @@ QVariant GroupEntriesModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     const auto text = toQt(m_entries.at(static_cast<std::size_t>(index.row())).text);
-    return role == Qt::ToolTipRole ? text.toHtmlEscaped() : text;
+    return role == Qt::ToolTipRole ? asToolTip(text) : text;
 }
 
 GroupBox::GroupBox(QWidget* parent) : QComboBox(parent), m_entries(new GroupEntriesModel(this)) {

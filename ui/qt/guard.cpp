@@ -12,7 +12,9 @@ void Guard::run(const std::function<void()>& work) {
     if (m_ending)
         return;
     try {
+        m_check();
         work();
+        m_check();
     } catch (const base::ProgramEnd& end) {
         m_ending = true;
         m_messages.show(platform::Icon::critical, end.title(), end.text());

@@ -25,6 +25,10 @@ public:
         };
     }
 
+    /// Runs this before and after everything that is guarded, until the next call: what it throws comes
+    /// before whatever would have been done, or said, with it.
+    void watch(std::function<void()> check) { m_check = std::move(check); }
+
     /// Does nothing once the program is ending.
     void run(const std::function<void()>& work);
 
@@ -35,6 +39,7 @@ public:
 
 private:
     platform::MessageBox& m_messages;
+    std::function<void()> m_check = [] {};
     bool m_ending = false;
 };
 

@@ -22,7 +22,7 @@ template <typename Parent>
 QTreeWidgetItem* addEntry(Parent* parent, std::string_view title, const std::string& page,
                           const std::string& anchor) {
     auto* item = new QTreeWidgetItem(parent, {toQt(title)});
-    item->setToolTip(0, toQt(title).toHtmlEscaped());
+    item->setToolTip(0, asToolTip(toQt(title)));
     item->setData(0, pageRole, QString::fromStdString(page));
     item->setData(0, anchorRole, QString::fromStdString(anchor));
     return item;
@@ -103,7 +103,7 @@ void HelpContents::search() {
 void HelpContents::addHit(std::string_view title) {
     auto* entry = new QListWidgetItem(toQt(title), m_hits);
     entry->setSizeHint(QSize(0, fontMetrics().height() + rowPadding));
-    entry->setToolTip(toQt(title).toHtmlEscaped());
+    entry->setToolTip(asToolTip(toQt(title)));
 }
 
 void HelpContents::chooseHit(int row) {

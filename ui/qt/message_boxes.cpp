@@ -26,7 +26,7 @@ QMessageBox::Icon qtIcon(platform::Icon icon) {
 
 int exec(platform::Icon icon, std::string_view title, std::string_view text,
          QMessageBox::StandardButtons buttons, QMessageBox::StandardButton defaultButton) {
-    QMessageBox box(qtIcon(icon), toQt(title), toQt(text), buttons, QApplication::activeWindow());
+    QMessageBox box(qtIcon(icon), asTitle(toQt(title)), toQt(text), buttons, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box.setDefaultButton(defaultButton);

@@ -4,6 +4,8 @@
 #include "ui/qt/pdf_output.h"
 #include "ui/qt/text.h"
 
+#include <QFileIconProvider>
+#include <QFileSystemModel>
 #include <QLocale>
 #include <QPrintDialog>
 
@@ -18,6 +20,28 @@ constexpr double marginMm = 12;
 QPageSize usualPaper() {
     return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
                                                                                         : QPageSize::A4);
+}
+
+// Tells files by what the folder says of them. The toolkit's own icons look into every file, in the window's
+// thread, and some files have no end or are never ready (below /proc, say).
+class KindIcons final : public QObject, public QFileIconProvider {
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QIcon icon(const QFileInfo& file) const override {
+        return QFileIconProvider::icon(file.isDir() ? Folder : File);
+    }
+
+    [[nodiscard]] QString type(const QFileInfo& file) const override {
+        return file.isDir() ? "Folder" : "File";
+    }
+};
+
+// The list of names under the file's entry, which the toolkit's own print dialog completes.
+void completeNamesWithoutReading(QPrintDialog& dialog) {
+    auto* icons = new KindIcons(&dialog);
+    for (auto* model : dialog.findChildren<QFileSystemModel*>())
+        model->setIconProvider(icons);
 }
 
 }
@@ -71,6 +95,7 @@ void OrderPrinter::ask() {
     auto* dialog = new QPrintDialog(&m_printer, windowInFront());
     dialog->setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
                        QPrintDialog::PrintShowPageSize | QPrintDialog::PrintCollateCopies);
+    completeNamesWithoutReading(*dialog);
     connect(dialog, &QPrintDialog::finished, dialog, &QObject::deleteLater);
     connect(dialog, &QPrintDialog::rejected, this, m_guard([this] { endUnlessPreviewed(); }));
     connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, m_guard([this] {
@@ -93,7 +118,7 @@ void OrderPrinter::makePdf(const QPageRanges& ranges, std::function<void(const Q
 void OrderPrinter::showPreview(const QByteArray& pdf) {
     setBusy(false);
     m_preview = new PrintPreview(pdf, &m_window);
-    m_preview->setWindowTitle(m_printer.docName());
+    m_preview->setWindowTitle(asTitle(m_printer.docName()));
     connect(m_preview, &PrintPreview::printAsked, this, m_guard([this] { ask(); }));
     connect(m_preview, &PrintPreview::finished, this, m_guard([this] {
                 m_preview.clear();

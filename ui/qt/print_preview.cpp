@@ -1,5 +1,6 @@
 #include "ui/qt/print_preview.h"
 
+#include "ui/qt/window_place.h"
 #include "ui/zoom.h"
 
 #include <QAction>
@@ -38,6 +39,7 @@ PrintPreview::PrintPreview(QByteArray pdf, QWidget* parent)
     showPageNumber();
     const QSize page(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 48);
     resize(page.expandedTo(bar->sizeHint() * 1.1).boundedTo(screen()->availableSize() * 0.9));
+    placeCentred(*this, *parent->window());
     m_view->setFocus();
 }
 

@@ -9,7 +9,8 @@
 
 namespace ui::qt {
 
-/// The pages of a PDF as they will be printed. Deletes itself when it is closed.
+/// The pages of a PDF as they will be printed, over the middle of the parent's window. Deletes itself when it
+/// is closed.
 class PrintPreview final : public QDialog {
     Q_OBJECT
 

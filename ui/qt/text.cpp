@@ -2,6 +2,8 @@
 
 #include "base/code_page.h"
 
+#include <QTextDocument>
+
 namespace ui::qt {
 
 QString toQt(std::string_view text) {
@@ -10,6 +12,20 @@ QString toQt(std::string_view text) {
 
 std::string fromQt(const QString& text) {
     return base::fromUtf8(text.toStdString());
+}
+
+QString asTitle(QString text) {
+    return text.replace("[*]", "[*][*]");
+}
+
+QString asCaption(QString text) {
+    return text.replace('&', "&&");
+}
+
+QString asToolTip(const QString& text) {
+    return Qt::mightBeRichText(text)
+               ? "<span style=\"white-space:pre-wrap\">" + text.toHtmlEscaped() + "</span>"
+               : text;
 }
 
 QString pathToQt(const std::filesystem::path& path) {

@@ -13,6 +13,14 @@ namespace ui::qt {
 [[nodiscard]] QString toQt(std::string_view text);
 [[nodiscard]] std::string fromQt(const QString& text);
 
+/// A text for places that would read something into it. Each shows just this text.
+/// A title of a window or box, which is without "[*]" otherwise.
+[[nodiscard]] QString asTitle(QString text);
+/// A caption of a button, tick or menu, where "&" underlines a letter.
+[[nodiscard]] QString asCaption(QString text);
+/// A tip, which would take the text for HTML where it looks like it.
+[[nodiscard]] QString asToolTip(const QString& text);
+
 [[nodiscard]] QString pathToQt(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path pathFromQt(const QString& path);
 

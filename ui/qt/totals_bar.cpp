@@ -49,7 +49,7 @@ TotalsBar::TotalsBar(QWidget* parent)
 void TotalsBar::open(const catalog::Parameters& parameters) {
     const auto& taxName = parameters.text(catalog::ParameterText::taxName);
     const auto caption = std::string(base::trim(taxName)) + " Exempt";
-    m_exempt->setText(toQt(base::trim(taxName)).replace('&', "&&") + " &Exempt");
+    m_exempt->setText(asCaption(toQt(base::trim(taxName))) + " &Exempt");
     m_exempt->setAccessibleName(toQt(caption));
     m_taxCaption->setText(toQt(taxName));
     for (QWidget* control : std::array<QWidget*, 3>{m_exempt, m_taxCaption, m_tax})

@@ -190,7 +190,7 @@ void Welcome::hideProgress() {
 }
 
 void Welcome::setCaption(std::string_view caption) {
-    setWindowTitle(toQt(caption));
+    setWindowTitle(asTitle(toQt(caption)));
 }
 
 void Welcome::setStatus(std::string_view text) {

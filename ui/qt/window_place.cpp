@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -27,14 +28,17 @@ QRect screenAt(const QPoint& point) {
     return nearest == screens.end() ? QRect() : (*nearest)->availableGeometry();
 }
 
-void place(QWidget& window, QPoint corner) {
-    const auto size = window.frameGeometry().size();
+void place(QWidget& window, QPoint corner, QSize size) {
     const auto screen = screenAt(QRect(corner, size).center());
     const auto inside = [](int wanted, int first, int last) {
         return std::max(first, std::min(wanted, last));
     };
     window.move(inside(corner.x(), screen.left(), screen.right() + 1 - size.width()),
                 inside(corner.y(), screen.top(), screen.bottom() + 1 - size.height()));
+}
+
+void place(QWidget& window, QPoint corner) {
+    place(window, corner, window.frameGeometry().size());
 }
 
 int pixel(float position) {
@@ -47,6 +51,13 @@ void placeOver(QWidget& window, const QWidget& other) {
     const auto size = window.frameGeometry().size();
     const auto area = other.frameGeometry();
     place(window, {area.right() - size.width() - margin, area.bottom() - size.height() - margin});
+}
+
+// The desktop centres a dialog itself, off the screen too, unless it is told a place.
+void placeCentred(QWidget& window, const QWidget& other) {
+    const QSize titleBar(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window));
+    const auto size = window.frameGeometry().size().expandedTo(window.size() + titleBar);
+    place(window, other.frameGeometry().center() - QPoint(size.width() / 2, size.height() / 2), size);
 }
 
 void placeAt(QWidget& window, float left, float top) {

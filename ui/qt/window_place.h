@@ -9,6 +9,10 @@ namespace ui::qt {
 /// Over the lower right part of another window.
 void placeOver(QWidget& window, const QWidget& other);
 
+/// Over the middle of another window. To be called before the window is shown: where its title bar is not
+/// known yet, room is left for one.
+void placeCentred(QWidget& window, const QWidget& other);
+
 /// At a position that was saved, brought back onto the nearest screen if it lies outside.
 void placeAt(QWidget& window, float left, float top);
 

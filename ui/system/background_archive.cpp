@@ -36,6 +36,11 @@ private:
 
 }
 
+std::optional<std::vector<std::string>>
+BackgroundArchive::topLevelFiles(const std::filesystem::path& archive) {
+    return ZipExtractor::topLevelFiles(archive); // the end of the file tells, whatever its size
+}
+
 platform::Archive::Result BackgroundArchive::extract(const std::filesystem::path& archive,
                                                      std::string_view mask,
                                                      const std::filesystem::path& folder) {

@@ -14,6 +14,7 @@ class BackgroundArchive final : public QObject, public platform::Archive {
     Q_OBJECT
 
 public:
+    std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) override;
     Result extract(const std::filesystem::path& archive, std::string_view mask,
                    const std::filesystem::path& folder) override;
 

@@ -1,6 +1,7 @@
 #include "ui/system/zip_extractor.h"
 
 #include "base/caseless_tree.h"
+#include "base/code_page.h"
 #include "ui/system/zip_reader.h"
 
 #include <algorithm>
@@ -168,6 +169,17 @@ private:
     std::vector<std::byte> m_buffer = std::vector<std::byte>(std::size_t{1} << 20U);
 };
 
+}
+
+std::optional<std::vector<std::string>> ZipExtractor::topLevelFiles(const fs::path& archive) {
+    const ZipReader zip(archive);
+    if (!zip.isOpen())
+        return std::nullopt;
+    std::vector<std::string> names;
+    for (const auto& entry : zip.entries("*"))
+        if (!entry.where.isFolder && entry.where.path.find('/') == std::string::npos)
+            names.push_back(base::fromUtf8(entry.where.path));
+    return names;
 }
 
 Result ZipExtractor::extract(const fs::path& archive, std::string_view mask, const fs::path& folder,

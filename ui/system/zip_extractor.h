@@ -31,6 +31,10 @@ public:
 
     explicit ZipExtractor(ExtractionLimits limits = {}) : m_limits(limits) {}
 
+    /// As in platform::Archive.
+    [[nodiscard]] static std::optional<std::vector<std::string>>
+    topLevelFiles(const std::filesystem::path& archive);
+
     /// Nothing of a cancelled or failed extraction stays: what is unpacked waits in a folder of its own
     /// inside the target, which must be there, and moves to its place when all of it is complete.
     [[nodiscard]] Result extract(const std::filesystem::path& archive, std::string_view mask,

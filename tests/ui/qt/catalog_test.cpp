@@ -150,4 +150,31 @@ TEST_F(ProgramTest, ADamagedTemplateEndsTheProgramWithItsMessage) {
     EXPECT_TRUE(play());
 }
 
+// As when a catalogue is copied over by hand while it is open.
+TEST_F(ProgramTest, ADataFileThatIsCutWhileItIsOpenEndsTheProgramWithItsMessage) {
+    auto catalog = smallCatalog("Acme");
+    catalog.catalogPassword = "OMIT";
+    for (int i = 0; i < 3000; ++i)
+        catalog.products.push_back({.text = "X" + std::to_string(i) + "\nBolt\n", .price = 1, .group = 2});
+    writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+    deliver("ACME", catalog);
+    const auto products = folder / "ACME" / "Prdlst.dat";
+    script.when(
+        "the table of contents", [] { return shows(page(), "Contents"); },
+        [&] {
+            std::filesystem::resize_file(products, 10);
+            auto* grid = visible<ProductGrid>("ctGrid1");
+            grid->scrollToBottom(); // rows are painted that nobody has asked for yet
+            grid->viewport()->repaint();
+        });
+    script.when(
+        "the message", [] { return messageBox("Terminating error"); },
+        [&] {
+            EXPECT_EQ(messageBox("Terminating error")->text().toStdString(),
+                      products.string() + " is  corrupt \nPlease re-install your data files");
+            press(*messageBox("Terminating error"), QMessageBox::Ok);
+        });
+    EXPECT_TRUE(play());
+}
+
 }

@@ -2,10 +2,13 @@
 #include "ui/qt/print_preview.h"
 
 #include <QClipboard>
+#include <QComboBox>
+#include <QCompleter>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScreen>
 
 namespace {
 using namespace tour;
@@ -143,14 +146,36 @@ TEST_F(PrintTest, WhatIsCancelledOrCannotBeWrittenLeavesTheOrderToBePrintedAgain
     EXPECT_FALSE(fs::exists(gone));
 }
 
+// Files there that are never ready to be read stop a window that looks into them.
+TEST_F(PrintTest, AFolderOfFilesWithoutAnEndDoesNotHoldUpThePrintDialog) {
+    orderEverything(pagedTemplate);
+    inOrderView("printing", [] { press("Print"); });
+    const auto file = [] { return printDialog()->findChild<QLineEdit*>("filename"); };
+    inPrintDialog([file] {
+        auto* printers = printDialog()->findChild<QComboBox*>("printers");
+        printers->setCurrentIndex(printers->count() - 1);
+        file()->setFocus();
+        file()->clear();
+        QTest::keyClicks(file(), "/proc/");
+    });
+    script.when(
+        "the names there", [file] { return file()->completer()->completionCount() > 10; },
+        [] { printDialog()->reject(); });
+    inOrderView("closing", [] { visibleWidget("Form1")->close(); });
+    EXPECT_TRUE(play());
+}
+
 TEST_F(PrintTest, IsPreviewedAndPrintedFromThere) {
     orderEverything(pagedTemplate);
     inOrderView("previewing", [] {
+        visibleWidget("Form1")->setGeometry(60, 40, 640, 320); // a preview in its middle leaves the screen
         QTest::keyClick(visibleWidget("Form1"), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
     });
     const auto preview = [] { return visible<ui::qt::PrintPreview>("PrintPreview"); };
     script.when("the preview", preview, [preview] {
         EXPECT_EQ(preview()->windowTitle(), "Order A-7");
+        EXPECT_TRUE(preview()->screen()->availableGeometry().contains(preview()->frameGeometry()));
+        EXPECT_TRUE(preview()->testAttribute(Qt::WA_Moved)) << "the desktop would choose the place";
         EXPECT_EQ(preview()->findChild<QLabel*>("PageNumber")->text().trimmed(), "Page 1 of 3");
         QTest::keyClick(preview(), Qt::Key_P, Qt::ControlModifier);
     });

@@ -46,6 +46,7 @@ TEST(EntryPath, RefusesWhatLeavesTheFolderOrIsNoFileSomewhere) {
         "Con.txt",
         "aux .tar.gz",
         "pics/COM1",
+        "com\xC2\xB9.txt",
         "lpt9.jpg",
         "CONIN$",
         "a\tb",

@@ -1,0 +1,37 @@
+#include "app/zip_files.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <regex>
+
+namespace app {
+namespace {
+
+// "ACME" of "ACME (1)".
+std::string withoutCopyNumber(const std::string& name) {
+    static const std::regex copy(R"((.+?) ?\(\d+\))");
+    std::smatch match;
+    return std::regex_match(name, match, copy) ? match.str(1) : name;
+}
+
+}
+
+bool holdsFile(const std::vector<std::string>& files, std::string_view name) {
+    return std::any_of(files.begin(), files.end(),
+                       [&](const std::string& file) { return base::equalIgnoringCase(file, name); });
+}
+
+std::string markerOf(std::string_view folderName) {
+    return std::string(folderName) + ".sup";
+}
+
+std::optional<std::string> supplierOf(const std::string& zipName,
+                                      const std::vector<std::string>& topLevelFiles) {
+    for (const auto& N : {zipName, withoutCopyNumber(zipName)})
+        if (!N.empty() && holdsFile(topLevelFiles, markerOf(N)))
+            return N;
+    return std::nullopt;
+}
+
+}
