@@ -2,11 +2,11 @@
 
 #include "base/errors.h"
 #include "ui/qt/page_view.h"
+#include "ui/system/end_process.h"
 #include "ui/zoom.h"
 
 #include <QApplication>
 #include <QPainter>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineSettings>
@@ -17,10 +17,12 @@ namespace ui::qt {
 namespace {
 
 constexpr int frameWidth = 2;
+constexpr int mostRestored = 3;
 
 }
 
-PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent)
+PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent,
+                         std::chrono::milliseconds patience)
     : QWidget(parent), m_tabPlace(new QWidget(this)), m_name(name), m_accessibleName(accessibleName) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(frameWidth, frameWidth, frameWidth, frameWidth);
@@ -28,6 +30,9 @@ PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWi
     m_tabPlace->hide();
     m_tabPlace->setFocusPolicy(Qt::TabFocus);
     connect(qApp, &QApplication::focusChanged, this, QOverload<>::of(&QWidget::update));
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &PageBrowser::losePatience);
 }
 
 // A page must be gone before its profile.
@@ -52,7 +57,10 @@ void PageBrowser::onLink(LinkHandler handler) {
 
 void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes) {
     m_next = Page{file, std::string(bytes)};
-    if (!m_loading)
+    m_restored = 0;
+    if (m_overdue)
+        endProcess();
+    else if (!m_loading && !m_losingProcess)
         load();
 }
 
@@ -73,7 +81,11 @@ void PageBrowser::makeView() {
     m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, m_scripts);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
-    connect(m_view, &QWebEngineView::loadFinished, this, &PageBrowser::finish);
+    connect(m_view, &QWebEngineView::loadFinished, this, [this] {
+        if (!m_losingProcess)
+            finish();
+    });
+    connect(m_view, &QWebEngineView::renderProcessTerminated, this, &PageBrowser::loseProcess);
     connect(view, &PageView::zoomAsked, this,
             [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
     connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
@@ -99,6 +111,9 @@ void PageBrowser::load() {
     m_loading = true;
     if (!m_view)
         makeView();
+    m_formerProcess = m_page->renderProcessPid();
+    m_formerEntries = m_page->history()->count();
+    m_patience.start();
     try {
         m_loader->load(m_current.file, m_current.bytes);
     } catch (const base::FileError&) {
@@ -108,13 +123,48 @@ void PageBrowser::load() {
 }
 
 void PageBrowser::finish() {
+    m_patience.stop();
     m_loading = false;
+    const bool wasUp = std::exchange(m_overdue, false);
     m_loader->finish();
     m_page->history()->clear();
     if (m_next)
         load();
-    else
+    else if (!wasUp)
         emit loaded();
+}
+
+// A load in flight is told to have ended right after this, or not at all.
+void PageBrowser::loseProcess() {
+    if (!m_next && m_restored++ < mostRestored)
+        m_next = m_current;
+    m_losingProcess = true;
+    QTimer::singleShot(0, this, [this] {
+        m_losingProcess = false;
+        finish();
+    });
+}
+
+void PageBrowser::losePatience() {
+    if (!m_next && waitsForFormerPage())
+        m_next = m_current;
+    if (m_next)
+        return endProcess();
+    m_overdue = true;
+    emit loaded();
+}
+
+// A page is entered in the history when it takes the place of the one before, in whose process it is made.
+bool PageBrowser::waitsForFormerPage() const {
+    return m_formerProcess != 0 && m_page->history()->count() <= m_formerEntries;
+}
+
+void PageBrowser::endProcess() {
+    const auto process = m_page->renderProcessPid();
+    if (process == 0) // it is being started
+        return m_patience.start();
+    m_losingProcess = true;
+    system::endProcess(process);
 }
 
 // Some addresses blank the page without asking; what was shown comes back.
@@ -122,8 +172,10 @@ void PageBrowser::restoreAfterBlank(const QUrl& url) {
     if (m_loading || url != QUrl("about:blank"))
         return;
     QTimer::singleShot(0, this, [this] {
-        if (idle())
-            show(m_current.file, std::string(m_current.bytes));
+        if (!idle() || m_loading)
+            return;
+        m_next = m_current;
+        load();
     });
 }
 

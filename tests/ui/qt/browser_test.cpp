@@ -8,12 +8,15 @@
 #include <QTcpServer>
 #include <QTest>
 
+#include <chrono>
+
 namespace {
 namespace fs = std::filesystem;
 
 class BrowserTest : public testing::Test {
 protected:
-    BrowserTest() : browser("WbPage", "Page", nullptr) {
+    explicit BrowserTest(std::chrono::milliseconds patience = std::chrono::seconds(5))
+        : browser("WbPage", "Page", nullptr, patience) {
         folder = fs::canonical(testing::TempDir()) / "browser_test";
         fs::remove_all(folder);
         fs::create_directories(folder / "ACME");
@@ -174,19 +177,54 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
     QTest::qWait(400);
     browser.view()->page()->triggerAction(QWebEnginePage::Reload);
     QTest::qWait(400);
-    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked", "Tmp.htm?code=B2",
-                                            "Tmp.htm?F1 clicked"));
+    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked",
+                                            "Tmp.htm?code=B2", "Tmp.htm?F1 clicked"));
     EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
 }
 
-TEST_F(BrowserTest, PagesGoOnAfterTheBrowsersProcessHasDied) {
+TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
+    const auto kill = [&] {
+        const auto process = QString::number(browser.view()->page()->renderProcessPid());
+        EXPECT_EQ(QProcess::execute("kill", {"-9", process}), 0);
+    };
+    const auto text = [&] { return tour::pageText(*browser.view()); };
     show("<p>one</p>");
-    const auto process = QString::number(browser.view()->page()->renderProcessPid());
+    kill();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text() == "one" && browser.idle(); }, 10000)) << "died idle";
     browser.show(folder / "ACME" / "Tmp.htm", "<p>two</p>" + std::string(400'000, 'x'));
-    ASSERT_EQ(QProcess::execute("kill", {"-9", process}), 0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    kill();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().startsWith("two") && browser.idle(); }, 10000));
     show("<p>three</p>");
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
+}
+
+class StuckPageTest : public BrowserTest {
+protected:
+    StuckPageTest() : BrowserTest(std::chrono::milliseconds(1000)) {}
+};
+
+TEST_F(StuckPageTest, AScriptThatNeverEndsHoldsUpNoOtherPage) {
+    const struct {
+        const char* when;
+        const char* script;
+    } cases[] = {{"while the page loads", "for (;;);"},
+                 {"later", "setTimeout(function () { for (;;); }, 0);"},
+                 {"when the page is left", "onpagehide = onunload = function () { for (;;); };"}};
+
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.when);
+        show(std::string("<p>stuck<script>") + c.script + "</script>");
+        QTest::qWait(100); // for what begins later
+        show("<p>next</p>");
+        EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
+    }
+}
+
+TEST_F(StuckPageTest, OfPagesShownBehindAStuckOneTheLastIsLoaded) {
+    for (const char* page : {"<p>stuck<script>for (;;);</script>", "<p>passed over</p>", "<p>last</p>"})
+        browser.show(folder / "ACME" / "Tmp.htm", page);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    EXPECT_TRUE(becomes("document.body.innerText.trim() === 'last'"));
 }
 
 TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {

@@ -57,6 +57,24 @@ TEST_F(ProgramTest, LeadsFromADroppedZipToAProductPage) {
                                   "Phone=\r\nState=\r\nStreet=\r\nZip=\r\n"));
 }
 
+TEST_F(ProgramTest, ScriptsThatNeverEndKeepNobodyFromTheCatalogue) {
+    writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+    const std::string endless = "<script>for (;;);</script>";
+    deliver("ACME", smallCatalog("Acme"),
+            {{"Welcome.ECT", endless}, {"Banner.Ect", endless}, {"Catalog.Ect", "{CODE}" + endless}});
+    enterPassword("");
+    script.when(
+        "the table of contents", [] { return shows(page(), "Contents"); },
+        [] { visible<ProductGrid>("ctGrid1")->setCurrentRow(2); });
+    script.pause(500).when(
+        "the product's page", [&] { return readFile("ACME/Tmp.htm").starts_with("B1<"); },
+        [] { visible<ProductGrid>("ctGrid1")->setCurrentRow(1); });
+    script.when(
+        "the group's page", [] { return shows(page(), "Small bolt"); }, [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
 TEST_F(ProgramTest, WithoutTaxThereIsNoTaxToBeSeen) {
     auto catalog = smallCatalog("Acme");
     catalog.taxSwitch = 'N';
