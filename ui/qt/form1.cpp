@@ -285,7 +285,7 @@ void Form1::followLink(const QUrl& address, bool clicked) {
     const auto end = m_links.follow(address.toEncoded().toStdString());
     if (const auto* product = std::get_if<LeadsToProduct>(&end))
         goTo(product->record);
-    else if (std::holds_alternative<LeadsToMissingProduct>(end))
+    else if (std::holds_alternative<LeadsToMissingProduct>(end) && clicked)
         m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
     else if (const auto* page = std::get_if<LeadsToPage>(&end))
         showSupplierPage(page->file);

@@ -88,6 +88,7 @@ void PageBrowser::makeView() {
     connect(m_view, &QWebEngineView::renderProcessTerminated, this, &PageBrowser::loseProcess);
     connect(view, &PageView::zoomAsked, this,
             [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
+    connect(view, &PageView::pressed, m_page, &ConfinedPage::notePress);
     connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
     connect(view, &PageView::focusWidgetChanged, this, &PageBrowser::takeTabPlace);
     connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);

@@ -3,12 +3,14 @@
 #include "ui/qt/page_browser.h"
 #include "ui/zoom.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTest>
 
 #include <chrono>
+#include <utility>
 
 namespace {
 namespace fs = std::filesystem;
@@ -178,8 +180,41 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
     browser.view()->page()->triggerAction(QWebEnginePage::Reload);
     QTest::qWait(400);
     EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked",
-                                            "Tmp.htm?code=B2", "Tmp.htm?F1 clicked"));
+                                            "Tmp.htm?code=B2 clicked", "Tmp.htm?F1 clicked"));
     EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
+}
+
+TEST_F(BrowserTest, ALinkIsClickedWhenAPressOfMouseOrKeyWentBeforeItAndOnlyOne) {
+    std::vector<std::string> links;
+    browser.onLink([&](const QUrl& url, bool clicked) {
+        links.push_back(url.query().toStdString() + (clicked ? " clicked" : ""));
+    });
+    const auto becomeLinks = [&](std::vector<std::string> expected) {
+        static_cast<void>(QTest::qWaitFor([&] { return links.size() >= expected.size(); }, 5000));
+        EXPECT_EQ(std::exchange(links, {}), expected);
+    };
+    QApplication::setActiveWindow(&browser);
+    show("<a id=a href='Tmp.htm?a' onclick='setTimeout(function () { b.click() }, 300)'>a</a>"
+         "<p><a id=b href='Tmp.htm?b'>b</a><p><a id=c href='Tmp.htm?c' target=_blank>c</a>"
+         "<form id=f action='Tmp.htm'><input type=hidden name=q value=1></form>");
+    for (const char* script : {"document.getElementById('b').click()", "location = 'Tmp.htm?b'"}) {
+        evaluate(script);
+        becomeLinks({"b"});
+    }
+    evaluate("document.getElementById('f').submit()");
+    becomeLinks({"q=1"});
+    tour::clickInPage(*browser.view(), "#a");
+    becomeLinks({"a clicked", "b"});
+    tour::clickInPage(*browser.view(), "#b", Qt::LeftButton, Qt::ControlModifier);
+    becomeLinks({"b clicked"});
+    browser.view()->setFocus();
+    evaluate("document.getElementById('b').focus()");
+    QTest::keyClick(browser.view()->focusProxy(), Qt::Key_Return);
+    becomeLinks({"b clicked"});
+    tour::clickInPage(*browser.view(), "p");
+    evaluate("0"); // so that the click has been made
+    show("<a id=d href='Tmp.htm?d'>d</a><script>setTimeout(function () { d.click() }, 100)</script>");
+    becomeLinks({"d"});
 }
 
 TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
