@@ -273,12 +273,12 @@ void Form1::search() {
 }
 
 // The scratch page stands for the current record's.
-void Form1::showSupplierPage(const std::filesystem::path& file) {
+void Form1::showSupplierPage(const LeadsToPage& page) {
     std::error_code error;
-    if (std::filesystem::equivalent(file, m_browsing.scratchPage(), error))
-        m_browsing.showAgain();
-    else if (const auto bytes = base::readFile(file))
-        m_browsing.showPage(file, *bytes);
+    if (std::filesystem::equivalent(page.file, m_browsing.scratchPage(), error))
+        m_browsing.showAgain(page.place);
+    else if (const auto bytes = base::readFile(page.file))
+        m_browsing.showPage(page.file, *bytes, page.place);
 }
 
 void Form1::followLink(const QUrl& address, bool clicked) {
@@ -288,7 +288,7 @@ void Form1::followLink(const QUrl& address, bool clicked) {
     else if (std::holds_alternative<LeadsToMissingProduct>(end) && clicked)
         m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
     else if (const auto* page = std::get_if<LeadsToPage>(&end))
-        showSupplierPage(page->file);
+        showSupplierPage(*page);
     else if (std::holds_alternative<LeadsOutside>(end) && clicked)
         QDesktopServices::openUrl(address);
 }

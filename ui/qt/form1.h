@@ -63,7 +63,7 @@ private:
     void goBack();
     void search();
     Find& find();
-    void showSupplierPage(const std::filesystem::path& file);
+    void showSupplierPage(const LeadsToPage& page);
     void followLink(const QUrl& address, bool clicked);
 
     void editProduct(int row, std::string_view text);

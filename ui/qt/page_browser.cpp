@@ -55,8 +55,8 @@ void PageBrowser::onLink(LinkHandler handler) {
     m_linkHandler = std::move(handler);
 }
 
-void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes) {
-    m_next = Page{file, std::string(bytes)};
+void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
+    m_next = Page{file, std::string(bytes), std::string(place)};
     m_restored = 0;
     if (m_overdue)
         endProcess();
@@ -116,7 +116,7 @@ void PageBrowser::load() {
     m_formerEntries = m_page->history()->count();
     m_patience.start();
     try {
-        m_loader->load(m_current.file, m_current.bytes);
+        m_loader->load(m_current.file, m_current.bytes, m_current.place);
     } catch (const base::FileError&) {
         finish();
         throw;

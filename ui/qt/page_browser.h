@@ -39,7 +39,8 @@ public:
     /// The pages' own scripts do not run. Must be called before the first page is shown.
     void withoutScripts() { m_scripts = false; }
 
-    void show(const std::filesystem::path& file, std::string_view bytes) override;
+    void show(const std::filesystem::path& file, std::string_view bytes,
+              std::string_view place = {}) override;
     using QWidget::show;
 
     /// For this page and all later ones; 1 is the pages' own size.
@@ -64,6 +65,7 @@ private:
     struct Page {
         std::filesystem::path file;
         std::string bytes;
+        std::string place;
     };
 
     void makeView();

@@ -82,6 +82,25 @@ TEST_F(BrowserTest, ShowsAPageThatIsTooLargeToHandOverTheSameWay) {
     EXPECT_EQ(base::filesEndingWith(folder / "ACME", ".htm").size(), 0U);
 }
 
+TEST_F(BrowserTest, PagesOpenAtAPlaceAndFindTheirPicturesWhateverTheirFoldersAreCalled) {
+    const auto odd = folder / "ACME" / u8"łukasz" / "c#" / "100%" / "a?b";
+    fs::create_directories(odd);
+    fs::copy_file(folder / "ACME/Bolt.PNG", odd / "Bolt.PNG");
+    const std::string page = "<p>top<img id=picture src='bolt.png'><div style='height:5000px'></div>"
+                             "<p id='\xE4 b'>b<div style='height:5000px'></div>";
+    const auto expectPlace = [&](const std::string& bytes, const std::string& place, const QString& where) {
+        browser.show(odd / "Terms.htm", bytes, place);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+        EXPECT_TRUE(becomes("window.scrollY " + where)) << bytes.size() << place;
+        EXPECT_TRUE(becomes("document.getElementById('picture').naturalWidth === 3")) << bytes.size();
+    };
+    for (const auto& bytes : {page, page + std::string(1'500'000, 'x')}) {
+        expectPlace(bytes, "#%C3%A4%20b", "> 4000");
+        expectPlace(bytes, "", "=== 0");
+        expectPlace(bytes, "#%", "=== 0");
+    }
+}
+
 TEST_F(BrowserTest, FindsPicturesInAnyLetterCaseAndOnlyInItsFolders) {
     show("<img id=in src='bolt.png'><img id=out src='../outside.png'><img id=none src='none.png'>"
          "<img id=swap src='none.png' onerror=\"this.onerror=null;this.src='BOLT.png'\">"

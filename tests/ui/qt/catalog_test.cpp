@@ -1,7 +1,9 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/product_grid.h"
 
+#include <QBuffer>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QTest>
 
@@ -71,6 +73,41 @@ TEST_F(ProgramTest, ScriptsThatNeverEndKeepNobodyFromTheCatalogue) {
         [] { visible<ProductGrid>("ctGrid1")->setCurrentRow(1); });
     script.when(
         "the group's page", [] { return shows(page(), "Small bolt"); }, [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
+TEST_F(ProgramTest, AFolderMayHaveAnyNameThatTheSystemAllows) {
+    const auto startPage = readFile("Start.ect");
+    folder = folder / u8"łukasz" / "c#" / "100%" / "a?b";
+    std::filesystem::create_directories(folder);
+    writeFile("Start.ect", startPage);
+    writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+    QByteArray picture;
+    QBuffer file(&picture);
+    QImage(3, 2, QImage::Format_RGB32).save(&file, "PNG");
+    const std::string seen = " onload=\"document.body.append('picture seen')\">";
+    deliver("ACME", smallCatalog("Acme"));
+    deliver("C#", smallCatalog("Nuts"),
+            {{"p.png", picture.toStdString()},
+             {"Welcome.ECT", "Welcome<img src='{DIR}\\p.png'" + seen},
+             {"GroupI.Ect", "<a id=terms href='{DIR}/Terms.htm#here'>x</a><img src='{NOIMG}/P.png'" + seen},
+             {"Terms.htm", "<div style='height:5000px'></div><p id=here>x<a id=b href='Tmp.htm?B1'>y</a>"
+                           "<script>setInterval(function () { if (scrollY > 0)"
+                           " document.body.append('scrolled') }, 100)</script>"}});
+    script.when(
+        "the supplier list", [] { return shows(ProgramTest::startPage(), "Suppliers"); },
+        [] { clickInPage(*ProgramTest::startPage(), "#C\\#"); });
+    script.when(
+        "the welcome page", [] { return shows(ProgramTest::startPage(), "picture seen"); }, [] {});
+    enterPassword("");
+    script.when(
+        "the contents", [] { return shows(page(), "picture seen"); }, [] { clickInPage(*page(), "#terms"); });
+    script.when(
+        "the terms at their place", [] { return shows(page(), "scrolled"); },
+        [] { clickInPage(*page(), "#b"); });
+    script.when(
+        "the product", [] { return shows(page(), "Small bolt"); }, [] {});
     closeMainWindow();
     EXPECT_TRUE(play());
 }
