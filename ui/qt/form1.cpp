@@ -232,12 +232,10 @@ void Form1::enableBack(bool on) {
     showToolbar();
 }
 
-// Every record shown can be left again, but for the oldest one when Back has led to it.
+// Every record shown can be left again.
 void Form1::showRow(int row) {
     m_browsing.showRecord(row + 1);
-    const bool cameBack = std::exchange(m_goingBack, false);
-    const bool isOldest = cameBack && m_browsing.history().holdsOnly(row + 1);
-    enableBack(m_ordering.view() == ViewMode::catalogue && !isOldest);
+    enableBack(m_ordering.view() == ViewMode::catalogue);
 }
 
 // Also when the row is current already but something else than its page is up.
@@ -255,9 +253,11 @@ void Form1::goBack() {
     const auto record = m_browsing.stepBack();
     if (!record)
         return;
-    m_goingBack = true;
     m_catalogView->grid().returnToRow(*record - 1);
     m_turner->turnTo(*record - 1); // the row may be current already
+    m_turner->catchUp();           // at once: a row chosen next comes after this one
+    if (m_browsing.history().holdsOnly(*record))
+        enableBack(false);
 }
 
 Find& Form1::find() {

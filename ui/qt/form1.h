@@ -108,7 +108,6 @@ private:
 
     Browsing m_browsing;
     PageTurner* m_turner;
-    bool m_goingBack = false;
 };
 
 }

@@ -128,6 +128,22 @@ TEST_F(BrowsingTest, LeadsThroughListsPagesAndLinksAndBackAgain) {
     EXPECT_TRUE(play());
 }
 
+TEST_F(BrowsingTest, ARowChosenRightAfterBackCanBeLeftForTheOneThatBackLedTo) {
+    deliverWith("");
+    expectRecord(1, "Contents", [] { QTest::keyClick(grid(), Qt::Key_Down); });
+    expectRecord(2, "Bolts", [] {
+        QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton);
+        grid()->setCurrentRow(3);
+    });
+    expectRecord(4, "At HEX 1.", [] {
+        EXPECT_TRUE(backEnabled());
+        QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton);
+    });
+    expectRecord(1, "Contents", [] { EXPECT_FALSE(backEnabled()); });
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
 TEST_F(BrowsingTest, EveryFormOfALinkFindsItsProduct) {
     const struct {
         const char* id;
