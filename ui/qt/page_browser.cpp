@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QQuickWidget>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineSettings>
@@ -29,6 +30,8 @@ PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWi
     setAutoFillBackground(true);
     m_tabPlace->hide();
     m_tabPlace->setFocusPolicy(Qt::TabFocus);
+    // A window that learns only on the screen that the graphics card draws in it is taken off and made anew.
+    (new QQuickWidget(this))->hide();
     connect(qApp, &QApplication::focusChanged, this, QOverload<>::of(&QWidget::update));
     m_patience.setSingleShot(true);
     m_patience.setInterval(patience);
