@@ -10,6 +10,8 @@
 #include <QTest>
 
 #include <chrono>
+#include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -37,15 +39,13 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
     }
 
+    // A page that is stuck may answer when the test has long gone on.
     QVariant evaluate(const QString& script, quint32 world = 0) {
-        QVariant result;
-        bool done = false;
-        browser.view()->page()->runJavaScript(script, world, [&](const QVariant& value) {
-            result = value;
-            done = true;
-        });
-        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 5000));
-        return result;
+        const auto result = std::make_shared<std::optional<QVariant>>();
+        browser.view()->page()->runJavaScript(script, world,
+                                              [result](const QVariant& value) { *result = value; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return result->has_value(); }, 5000));
+        return result->value_or(QVariant());
     }
 
     bool becomes(const QString& script) {
