@@ -1,9 +1,9 @@
 #include "app/supplier_page.h"
 
-#include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "pages/folder_text.h"
 #include "pages/template/template_text.h"
 
 #include <string_view>
@@ -18,8 +18,8 @@ constexpr std::string_view newLine = "\r\n";
 constexpr std::string_view nextRow = "</tr>\r\n<tr>\r\n";
 
 /// Without a separator at its end, which the root folder has.
-std::string folderText(const std::filesystem::path& folder) {
-    auto text = base::textOf(folder);
+std::string programFolderText(const std::filesystem::path& folder) {
+    auto text = pages::folderText(folder);
     if (text.ends_with('/') || text.ends_with('\\'))
         text.pop_back();
     return text;
@@ -30,7 +30,7 @@ Cells readCells(const std::filesystem::path& programFolder, const pages::LayoutS
         throw base::ProgramEnd("Terminating error", "Can not find Start.ect\nPlease re-install your program");
     const auto file = pages::readTemplate(programFolder, templateFile);
     const auto text = pages::replaceLayoutSizes(file.text, sizes);
-    return pages::splitAtRows(base::replaceAll(text, "{DIR}", folderText(programFolder)),
+    return pages::splitAtRows(base::replaceAll(text, "{DIR}", programFolderText(programFolder)),
                               pages::RenderGuard(file.path));
 }
 

@@ -6,7 +6,7 @@ namespace {
 constexpr std::int32_t firstTopGroup = 2;
 constexpr std::size_t fewestFilled = 2;
 
-// The groups from this one on that share its parent.
+// The groups from this one on that share its parent, without those that have no own record.
 std::vector<GroupEntry> siblingsFrom(const catalog::Catalog& catalog, std::int32_t first) {
     std::vector<GroupEntry> entries;
     if (first < 1 || first > catalog.groups.count())
@@ -16,7 +16,8 @@ std::vector<GroupEntry> siblingsFrom(const catalog::Catalog& catalog, std::int32
         const auto group = catalog.groups.at(number);
         if (group.parent() != parent)
             break;
-        entries.push_back({group.name(), group.headerRecord()});
+        if (group.headerRecord() != 0)
+            entries.push_back({group.name(), group.headerRecord()});
     }
     return entries;
 }
@@ -63,9 +64,7 @@ std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, const ListS
 }
 
 std::vector<GroupEntry> firstListEntries(const catalog::Catalog& catalog) {
-    auto entries = siblingsFrom(catalog, firstTopGroup);
-    std::erase_if(entries, [](const GroupEntry& entry) { return entry.record == 0; });
-    return entries;
+    return siblingsFrom(catalog, firstTopGroup);
 }
 
 GroupLists::GroupLists(const catalog::Catalog& catalog) : m_catalog(catalog) {

@@ -28,11 +28,11 @@ struct FromParentOf {
 
 using ListStart = std::variant<std::monostate, FromRecord, FromParentOf>;
 
-/// The entries of the list that starts there. Walks end with the list, the file, or after as many entries
-/// as the file has records, so links that run in circles end too.
+/// The entries of the list that starts there; groups that have no own record are left out. Walks end with the
+/// list, the file, or after as many entries as the file has records, so links that run in circles end too.
 [[nodiscard]] std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, const ListStart& start);
 
-/// The groups from record 2 on that share record 2's parent, without those that have no own record.
+/// The groups from record 2 on that share record 2's parent, those left out that have no own record.
 [[nodiscard]] std::vector<GroupEntry> firstListEntries(const catalog::Catalog& catalog);
 
 /// What stands in a list that a choice has prepared and nobody has opened yet. It selects nothing.

@@ -32,6 +32,25 @@ std::vector<std::size_t> slashPlaces(std::string_view code) {
     return places;
 }
 
+std::int32_t findAsWritten(std::string_view code, const catalog::CodeIndex& codes) {
+    return codes.find(code);
+}
+
+// An index key is 20 bytes long, so a code with many slashes is none that anybody means.
+std::int32_t findLeaning(std::string_view code, const catalog::CodeIndex& codes) {
+    auto record = codes.find(code);
+    const auto slashes = slashPlaces(code);
+    if (slashes.size() > mostUncertainSlashes)
+        return record;
+    std::string leaning(code);
+    for (unsigned way = 0; record == 0 && way < 1U << slashes.size(); ++way) {
+        for (std::size_t i = 0; i < slashes.size(); ++i)
+            leaning[slashes[i]] = (way >> i & 1U) != 0 ? '\\' : '/';
+        record = codes.find(leaning);
+    }
+    return record;
+}
+
 }
 
 Link judgeLink(std::string_view address, bool isFile, std::span<const std::string> folders) {
@@ -47,19 +66,10 @@ Link judgeLink(std::string_view address, bool isFile, std::span<const std::strin
     return {LinkTarget::product, base::upper(base::trim(name.substr(mark + 1))), name[mark] == '|'};
 }
 
-// An index key is 20 bytes long, so a code with many slashes is none that anybody means.
 std::int32_t findLinked(const Link& link, const catalog::CodeIndex& codes) {
-    auto record = codes.find(link.code);
-    const auto slashes = link.slashesUncertain ? slashPlaces(link.code) : std::vector<std::size_t>();
-    if (slashes.size() > mostUncertainSlashes)
-        return record;
-    auto code = link.code;
-    for (unsigned leaning = 0; record == 0 && leaning < 1U << slashes.size(); ++leaning) {
-        for (std::size_t i = 0; i < slashes.size(); ++i)
-            code[slashes[i]] = (leaning >> i & 1U) != 0 ? '\\' : '/';
-        record = codes.find(code);
-    }
-    return record;
+    const auto find = link.slashesUncertain ? findLeaning : findAsWritten;
+    const auto record = find(base::replaceAll(link.code, "?", "|"), codes);
+    return record != 0 ? record : find(link.code, codes);
 }
 
 }

@@ -32,7 +32,8 @@ struct Link {
 /// `folders`, which end in a backslash, that the address starts with is taken off.
 [[nodiscard]] Link judgeLink(std::string_view address, bool isFile, std::span<const std::string> folders);
 
-/// The record number of the product that the link names; 0 when there is none.
+/// The record number of the product that the link names; 0 when there is none. A "?" in the code stands for
+/// "|"; where no product has that code, for itself.
 [[nodiscard]] std::int32_t findLinked(const Link& link, const catalog::CodeIndex& codes);
 
 }

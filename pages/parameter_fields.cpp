@@ -1,6 +1,6 @@
 #include "pages/parameter_fields.h"
 
-#include "base/code_page.h"
+#include "pages/folder_text.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@ namespace pages {
 namespace {
 
 std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly) {
-    auto text = base::textOf(programFileIsReadOnly ? folders.ProgramFolder : folders.DataFolder);
+    auto text = folderText(programFileIsReadOnly ? folders.ProgramFolder : folders.DataFolder);
     if (programFileIsReadOnly)
         text += "\\N";
     std::replace(text.begin(), text.end(), '\\', '/');
@@ -20,7 +20,7 @@ std::string noImgOf(const catalog::Folders& folders, bool programFileIsReadOnly)
 ParameterFields::ParameterFields(const catalog::Parameters& parameters, const catalog::Folders& folders,
                                  bool programFileIsReadOnly)
     : m_parameters(parameters),
-      m_dir(base::textOf(folders.DataFolder)),
+      m_dir(folderText(folders.DataFolder)),
       m_noImg(noImgOf(folders, programFileIsReadOnly)) {}
 
 unsigned ParameterFields::number(std::string_view tag) const {

@@ -16,7 +16,7 @@ Browsing::Browsing(const app::Session& session, const catalog::Catalog& catalog,
 
 void Browsing::showBanner() {
     m_currentRecord = 1;
-    put(m_banner, m_pages.banner(m_currentRecord, m_taxStatus));
+    put(m_banner, m_pages.banner(m_currentRecord, m_taxStatus), {});
 }
 
 void Browsing::showRecord(std::int32_t recordNumber) {
@@ -25,12 +25,12 @@ void Browsing::showRecord(std::int32_t recordNumber) {
     showAgain();
 }
 
-void Browsing::showAgain() {
+void Browsing::showAgain(std::string_view place) {
     m_recordIsUp = true;
-    put(m_page, m_pages.page(m_currentRecord, m_taxStatus));
+    put(m_page, m_pages.page(m_currentRecord, m_taxStatus), place);
 }
 
-void Browsing::put(platform::Browser& browser, std::string_view text) {
+void Browsing::put(platform::Browser& browser, std::string_view text, std::string_view place) {
     m_catalog.requireWhole();
     std::optional<base::FileError> failure;
     try {
@@ -38,14 +38,14 @@ void Browsing::put(platform::Browser& browser, std::string_view text) {
     } catch (const base::FileError& error) {
         failure = error;
     }
-    browser.show(m_scratchPage.path(), text);
+    browser.show(m_scratchPage.path(), text, place);
     if (failure && !std::exchange(m_failureTold, true))
         throw base::FileError(*failure);
 }
 
-void Browsing::showPage(const std::filesystem::path& file, std::string_view bytes) {
+void Browsing::showPage(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
     m_recordIsUp = false;
-    m_page.show(file, bytes);
+    m_page.show(file, bytes, place);
 }
 
 void Browsing::setTaxStatus(pages::TaxStatus status) {

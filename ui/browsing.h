@@ -30,11 +30,11 @@ public:
     /// Makes the record current, shows its page and records it in the history.
     void showRecord(std::int32_t recordNumber);
 
-    /// Shows the current record's page again without recording it.
-    void showAgain();
+    /// Shows the current record's page again, at a place in it, without recording it.
+    void showAgain(std::string_view place = {});
 
     /// Shows another page of the supplier's in place of the current record's; the bytes are the file's.
-    void showPage(const std::filesystem::path& file, std::string_view bytes);
+    void showPage(const std::filesystem::path& file, std::string_view bytes, std::string_view place);
 
     /// The record to go back to, for `showRecord`. Nothing where there is none.
     [[nodiscard]] std::optional<std::int32_t> stepBack() { return m_history.back(m_currentRecord); }
@@ -54,7 +54,7 @@ public:
     [[nodiscard]] pages::TaxStatus taxStatus() const { return m_taxStatus; }
 
 private:
-    void put(platform::Browser& browser, std::string_view text);
+    void put(platform::Browser& browser, std::string_view text, std::string_view place);
 
     const catalog::Catalog& m_catalog;
     pages::CatalogPages m_pages;

@@ -37,7 +37,7 @@ LinkEnd LinkRules::follow(std::string_view encodedAddress) const {
     case pages::LinkTarget::product:
         return toProduct(pages::findLinked(link, m_catalog.codes));
     case pages::LinkTarget::page:
-        return toPage(address.text);
+        return toPage(encodedAddress);
     case pages::LinkTarget::outside:
         return LeadsOutside{};
     case pages::LinkTarget::nothing:
@@ -53,10 +53,12 @@ LinkEnd LinkRules::toProduct(std::int32_t record) const {
     return LeadsToProduct{record};
 }
 
-LinkEnd LinkRules::toPage(std::string_view address) const {
-    const auto name = address.substr(0, address.find('#'));
-    if (auto file = m_files.find(asPath(std::string(name)), Resource::page))
-        return LeadsToPage{std::move(*file)};
+// The place is cut off before escapes are decoded, since the names of folders and files may hold a "#".
+LinkEnd LinkRules::toPage(std::string_view encodedAddress) const {
+    const auto hash = std::min(encodedAddress.find('#'), encodedAddress.size());
+    const auto page = readAddress(encodedAddress.substr(0, hash));
+    if (auto file = m_files.find(asPath(page.text), Resource::page))
+        return LeadsToPage{std::move(*file), std::string(encodedAddress.substr(hash))};
     return LeadsNowhere{};
 }
 

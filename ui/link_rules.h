@@ -23,6 +23,7 @@ struct LeadsToMissingProduct {};
 
 struct LeadsToPage {
     std::filesystem::path file; ///< exists, and pages may have it
+    std::string place;          ///< where it opens: "#" and an encoded name; empty for its top
 };
 
 struct LeadsOutside {}; ///< to the web, for the system's browser
@@ -39,7 +40,7 @@ public:
 
 private:
     [[nodiscard]] LinkEnd toProduct(std::int32_t record) const;
-    [[nodiscard]] LinkEnd toPage(std::string_view address) const;
+    [[nodiscard]] LinkEnd toPage(std::string_view encodedAddress) const;
 
     const catalog::Catalog& m_catalog;
     PageFiles m_files;

@@ -75,9 +75,13 @@ TEST_F(GroupListsTest, WalkThroughTheGroupsFromLeftToRight) {
     EXPECT_EQ(show(lists.entries(2)), "Eye 1=6 "); // only the next list is reset
 }
 
-TEST_F(GroupListsTest, TheFirstListLeavesGroupsWithoutARecordOut) {
-    builder.groups[1].headerRecord = 0;
-    EXPECT_EQ(show(pages::firstListEntries(open())), "Paint=7 ");
+TEST_F(GroupListsTest, LeaveGroupsWithoutARecordOut) {
+    builder.groups[1].headerRecord = 0; // Bolts
+    builder.groups[3].headerRecord = 0; // Hex, the first below
+    pages::GroupLists lists(open());
+    EXPECT_EQ(show(lists.entries(0)), "Paint=7 ");
+    EXPECT_EQ(show(pages::listEntries(*opened, pages::FromRecord{3})), "Eye=5 ");
+    EXPECT_EQ(show(pages::listEntries(*opened, pages::FromParentOf{5})), "Eye=5 ");
 }
 
 TEST_F(GroupListsTest, AListMayStartAtTheGroupsBelowAParent) {

@@ -1,9 +1,12 @@
 #include "pages/links.h"
 #include "tests/support/catalog_builder.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 using pages::Link;
@@ -41,24 +44,47 @@ TEST(Links, LeadOutOnlyToTheWeb) {
         EXPECT_EQ(judge(address), LinkTarget::nothing) << address;
 }
 
-TEST(Links, ACodeInAPathIsFoundWhicheverWayItsSlashesLean) {
-    support::CatalogBuilder builder;
-    for (const char* code : {"A/B", "C\\D", "E/F\\G"})
-        builder.products.push_back({.text = std::string(code) + "\nx\n"});
-    const auto folder = std::filesystem::path(testing::TempDir()) / "links_test";
-    builder.writeTo(folder);
-    const catalog::CodeIndex codes(folder / "PrdIdx.idx");
-    const auto find = [&](const char* code, bool uncertain) {
-        return pages::findLinked({LinkTarget::product, code, uncertain}, codes);
-    };
+class LinkedCodes : public testing::Test {
+protected:
+    // Opens an index of products with these codes, numbered from 1.
+    void open(const std::vector<std::string>& products) {
+        support::CatalogBuilder builder;
+        for (const auto& code : products)
+            builder.products.push_back({.text = code + "\nx\n"});
+        const auto folder = support::testFolder();
+        builder.writeTo(folder);
+        codes.emplace(folder / "PrdIdx.idx");
+    }
+
+    [[nodiscard]] std::int32_t find(const std::string& code, bool slashesUncertain = false) const {
+        return pages::findLinked({LinkTarget::product, code, slashesUncertain}, *codes);
+    }
+
+    std::optional<catalog::CodeIndex> codes;
+};
+
+TEST_F(LinkedCodes, InAPathAreFoundWhicheverWayTheirSlashesLean) {
+    open({"A/B", "C\\D", "E/F\\G"});
     EXPECT_EQ(find("A\\B", true), 1);
     EXPECT_EQ(find("C/D", true), 2);
     EXPECT_EQ(find("C\\D", true), 2);
     EXPECT_EQ(find("E\\F\\G", true), 3);
-    EXPECT_EQ(find("A\\B", false), 0);
-    EXPECT_EQ(find("A/B", false), 1);
+    EXPECT_EQ(find("A\\B"), 0);
+    EXPECT_EQ(find("A/B"), 1);
     EXPECT_EQ(find("", true), 0);
-    EXPECT_EQ(find(std::string(1'000'000, 'x').c_str(), true), 0);
+    EXPECT_EQ(find(std::string(1'000'000, 'x'), true), 0);
+}
+
+TEST_F(LinkedCodes, MayBeWrittenWithQuestionMarksForBars) {
+    open({"A|B", "C?D", "E|F", "E?F", "G|H?I", "J|K/L"});
+    EXPECT_EQ(find("A?B"), 1);
+    EXPECT_EQ(find("A|B"), 1);
+    EXPECT_EQ(find("C?D"), 2);
+    EXPECT_EQ(find("C|D"), 0);
+    EXPECT_EQ(find("E?F"), 3) << "the code with a bar is meant";
+    EXPECT_EQ(find("G|H?I"), 5);
+    EXPECT_EQ(find("J?K\\L", true), 6);
+    EXPECT_EQ(find("X?Y", true), 0);
 }
 
 }

@@ -1,4 +1,5 @@
 #include "catalog/catalog.h"
+#include "pages/folder_text.h"
 #include "pages/product_fields.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
@@ -107,6 +108,11 @@ TEST_F(ProductFields, ReadsPictureMemoAndFolders) {
         product.memoPlace = place;
         EXPECT_EQ(value("{LNGDESC}", product), expected) << place.position;
     }
+}
+
+TEST(FolderText, EscapesWhatWouldEndAnAddressAndKeepsEveryLetter) {
+    EXPECT_EQ(pages::folderText(u8"/home/łukasz/josé/c#/100%/a?b"),
+              "/home/&#322;ukasz/jos\xE9/c%23/100%25/a%3Fb");
 }
 
 }

@@ -17,8 +17,9 @@ public:
     std::filesystem::path file;
     std::string page;
 
-    void show(const std::filesystem::path& shownFile, std::string_view bytes) override {
-        m_journal.add("page " + shownFile.filename().string());
+    void show(const std::filesystem::path& shownFile, std::string_view bytes,
+              std::string_view place = {}) override {
+        m_journal.add("page " + shownFile.filename().string() + std::string(place));
         file = shownFile;
         page = bytes;
     }

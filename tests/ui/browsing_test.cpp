@@ -54,9 +54,10 @@ TEST_F(Browsing, WritesEachPageBeforeItShowsItAndRecordsTheRecords) {
 
 TEST_F(Browsing, AnotherPageOfTheSuppliersIsLeftAloneByTheTaxStatus) {
     browsing->showRecord(1);
-    browsing->showPage(folder / "about.htm", "about");
+    browsing->showPage(folder / "about.htm", "about", "#us");
     browsing->setTaxStatus(pages::TaxStatus::exempt);
     EXPECT_EQ(page.page, "about");
+    EXPECT_THAT(journal.take(), ElementsAre("page Tmp.htm", "page about.htm#us"));
     EXPECT_FALSE(browsing->recordIsUp());
 }
 

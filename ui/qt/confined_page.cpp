@@ -3,7 +3,7 @@
 #include "ui/qt/dark.h"
 #include "ui/qt/page_scripts.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
@@ -61,6 +61,17 @@ private:
     bool m_passed = false;
 };
 
+bool mayBeClicked(QWebEnginePage::NavigationType type) {
+    return type == QWebEnginePage::NavigationTypeLinkClicked ||
+           type == QWebEnginePage::NavigationTypeFormSubmitted;
+}
+
+// Presses that came just before a box that lies over everything are not for what is under it.
+bool isBoxOver(bool clicked) {
+    const auto* box = QApplication::activeModalWidget();
+    return box && (!clicked || box->windowModality() == Qt::ApplicationModal);
+}
+
 }
 
 ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(profile, parent) {
@@ -74,7 +85,14 @@ ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEn
 
 void ConfinedPage::startLoad(const std::function<void()>& load) {
     m_ownLoad = true;
+    m_pressed = false;
     load();
+}
+
+// Where no scripts run nothing clicks by itself, and a screen reader may click without a press.
+bool ConfinedPage::takePress() {
+    return std::exchange(m_pressed, false) ||
+           !settings()->testAttribute(QWebEngineSettings::JavascriptEnabled);
 }
 
 bool ConfinedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
@@ -83,16 +101,17 @@ bool ConfinedPage::acceptNavigationRequest(const QUrl& url, NavigationType type,
     if (type == NavigationTypeTyped && std::exchange(m_ownLoad, false))
         return true;
     if (type != NavigationTypeReload && type != NavigationTypeBackForward)
-        followOnceRefused(url, type == NavigationTypeLinkClicked);
+        followOnceRefused(url, mayBeClicked(type) && takePress());
     return false;
 }
 
 // What a frame is made with, and plain pages later, load in the frame; a link that names a product is
 // followed as it would be anywhere.
 bool ConfinedPage::mayLoadInFrame(const QUrl& url, NavigationType type) {
+    const bool clicked = mayBeClicked(type) && takePress();
     const bool namesProduct = url.hasQuery() || url.path().contains('|');
-    if (namesProduct && (type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted)) {
-        follow(url, type == NavigationTypeLinkClicked);
+    if (namesProduct && mayBeClicked(type)) {
+        follow(url, clicked);
         return false;
     }
     return url.isLocalFile() || url.scheme() == "about" || url.scheme() == "data";
@@ -100,10 +119,7 @@ bool ConfinedPage::mayLoadInFrame(const QUrl& url, NavigationType type) {
 
 // Out of the browser's own call, since what follows may show the next page or a message.
 void ConfinedPage::follow(const QUrl& url, bool clicked) {
-    QTimer::singleShot(0, this, [this, url, clicked] {
-        if (m_linkHandler)
-            m_linkHandler(url, clicked);
-    });
+    QTimer::singleShot(0, this, [this, url, clicked] { handOver(url, clicked); });
 }
 
 // A refused navigation begins and ends as a load too. What follows may begin another, and the end of the
@@ -115,14 +131,19 @@ void ConfinedPage::followOnceRefused(const QUrl& url, bool clicked) {
     connect(this, &QWebEnginePage::loadFinished, wait, [wait] { wait->start(0); });
     connect(wait, &QTimer::timeout, this, [this, wait, url, clicked] {
         wait->deleteLater();
-        if (m_linkHandler)
-            m_linkHandler(url, clicked);
+        handOver(url, clicked);
     });
     wait->start(longestRefusalMs);
 }
 
+void ConfinedPage::handOver(const QUrl& url, bool clicked) {
+    if (m_linkHandler && !isBoxOver(clicked))
+        m_linkHandler(url, clicked);
+}
+
 QWebEnginePage* ConfinedPage::createWindow(WebWindowType) {
-    return new PassingPage(profile(), this, [this](const QUrl& url) { follow(url, true); });
+    return new PassingPage(profile(), this,
+                           [this, clicked = takePress()](const QUrl& url) { follow(url, clicked); });
 }
 
 ConfinedProfile::ConfinedProfile(PageFiles files, QObject* parent)

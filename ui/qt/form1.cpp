@@ -258,12 +258,10 @@ void Form1::enableBack(bool on) {
     showToolbar();
 }
 
-// Every record shown can be left again, but for the oldest one when Back has led to it.
+// Every record shown can be left again.
 void Form1::showRow(int row) {
     m_browsing.showRecord(row + 1);
-    const bool cameBack = std::exchange(m_goingBack, false);
-    const bool isOldest = cameBack && m_browsing.history().holdsOnly(row + 1);
-    enableBack(m_ordering.view() == ViewMode::catalogue && !isOldest);
+    enableBack(m_ordering.view() == ViewMode::catalogue);
 }
 
 // Also when the row is current already but something else than its page is up.
@@ -279,9 +277,11 @@ void Form1::goBack() {
     const auto record = m_browsing.stepBack();
     if (!record)
         return;
-    m_goingBack = true;
     m_catalogView->grid().returnToRow(*record - 1);
     m_turner->turnTo(*record - 1); // the row may be current already
+    m_turner->catchUp();           // at once: a row chosen next comes after this one
+    if (m_browsing.history().holdsOnly(*record))
+        enableBack(false);
 }
 
 Find& Form1::find() {
@@ -297,22 +297,22 @@ void Form1::search() {
 }
 
 // The scratch page stands for the current record's.
-void Form1::showSupplierPage(const std::filesystem::path& file) {
+void Form1::showSupplierPage(const LeadsToPage& page) {
     std::error_code error;
-    if (std::filesystem::equivalent(file, m_browsing.scratchPage(), error))
-        m_browsing.showAgain();
-    else if (const auto bytes = base::readFile(file))
-        m_browsing.showPage(file, *bytes);
+    if (std::filesystem::equivalent(page.file, m_browsing.scratchPage(), error))
+        m_browsing.showAgain(page.place);
+    else if (const auto bytes = base::readFile(page.file))
+        m_browsing.showPage(page.file, *bytes, page.place);
 }
 
 void Form1::followLink(const QUrl& address, bool clicked) {
     const auto end = m_links.follow(address.toEncoded().toStdString());
     if (const auto* product = std::get_if<LeadsToProduct>(&end))
         goTo(product->record);
-    else if (std::holds_alternative<LeadsToMissingProduct>(end))
+    else if (std::holds_alternative<LeadsToMissingProduct>(end) && clicked)
         m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
     else if (const auto* page = std::get_if<LeadsToPage>(&end))
-        showSupplierPage(page->file);
+        showSupplierPage(*page);
     else if (std::holds_alternative<LeadsOutside>(end) && clicked)
         QDesktopServices::openUrl(address);
 }

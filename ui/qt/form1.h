@@ -65,7 +65,7 @@ private:
     void goBack();
     void search();
     Find& find();
-    void showSupplierPage(const std::filesystem::path& file);
+    void showSupplierPage(const LeadsToPage& page);
     void followLink(const QUrl& address, bool clicked);
 
     void editProduct(int row, std::string_view text);
@@ -112,7 +112,6 @@ private:
 
     Browsing m_browsing;
     PageTurner* m_turner;
-    bool m_goingBack = false;
     bool m_splitterPlaced = false;
 };
 

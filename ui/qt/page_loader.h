@@ -9,7 +9,7 @@
 namespace ui::qt {
 
 /// Loads bytes into a confined page under a file's own address, in the encoding that they declare (else
-/// Windows-1252), opening at the top. Ends in the page's `loadFinished`.
+/// Windows-1252), opening at the top or at a place in it. Ends in the page's `loadFinished`.
 class PageLoader {
 public:
     /// `copyMark` goes into the name of the copy that a page too large to be handed over is read from; it
@@ -19,15 +19,16 @@ public:
     PageLoader(const PageLoader&) = delete;
     PageLoader& operator=(const PageLoader&) = delete;
 
-    /// The bytes are those of the file. Throws base::FileError when a copy is needed and cannot be written.
-    void load(const std::filesystem::path& file, std::string_view bytes);
+    /// The bytes are those of the file; the place is as platform::Browser has it. Throws base::FileError
+    /// when a copy is needed and cannot be written.
+    void load(const std::filesystem::path& file, std::string_view bytes, std::string_view place = {});
 
     /// To be called when the load is over; takes the copy away.
     void finish();
 
 private:
-    void handOver(const std::filesystem::path& file, std::string_view bytes);
-    void loadCopy(const std::filesystem::path& file, std::string_view bytes);
+    void handOver(const std::filesystem::path& file, std::string_view bytes, std::string_view place);
+    void loadCopy(const std::filesystem::path& file, std::string_view bytes, std::string_view place);
 
     ConfinedPage& m_page;
     ConfinedProfile& m_profile;

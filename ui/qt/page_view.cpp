@@ -7,6 +7,24 @@
 #include <QWebEnginePage>
 
 namespace ui::qt {
+namespace {
+
+// A key that is held down is pressed once.
+bool isPress(const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+    case QEvent::TabletPress:
+        return true;
+    case QEvent::KeyPress:
+        return !static_cast<const QKeyEvent&>(event).isAutoRepeat();
+    default:
+        return false;
+    }
+}
+
+}
 
 PageView::PageView(QWidget* parent) : QWebEngineView(parent) {
     setAcceptDrops(false);
@@ -47,6 +65,8 @@ bool PageView::eventFilter(QObject* watched, QEvent* event) {
                               static_cast<QMouseEvent*>(event)->button() == Qt::BackButton;
     if (isBackButton)
         emit backAsked();
+    else if (isPress(*event))
+        emit pressed();
     return isBackButton || QWebEngineView::eventFilter(watched, event);
 }
 

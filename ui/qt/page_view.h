@@ -15,6 +15,8 @@ public:
 signals:
     /// Above 0 means larger.
     void zoomAsked(int direction);
+    /// A button of the mouse, a key or a finger, on the page.
+    void pressed();
     void backAsked();
     /// The browser has put another widget of its own, which takes the focus, into the view.
     void focusWidgetChanged();

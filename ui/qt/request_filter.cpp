@@ -27,7 +27,8 @@ Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
 void RequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info) {
     const auto url = info.requestUrl();
     const bool mainFrame = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame;
-    if (url.scheme() == "data" || (mainFrame && (url == m_allowedPage || url.scheme() == "about")))
+    if (url.scheme() == "data" ||
+        (mainFrame && (url.adjusted(QUrl::RemoveFragment) == m_allowedPage || url.scheme() == "about")))
         return;
     if (url.isLocalFile() && url.host().isEmpty() && !mainFrame)
         filterFile(info);

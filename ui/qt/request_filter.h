@@ -15,7 +15,8 @@ public:
 
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
-    /// The one file that the main frame may load by address, for pages too large to hand over.
+    /// The one file that the main frame may load by address, without a place in it, for pages too large to
+    /// hand over.
     void allowPage(const QUrl& address) { m_allowedPage = address; }
 
 private:

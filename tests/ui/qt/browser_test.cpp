@@ -3,17 +3,24 @@
 #include "ui/qt/page_browser.h"
 #include "ui/zoom.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTest>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace {
 namespace fs = std::filesystem;
 
 class BrowserTest : public testing::Test {
 protected:
-    BrowserTest() : browser("WbPage", "Page", nullptr) {
+    explicit BrowserTest(std::chrono::milliseconds patience = std::chrono::seconds(5))
+        : browser("WbPage", "Page", nullptr, patience) {
         folder = fs::canonical(testing::TempDir()) / "browser_test";
         fs::remove_all(folder);
         fs::create_directories(folder / "ACME");
@@ -32,15 +39,13 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
     }
 
+    // A page that is stuck may answer when the test has long gone on.
     QVariant evaluate(const QString& script, quint32 world = 0) {
-        QVariant result;
-        bool done = false;
-        browser.view()->page()->runJavaScript(script, world, [&](const QVariant& value) {
-            result = value;
-            done = true;
-        });
-        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 5000));
-        return result;
+        const auto result = std::make_shared<std::optional<QVariant>>();
+        browser.view()->page()->runJavaScript(script, world,
+                                              [result](const QVariant& value) { *result = value; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return result->has_value(); }, 5000));
+        return result->value_or(QVariant());
     }
 
     bool becomes(const QString& script) {
@@ -75,6 +80,25 @@ TEST_F(BrowserTest, ShowsAPageThatIsTooLargeToHandOverTheSameWay) {
                   .toString(),
               QString::fromUtf8("½¼"));
     EXPECT_EQ(base::filesEndingWith(folder / "ACME", ".htm").size(), 0U);
+}
+
+TEST_F(BrowserTest, PagesOpenAtAPlaceAndFindTheirPicturesWhateverTheirFoldersAreCalled) {
+    const auto odd = folder / "ACME" / u8"łukasz" / "c#" / "100%" / "a?b";
+    fs::create_directories(odd);
+    fs::copy_file(folder / "ACME/Bolt.PNG", odd / "Bolt.PNG");
+    const std::string page = "<p>top<img id=picture src='bolt.png'><div style='height:5000px'></div>"
+                             "<p id='\xE4 b'>b<div style='height:5000px'></div>";
+    const auto expectPlace = [&](const std::string& bytes, const std::string& place, const QString& where) {
+        browser.show(odd / "Terms.htm", bytes, place);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+        EXPECT_TRUE(becomes("window.scrollY " + where)) << bytes.size() << place;
+        EXPECT_TRUE(becomes("document.getElementById('picture').naturalWidth === 3")) << bytes.size();
+    };
+    for (const auto& bytes : {page, page + std::string(1'500'000, 'x')}) {
+        expectPlace(bytes, "#%C3%A4%20b", "> 4000");
+        expectPlace(bytes, "", "=== 0");
+        expectPlace(bytes, "#%", "=== 0");
+    }
 }
 
 TEST_F(BrowserTest, FindsPicturesInAnyLetterCaseAndOnlyInItsFolders) {
@@ -174,19 +198,87 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
     QTest::qWait(400);
     browser.view()->page()->triggerAction(QWebEnginePage::Reload);
     QTest::qWait(400);
-    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked", "Tmp.htm?code=B2",
-                                            "Tmp.htm?F1 clicked"));
+    EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked",
+                                            "Tmp.htm?code=B2 clicked", "Tmp.htm?F1 clicked"));
     EXPECT_TRUE(evaluate("document.getElementById('x') !== null").toBool());
 }
 
-TEST_F(BrowserTest, PagesGoOnAfterTheBrowsersProcessHasDied) {
+TEST_F(BrowserTest, ALinkIsClickedWhenAPressOfMouseOrKeyWentBeforeItAndOnlyOne) {
+    std::vector<std::string> links;
+    browser.onLink([&](const QUrl& url, bool clicked) {
+        links.push_back(url.query().toStdString() + (clicked ? " clicked" : ""));
+    });
+    const auto becomeLinks = [&](std::vector<std::string> expected) {
+        static_cast<void>(QTest::qWaitFor([&] { return links.size() >= expected.size(); }, 5000));
+        EXPECT_EQ(std::exchange(links, {}), expected);
+    };
+    QApplication::setActiveWindow(&browser);
+    show("<a id=a href='Tmp.htm?a' onclick='setTimeout(function () { b.click() }, 300)'>a</a>"
+         "<p><a id=b href='Tmp.htm?b'>b</a><p><a id=c href='Tmp.htm?c' target=_blank>c</a>"
+         "<form id=f action='Tmp.htm'><input type=hidden name=q value=1></form>");
+    for (const char* script : {"document.getElementById('b').click()", "location = 'Tmp.htm?b'"}) {
+        evaluate(script);
+        becomeLinks({"b"});
+    }
+    evaluate("document.getElementById('f').submit()");
+    becomeLinks({"q=1"});
+    tour::clickInPage(*browser.view(), "#a");
+    becomeLinks({"a clicked", "b"});
+    tour::clickInPage(*browser.view(), "#b", Qt::LeftButton, Qt::ControlModifier);
+    becomeLinks({"b clicked"});
+    browser.view()->setFocus();
+    evaluate("document.getElementById('b').focus()");
+    QTest::keyClick(browser.view()->focusProxy(), Qt::Key_Return);
+    becomeLinks({"b clicked"});
+    tour::clickInPage(*browser.view(), "p");
+    evaluate("0"); // so that the click has been made
+    show("<a id=d href='Tmp.htm?d'>d</a><script>setTimeout(function () { d.click() }, 100)</script>");
+    becomeLinks({"d"});
+}
+
+TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
+    const auto kill = [&] {
+        const auto process = QString::number(browser.view()->page()->renderProcessPid());
+        EXPECT_EQ(QProcess::execute("kill", {"-9", process}), 0);
+    };
+    const auto text = [&] { return tour::pageText(*browser.view()); };
     show("<p>one</p>");
-    const auto process = QString::number(browser.view()->page()->renderProcessPid());
+    kill();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text() == "one" && browser.idle(); }, 10000)) << "died idle";
     browser.show(folder / "ACME" / "Tmp.htm", "<p>two</p>" + std::string(400'000, 'x'));
-    ASSERT_EQ(QProcess::execute("kill", {"-9", process}), 0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    kill();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().startsWith("two") && browser.idle(); }, 10000));
     show("<p>three</p>");
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
+}
+
+class StuckPageTest : public BrowserTest {
+protected:
+    StuckPageTest() : BrowserTest(std::chrono::milliseconds(1000)) {}
+};
+
+TEST_F(StuckPageTest, AScriptThatNeverEndsHoldsUpNoOtherPage) {
+    const struct {
+        const char* when;
+        const char* script;
+    } cases[] = {{"while the page loads", "for (;;);"},
+                 {"later", "setTimeout(function () { for (;;); }, 0);"},
+                 {"when the page is left", "onpagehide = onunload = function () { for (;;); };"}};
+
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.when);
+        show(std::string("<p>stuck<script>") + c.script + "</script>");
+        QTest::qWait(100); // for what begins later
+        show("<p>next</p>");
+        EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
+    }
+}
+
+TEST_F(StuckPageTest, OfPagesShownBehindAStuckOneTheLastIsLoaded) {
+    for (const char* page : {"<p>stuck<script>for (;;);</script>", "<p>passed over</p>", "<p>last</p>"})
+        browser.show(folder / "ACME" / "Tmp.htm", page);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+    EXPECT_TRUE(becomes("document.body.innerText.trim() === 'last'"));
 }
 
 TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {

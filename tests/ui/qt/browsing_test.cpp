@@ -28,7 +28,7 @@ public slots:
     void open(const QUrl& url) { opened.push_back(url.toString()); }
 };
 
-/// Contents (record 1); Bolts (2) with Hex (3) of products 4, 5 and Eye (6) of product 7; Paint (8) of 9.
+/// Contents (record 1); Bolts (2) with Hex (3) of products 4, 5 and Eye (6) of product 7; Paint (8) of 9, 10.
 class BrowsingTest : public ProgramTest {
 protected:
     BrowsingTest() {
@@ -39,9 +39,16 @@ protected:
                           {"Paint", 8, 0, 1},
                           {"Hex", 3, 0, 2},
                           {"Eye", 6, 0, 2}};
-        catalog.products = {header("Contents", 1),         header("Bolts", 2),    header("Hex", 4),
-                            product("HEX 1", 4),           product("50% OFF", 4), header("Eye", 5),
-                            product("A/B\\\"C\"#\xC4", 5), header("Paint", 3),    product("PAINT", 3)};
+        catalog.products = {header("Contents", 1),
+                            header("Bolts", 2),
+                            header("Hex", 4),
+                            product("HEX 1", 4),
+                            product("50% OFF", 4),
+                            header("Eye", 5),
+                            product("A/B\\\"C\"#\xC4", 5),
+                            header("Paint", 3),
+                            product("PAINT", 3),
+                            product("P|Q", 3)};
     }
 
     static support::Product header(const std::string& name, std::int16_t group) {
@@ -133,6 +140,22 @@ TEST_F(BrowsingTest, LeadsThroughListsPagesAndLinksAndBackAgain) {
     EXPECT_TRUE(play());
 }
 
+TEST_F(BrowsingTest, ARowChosenRightAfterBackCanBeLeftForTheOneThatBackLedTo) {
+    deliverWith("");
+    expectRecord(1, "Contents", [] { QTest::keyClick(grid(), Qt::Key_Down); });
+    expectRecord(2, "Bolts", [] {
+        QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton);
+        grid()->setCurrentRow(3);
+    });
+    expectRecord(4, "At HEX 1.", [] {
+        EXPECT_TRUE(backEnabled());
+        QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton);
+    });
+    expectRecord(1, "Contents", [] { EXPECT_FALSE(backEnabled()); });
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
 TEST_F(BrowsingTest, EveryFormOfALinkFindsItsProduct) {
     const struct {
         const char* id;
@@ -146,7 +169,8 @@ TEST_F(BrowsingTest, EveryFormOfALinkFindsItsProduct) {
                  {"odd", "Tmp.htm?a/b\\&quot;c&quot;#\xE4", 7, "At A/B"},
                  {"again", "Tmp.htm?HEX 1", 4, "At HEX 1."},
                  {"oddbar", "{DIR}\\tmp.HTM|A/B\\&quot;C&quot;#\xC4", 7, "At A/B"},
-                 {"window", "Tmp.htm?PAINT", 9, "At PAINT."}};
+                 {"window", "Tmp.htm?PAINT", 9, "At PAINT."},
+                 {"marks", "Tmp.htm?p?q", 10, "At P|Q."}};
 
     std::string page;
     for (const auto& link : links)
@@ -193,6 +217,29 @@ TEST_F(BrowsingTest, OtherLinksStayWhereTheyAreOrOpenOutside) {
     EXPECT_EQ(outside.opened, std::vector<QString>{"http://example.com/x.htm"});
 }
 
+TEST_F(BrowsingTest, WhatAScriptDoesByItselfShowsNoBoxAndABoxIsShownOnce) {
+    OutsideBrowser outside;
+    // No braces: they would be the template's.
+    deliverWith("<a id=none href='Tmp.htm?NONE' onclick=\"setTimeout(&quot;location = 'Tmp.htm?HEX 1'&quot;,"
+                " 200)\">none</a>"
+                "<script>setInterval(\"location = 'Tmp.htm?GONE'\", 50);"
+                " location = 'http://example.com/x.htm'</script>");
+    expectRecord(1, "Contents", [] {});
+    script.pause(500);
+    expectRecord(1, "Contents", [] { clickInPage(*page(), "#none"); });
+    script
+        .when(
+            "the box", [] { return messageBox("Missing Product"); }, [] {})
+        .pause(500);
+    answer("Missing Product", QMessageBox::Ok);
+    script.pause(300);
+    expectRecord(1, "Contents", [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
+    EXPECT_TRUE(outside.opened.empty());
+    EXPECT_EQ(boxTexts, std::vector<QString>{"Product not found"});
+}
+
 TEST_F(BrowsingTest, OfAHeldKeyTheLastRowIsShownAndRecorded) {
     for (int i = 0; i < 200; ++i)
         catalog.products.push_back(product("P" + std::to_string(i), 3));
@@ -201,7 +248,7 @@ TEST_F(BrowsingTest, OfAHeldKeyTheLastRowIsShownAndRecorded) {
         for (int i = 0; i < 150; ++i)
             QTest::keyClick(grid(), Qt::Key_Down);
     });
-    expectRecord(151, "At P141.", [] { QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton); });
+    expectRecord(151, "At P140.", [] { QTest::mouseClick(visibleWidget("Back"), Qt::LeftButton); });
     script.when(
         "an earlier record", [] { return grid()->currentRow() < 150; },
         [] { EXPECT_LE(grid()->currentRow(), 2); });

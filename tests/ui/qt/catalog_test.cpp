@@ -2,7 +2,9 @@
 #include "ui/qt/product_grid.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QSplitter>
 #include <QTest>
@@ -57,6 +59,59 @@ TEST_F(ProgramTest, LeadsFromADroppedZipToAProductPage) {
     EXPECT_THAT(settings,
                 testing::EndsWith("\r\n[Order]\r\nTax=1\r\nAttention=\r\nCity=\r\nCountry=\r\nBusiness=\r\n"
                                   "Phone=\r\nState=\r\nStreet=\r\nZip=\r\n"));
+}
+
+TEST_F(ProgramTest, ScriptsThatNeverEndKeepNobodyFromTheCatalogue) {
+    writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+    const std::string endless = "<script>for (;;);</script>";
+    deliver("ACME", smallCatalog("Acme"),
+            {{"Welcome.ECT", endless}, {"Banner.Ect", endless}, {"Catalog.Ect", "{CODE}" + endless}});
+    enterPassword("");
+    script.when(
+        "the table of contents", [] { return shows(page(), "Contents"); },
+        [] { visible<ProductGrid>("ctGrid1")->setCurrentRow(2); });
+    script.pause(500).when(
+        "the product's page", [&] { return readFile("ACME/Tmp.htm").starts_with("B1<"); },
+        [] { visible<ProductGrid>("ctGrid1")->setCurrentRow(1); });
+    script.when(
+        "the group's page", [] { return shows(page(), "Small bolt"); }, [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
+TEST_F(ProgramTest, AFolderMayHaveAnyNameThatTheSystemAllows) {
+    const auto startPage = readFile("Start.ect");
+    folder = folder / u8"łukasz" / "c#" / "100%" / "a?b";
+    std::filesystem::create_directories(folder);
+    writeFile("Start.ect", startPage);
+    writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
+    QByteArray picture;
+    QBuffer file(&picture);
+    QImage(3, 2, QImage::Format_RGB32).save(&file, "PNG");
+    const std::string seen = " onload=\"document.body.append('picture seen')\">";
+    deliver("ACME", smallCatalog("Acme"));
+    deliver("C#", smallCatalog("Nuts"),
+            {{"p.png", picture.toStdString()},
+             {"Welcome.ECT", "Welcome<img src='{DIR}\\p.png'" + seen},
+             {"GroupI.Ect", "<a id=terms href='{DIR}/Terms.htm#here'>x</a><img src='{NOIMG}/P.png'" + seen},
+             {"Terms.htm", "<div style='height:5000px'></div><p id=here>x<a id=b href='Tmp.htm?B1'>y</a>"
+                           "<script>setInterval(function () { if (scrollY > 0)"
+                           " document.body.append('scrolled') }, 100)</script>"}});
+    script.when(
+        "the supplier list", [] { return shows(ProgramTest::startPage(), "Suppliers"); },
+        [] { clickInPage(*ProgramTest::startPage(), "#C\\#"); });
+    script.when(
+        "the welcome page", [] { return shows(ProgramTest::startPage(), "picture seen"); }, [] {});
+    enterPassword("");
+    script.when(
+        "the contents", [] { return shows(page(), "picture seen"); }, [] { clickInPage(*page(), "#terms"); });
+    script.when(
+        "the terms at their place", [] { return shows(page(), "scrolled"); },
+        [] { clickInPage(*page(), "#b"); });
+    script.when(
+        "the product", [] { return shows(page(), "Small bolt"); }, [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
 }
 
 TEST_F(ProgramTest, WithoutTaxThereIsNoTaxToBeSeen) {

@@ -239,4 +239,18 @@ TEST_F(PrintTest, LongPreparationCanBeCancelledAndClosingWaitsForIt) {
     EXPECT_TRUE(play());
 }
 
+TEST_F(PrintTest, AnOrderPageWhoseScriptNeverEndsCanBeGivenUp) {
+    orderEverything("<html><body><script>for (;;);</script></body></html>");
+    inOrderView("printing", [] { press("Print"); });
+    script.when(
+        "the way out", [] { return visibleWidget("Printing") != nullptr; },
+        [] {
+            auto* cancel = visible<QProgressDialog>("Printing")->findChild<QPushButton*>();
+            QTest::mouseClick(cancel, Qt::LeftButton);
+        });
+    expectOrderUnchanged();
+    closeMainWindow();
+    EXPECT_TRUE(play());
+}
+
 }
