@@ -1,7 +1,7 @@
 #include "ui/quantity.h"
 
 #include "base/numbers.h"
-#include "order/money.h"
+#include "order/pricing.h"
 
 #include <algorithm>
 
