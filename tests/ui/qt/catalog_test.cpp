@@ -140,7 +140,9 @@ TEST_F(ProgramTest, KeepsTheSplitterWhereItWasLeft) {
     auto catalog = smallCatalog("Acme");
     catalog.catalogPassword = "OMIT";
     writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
-    deliver("ACME", catalog, {{"User.ini", "[Split]\nTop= 222\n"}});
+    deliver("ACME", catalog);
+    std::filesystem::create_directory(folder / "ACME");
+    writeFile("ACME/User.ini", "[Split]\nTop= 222\n");
     script.when(
         "the splitter's place",
         [] {
