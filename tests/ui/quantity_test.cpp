@@ -1,5 +1,5 @@
 #include "base/numbers.h"
-#include "order/money.h"
+#include "order/pricing.h"
 #include "ui/quantity.h"
 
 #include <gtest/gtest.h>
