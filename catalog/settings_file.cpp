@@ -141,15 +141,19 @@ std::string SettingsFile::read(std::string_view section, std::string_view key) c
     return settingIn(base::readFile(m_path).value_or(std::string()), section, key);
 }
 
-void SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
+bool SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
     std::error_code error;
-    auto file = base::readFile(m_path);
-    if (!file && std::filesystem::exists(m_path, error))
-        return; // never replace settings that cannot be read
+    const auto before = base::readFile(m_path);
+    if (!before && std::filesystem::exists(m_path, error))
+        return false; // never replace settings that cannot be read
+    const auto after = withSetting(before.value_or(std::string()), section, key, value);
+    if (after == before)
+        return true;
     try {
-        base::replaceFile(m_path, withSetting(std::move(file).value_or(std::string()), section, key, value));
+        base::replaceFile(m_path, after);
+        return true;
     } catch (const base::FileError&) {
-        // Deliberate: a setting that cannot be kept stops nobody.
+        return false; // a setting that cannot be kept stops nobody
     }
 }
 

@@ -17,13 +17,16 @@ class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path path) : m_path(std::move(path)) {}
 
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+
     /// Trimmed, at most 249 characters; empty where file, section or key is missing.
     [[nodiscard]] std::string read(std::string_view section, std::string_view key) const;
 
     /// Changes this value and no other byte of the file; makes file, section and key as needed. The file
-    /// is replaced in one step. A failure is not reported and leaves the file as it was. A line break
-    /// inside the value would start another line of the file, so it is written as a blank.
-    void write(std::string_view section, std::string_view key, std::string_view value) const;
+    /// is replaced in one step, and left alone where it holds the value already. Whether it holds it now:
+    /// a failure leaves the file as it was, and most callers do without a word. A line break inside the value
+    /// would start another line of the file, so it is written as a blank.
+    bool write(std::string_view section, std::string_view key, std::string_view value) const;
 
 private:
     std::filesystem::path m_path;

@@ -40,10 +40,11 @@ DeliveryDetails readDetails(const catalog::SettingsFile& settings) {
     return result;
 }
 
-void saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
-    settings.write(section, taxKey, values.taxExempt ? "1" : "0");
+bool saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
+    bool written = settings.write(section, taxKey, values.taxExempt ? "1" : "0");
     for (const auto& detail : details)
-        settings.write(section, detail.key, quotedAgain(values.*detail.text));
+        written &= settings.write(section, detail.key, quotedAgain(values.*detail.text));
+    return written;
 }
 
 }

@@ -17,13 +17,15 @@ struct DeliveryDetails {
     std::string state;
     std::string street;
     std::string zip;
+
+    friend bool operator==(const DeliveryDetails&, const DeliveryDetails&) = default;
 };
 
 /// A missing value reads as empty, and as not exempt.
 [[nodiscard]] DeliveryDetails readDetails(const catalog::SettingsFile& settings);
 
 /// Writes the nine keys, Tax first. A text that begins and ends with the same quotation mark is written
-/// inside one more pair, because reading takes one off.
-void saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
+/// inside one more pair, because reading takes one off. False when one of them could not be written.
+bool saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
 
 }

@@ -1,9 +1,10 @@
 #include "order/delivery_date.h"
-#include "order/delivery_details.h"
+#include "order/details_file.h"
 #include "order/order_check.h"
+#include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <fstream>
 
@@ -94,6 +95,34 @@ TEST(DeliveryDetails, ReadsAnySettingsFileAndGivesBackWhatWasTyped) {
         EXPECT_EQ(order::readDetails(settings).business, typed);
         EXPECT_TRUE(order::readDetails(settings).taxExempt);
     }
+}
+
+TEST(DetailsFile, TellsOnceThatDetailsAreLostAndKeepsTrying) {
+    const auto folder = support::testFolder() / "ACME";
+    const catalog::SettingsFile settings(folder / "User.ini");
+    support::Journal journal;
+    support::FakeMessageBox messages(journal);
+    order::DetailsFile file(settings, messages);
+    const auto told = [&](const order::DeliveryDetails& typed) {
+        file.save(typed);
+        file.tellFailure();
+        return journal.take().size();
+    };
+
+    EXPECT_EQ(told({}), 0U) << "there is nothing to lose";
+    file.save(details("Marlowe", ""));
+    EXPECT_TRUE(journal.take().empty()) << "saving alone says nothing";
+    file.tellFailure();
+    EXPECT_THAT(journal.take(), testing::ElementsAre(testing::StartsWith("exclamation [Delivery details] " +
+                                                                         settings.path().string())));
+    EXPECT_EQ(told(details("Marlowe", "1")), 0U) << "told already";
+    std::filesystem::create_directories(folder);
+    EXPECT_EQ(told(details("Marlowe", "12")), 0U);
+    EXPECT_EQ(file.read(), details("Marlowe", "12"));
+
+    std::filesystem::permissions(settings.path(), std::filesystem::perms::owner_read);
+    EXPECT_EQ(told(details("Marlowe", "12")), 0U) << "the file says so already";
+    EXPECT_EQ(told(details("Marlowe", "123")), 1U) << "lost again";
 }
 
 }

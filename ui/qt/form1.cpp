@@ -53,6 +53,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_guard(guard),
       m_messages(messages),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
+      m_detailsFile(m_userSettings, messages),
       m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
       m_ordering(m_catalog, *m_basketFile, messages, m_toolbarState),
       m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this),
@@ -111,7 +112,7 @@ void Form1::fill() {
 }
 
 void Form1::restoreSettings() {
-    m_details = order::readDetails(m_userSettings);
+    m_details = m_detailsFile.read();
     m_orderView->details().show(m_details);
     m_totals->exempt().setChecked(m_details.taxExempt);
     m_browsing.setTaxStatus(statusOf(m_details.taxExempt));
@@ -341,6 +342,7 @@ void Form1::showCatalogView() {
     m_views->setCurrentWidget(m_catalogView);
     showOrder();
     m_catalogView->grid().setFocus();
+    m_detailsFile.tellFailure();
 }
 
 void Form1::clearOrder() {
@@ -388,24 +390,32 @@ void Form1::commitPending() {
 void Form1::saveDetails() {
     m_orderView->details().readInto(m_details);
     m_details.taxExempt = m_totals->exempt().isChecked();
-    order::saveDetails(m_details, m_userSettings);
+    m_detailsFile.save(m_details);
 }
 
 // An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
     auto& printer = m_orderDesk.printer();
-    if (printer.busy() && !m_guard.ending()) {
+    if (printer.busy() && !m_mustClose && !m_guard.ending()) {
         connect(&printer, &OrderPrinter::ended, this, &Form1::close,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
         printer.showBusy();
         return event->ignore();
     }
-    m_guard.run([this] { saveSettings(); });
+    m_guard.run([this] {
+        save();
+        m_detailsFile.tellFailure();
+    });
     event->accept();
     emit closed();
 }
 
-void Form1::saveSettings() {
+void Form1::closeNow() {
+    m_mustClose = true;
+    close();
+}
+
+void Form1::save() {
     commitPending();
     if (m_find)
         m_find->close(); // which saves its place
