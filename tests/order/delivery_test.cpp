@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "order/delivery_date.h"
 #include "order/details_file.h"
 #include "order/order_check.h"
@@ -88,12 +89,36 @@ TEST(DeliveryDetails, ReadsAnySettingsFileAndGivesBackWhatWasTyped) {
         std::ofstream(path, std::ios::trunc) << "[Order]\nTax=" << tax << "\n" << std::string(5000, '[');
         EXPECT_FALSE(order::readDetails(settings).taxExempt) << tax;
     }
-    for (const std::string typed : {"\"Acme\"", "'", "''", "a=b;c", "[x]", "\xD6\xFF"}) {
+    for (const std::string typed :
+         {"\"Acme\"", "'", "''", "\"\"x\"\"", "\"x", "\"x'", "a=b;c", "[x]", "\xD6\xFF", "\t\"x\"\t", "\tx",
+          "  ", " \"x\" ", " 'x'", "\" x \"", "x "}) {
         auto saved = details(typed, "");
         saved.taxExempt = true;
         order::saveDetails(saved, settings);
-        EXPECT_EQ(order::readDetails(settings).business, typed);
+        EXPECT_EQ(order::readDetails(settings).business, base::trim(typed)) << typed;
         EXPECT_TRUE(order::readDetails(settings).taxExempt);
+    }
+}
+
+TEST(DeliveryDetails, CanBeKeptUpToWhatIsReadBack) {
+    const catalog::SettingsFile settings(support::testFolder() / "User.ini");
+    const std::string full(249, 'x');
+
+    const struct {
+        std::string typed;
+        bool kept;
+    } cases[] = {{"", true},
+                 {full, true},
+                 {full + "x", false},
+                 {"   " + full + "  ", true},
+                 {"\"" + full.substr(2) + "\"", true},
+                 {" \"" + full.substr(1) + "\"", false},
+                 {"\t" + full, false}};
+
+    for (const auto& c : cases) {
+        EXPECT_EQ(order::canBeKept(c.typed), c.kept) << c.typed;
+        order::saveDetails(details(c.typed, ""), settings);
+        EXPECT_EQ(order::readDetails(settings).business == base::trim(c.typed), c.kept) << c.typed;
     }
 }
 
