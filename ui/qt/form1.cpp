@@ -393,6 +393,11 @@ void Form1::saveDetails() {
     m_detailsFile.save(m_details);
 }
 
+void Form1::closeNow() {
+    m_mustClose = true;
+    close();
+}
+
 // An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
     auto& printer = m_orderDesk.printer();
@@ -403,19 +408,14 @@ void Form1::closeEvent(QCloseEvent* event) {
         return event->ignore();
     }
     m_guard.run([this] {
-        save();
+        saveSettings();
         m_detailsFile.tellFailure();
     });
     event->accept();
     emit closed();
 }
 
-void Form1::closeNow() {
-    m_mustClose = true;
-    close();
-}
-
-void Form1::save() {
+void Form1::saveSettings() {
     commitPending();
     if (m_find)
         m_find->close(); // which saves its place

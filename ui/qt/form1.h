@@ -37,7 +37,7 @@ public:
     ~Form1() override;
 
     /// Saves what closing saves. A failure is not told.
-    void save();
+    void saveSettings();
 
     /// Closes without waiting for an order that is being printed.
     void closeNow();

@@ -35,7 +35,7 @@ Program::Program(const Machine& machine)
     connect(&m_stopRequests, &system::StopRequests::stopAsked, this, m_guard([this] { stop(); }));
     connect(&m_stopRequests, &system::StopRequests::sessionEnds, this, m_guard([this] {
         if (m_form1)
-            m_form1->save();
+            m_form1->saveSettings();
     }));
 }
 

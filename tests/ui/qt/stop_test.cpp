@@ -1,3 +1,4 @@
+#include "tests/support/stand_in_commands.h"
 #include "tests/ui/qt/order_program.h"
 
 #include <csignal>
@@ -76,6 +77,25 @@ TEST_F(StopTest, ClosesThePrintDialog) {
     stopWhen("the print dialog", [] { return printDialog() != nullptr; });
     ASSERT_TRUE(endsByItself());
     EXPECT_THAT(readFile("ACME/User.ini"), HasSubstr("Business=Marlowe\r\n"));
+}
+
+TEST_F(StopTest, LetsMailThatIsUnderWayGoOut) {
+    const support::StandInCommands commands;
+    const auto place = "'" + folder.string() + "/";
+    commands.install("sendmail", "> " + place + "begun'\nsleep 1\ncat > " + place + "mail'");
+    deliver("ACME", catalog, {{"EmlOrd.ect", "<R1>{QTY} x {CODE}</R1>"}});
+    openOrder();
+    script.when(
+        "the name", [] { return box("txOrgName")->text() == "Marlowe"; },
+        [] {
+            QTest::keyClicks(box("txPhone"), "1");
+            press("Email");
+        });
+    answer("Place email order in Outbox", QMessageBox::Ok);
+    stopWhen("the mail under way", [this] { return exists("begun"); });
+    ASSERT_TRUE(endsByItself());
+    EXPECT_THAT(readFile("ACME/User.ini"), HasSubstr("Business=Marlowe\r\n"));
+    EXPECT_THAT(readFile("mail"), HasSubstr("2.0 x B1"));
 }
 
 TEST_F(StopTest, LeavesAQuestionOfTheStartUnanswered) {
