@@ -1,7 +1,6 @@
 #include "tests/support/stand_in_commands.h"
+#include "tests/support/stop_signals.h"
 #include "tests/ui/qt/order_program.h"
-
-#include <csignal>
 
 namespace {
 using namespace tour;
@@ -21,11 +20,12 @@ protected:
             [] { QTest::keyClicks(box("txOrgName"), "Marlowe"); });
     }
 
-    void stopWhen(const QString& what, tour::Script::Condition ready, int signal = SIGTERM) {
-        script.when(what, std::move(ready), [signal] { std::raise(signal); });
+    void stopWhen(const QString& what, tour::Script::Condition ready,
+                  int signal = support::stopSignals.front()) {
+        script.when(what, std::move(ready), [signal] { support::raiseSignal(signal); });
     }
 
-    void stopOnceTyped(int signal = SIGTERM) {
+    void stopOnceTyped(int signal = support::stopSignals.front()) {
         stopWhen(
             "the name", [] { return box("txOrgName")->text() == "Marlowe"; }, signal);
     }
@@ -50,7 +50,7 @@ TEST_P(StopSignalTest, SavesWhatWasTypedLast) {
     EXPECT_THAT(readFile("ACME/User.ini"), HasSubstr("Business=Marlowe\r\n"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Asked, StopSignalTest, testing::Values(SIGTERM, SIGHUP, SIGINT));
+INSTANTIATE_TEST_SUITE_P(Asked, StopSignalTest, testing::ValuesIn(support::stopSignals));
 
 TEST_F(StopTest, WaitsForNoAnswer) {
     start();
