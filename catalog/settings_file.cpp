@@ -10,7 +10,6 @@
 namespace catalog {
 namespace {
 
-constexpr std::size_t longestValue = 249;
 constexpr std::string_view newLine = "\r\n";
 
 std::string_view stripped(std::string_view text) {
@@ -24,21 +23,21 @@ std::string_view stripped(std::string_view text) {
 /// A line of the file by its place, without its line end.
 struct Line {
     std::size_t start;
-    std::size_t end;  // where CR LF, LF or the file's end stands
+    std::size_t end;  // where CR LF, LF, CR or the file's end stands
     std::size_t next; // where the next line starts
 };
 
 Line lineAt(std::string_view file, std::size_t start) {
-    const auto lineFeed = std::min(file.find('\n', start), file.size());
-    const bool carriageReturn = lineFeed > start && file[lineFeed - 1] == '\r';
-    return {start, lineFeed - (carriageReturn ? 1 : 0), std::min(lineFeed + 1, file.size())};
+    const auto end = std::min(file.find_first_of(newLine, start), file.size());
+    const bool both = file.substr(end).starts_with(newLine);
+    return {start, end, std::min(end + (both ? 2 : 1), file.size())};
 }
 
 std::optional<std::string_view> sectionName(std::string_view line) {
     const auto text = stripped(line);
     if (!text.starts_with('['))
         return std::nullopt;
-    return text.substr(1, text.find(']') - 1); // a missing bracket opens the section all the same
+    return stripped(text.substr(1, text.find(']') - 1)); // without a bracket it is opened all the same
 }
 
 bool isBlankOrComment(std::string_view line) {
@@ -104,7 +103,7 @@ void putValue(std::string& file, const Line& entry, std::string_view value) {
 
 void insertLine(std::string& file, std::size_t at, std::string line) {
     line.append(newLine);
-    if (at > 0 && file[at - 1] != '\n')
+    if (at > 0 && newLine.find(file[at - 1]) == std::string_view::npos)
         line.insert(0, newLine);
     file.insert(at, line);
 }
@@ -119,8 +118,11 @@ std::string settingIn(std::string_view file, std::string_view section, std::stri
     const auto equals = line.find('=');
     if (equals == std::string_view::npos)
         return {};
-    const auto value = withoutQuotes(stripped(line.substr(equals + 1)));
-    return std::string(base::trim(value.substr(0, longestValue)));
+    return std::string(settingWrittenAs(line.substr(equals + 1)));
+}
+
+std::string_view settingWrittenAs(std::string_view written) {
+    return base::trim(withoutQuotes(stripped(written)).substr(0, longestSetting));
 }
 
 std::string withSetting(std::string file, std::string_view section, std::string_view key,
@@ -141,15 +143,19 @@ std::string SettingsFile::read(std::string_view section, std::string_view key) c
     return settingIn(base::readFile(m_path).value_or(std::string()), section, key);
 }
 
-void SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
+bool SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
     std::error_code error;
-    auto file = base::readFile(m_path);
-    if (!file && std::filesystem::exists(m_path, error))
-        return; // never replace settings that cannot be read
+    const auto before = base::readFile(m_path);
+    if (!before && std::filesystem::exists(m_path, error))
+        return false; // never replace settings that cannot be read
+    const auto after = withSetting(before.value_or(std::string()), section, key, value);
+    if (after == before)
+        return true;
     try {
-        base::replaceFile(m_path, withSetting(std::move(file).value_or(std::string()), section, key, value));
+        base::replaceFile(m_path, after);
+        return true;
     } catch (const base::FileError&) {
-        // Deliberate: a setting that cannot be kept stops nobody.
+        return false; // a setting that cannot be kept stops nobody
     }
 }
 

@@ -10,6 +10,9 @@ namespace catalog {
 inline constexpr std::string_view userSettingsFile = "User.ini";   ///< in `UserFolder`
 inline constexpr std::string_view startSettingsFile = "Start.ini"; ///< in `ProgramFolder`
 
+/// Of a longer value this many bytes are read.
+inline constexpr std::size_t longestSetting = 249;
+
 /// One settings file (docs/file-formats.md, "Settings files"), read and written a key at a time; it is
 /// never held open. Section and key match without regard to case. Find the path with base::filePath,
 /// so that `START.INI` is the same file.
@@ -17,13 +20,16 @@ class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path path) : m_path(std::move(path)) {}
 
-    /// Trimmed, at most 249 characters; empty where file, section or key is missing.
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+
+    /// Trimmed, at most `longestSetting` bytes; empty where file, section or key is missing.
     [[nodiscard]] std::string read(std::string_view section, std::string_view key) const;
 
     /// Changes this value and no other byte of the file; makes file, section and key as needed. The file
-    /// is replaced in one step. A failure is not reported and leaves the file as it was. A line break
-    /// inside the value would start another line of the file, so it is written as a blank.
-    void write(std::string_view section, std::string_view key, std::string_view value) const;
+    /// is replaced in one step, and left alone where it holds the value already. Whether it holds it now:
+    /// a failure leaves the file as it was, and most callers do without a word. A line break inside the value
+    /// would start another line of the file, so it is written as a blank.
+    bool write(std::string_view section, std::string_view key, std::string_view value) const;
 
 private:
     std::filesystem::path m_path;
@@ -31,6 +37,9 @@ private:
 
 /// What `SettingsFile` reads and writes, on a file's bytes.
 [[nodiscard]] std::string settingIn(std::string_view file, std::string_view section, std::string_view key);
+
+/// What is read of a value that stands so behind its equals sign.
+[[nodiscard]] std::string_view settingWrittenAs(std::string_view written);
 [[nodiscard]] std::string withSetting(std::string file, std::string_view section, std::string_view key,
                                       std::string_view value);
 

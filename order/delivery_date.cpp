@@ -63,7 +63,7 @@ std::string assembledDate(const DateBoxes& boxes) {
 bool isDeliveryDate(std::string_view text) {
     const double day = part(text, 0);
     const double month = part(text, 3);
-    return month >= 1 && month <= 12 && day >= 1 && monthHasDay(month, day);
+    return month >= 1 && month <= 12 && day >= 1 && day <= longestMonth && monthHasDay(month, day);
 }
 
 }

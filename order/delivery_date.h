@@ -28,8 +28,9 @@ enum class DateBox { day, month, year };
 /// 00/00/00.
 [[nodiscard]] std::string assembledDate(const DateBoxes& boxes);
 
-/// Whether an order can be delivered on this DD/MM/YY. Deliberate: the year is not looked at, February has
-/// 28 days, and of the long months no day is too late, since the day's box has seen to that.
+/// Whether an order can be delivered on this DD/MM/YY. It may hold what its boxes would not let go, since an
+/// order can go out while the keyboard is still in one. Deliberate: the year is not looked at, and February
+/// has 28 days.
 [[nodiscard]] bool isDeliveryDate(std::string_view text);
 
 }

@@ -1,6 +1,7 @@
 #include "order/delivery_details.h"
 
 #include "base/numbers.h"
+#include "base/text.h"
 
 #include <array>
 #include <cmath>
@@ -24,12 +25,21 @@ constexpr std::array details{
     Detail{"Street", &DeliveryDetails::street},       Detail{"Zip", &DeliveryDetails::zip},
 };
 
-std::string quotedAgain(const std::string& text) {
-    const bool quoted =
-        text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
-    return quoted ? text.front() + text + text.front() : text;
+// Reading takes off one pair of quotes, and blanks of every kind outside it. A text that has quotes of its
+// own gets another pair of the same.
+std::string quotedIfNeeded(std::string_view text) {
+    const auto inner = base::trim(text);
+    if (catalog::settingWrittenAs(text) == inner)
+        return std::string(text);
+    const auto quote = inner.find_first_of("\"'");
+    const char mark = quote == std::string_view::npos ? '"' : inner[quote];
+    return mark + std::string(inner) + mark;
 }
 
+}
+
+bool canBeKept(std::string_view text) {
+    return base::trim(text).size() <= catalog::longestSetting;
 }
 
 DeliveryDetails readDetails(const catalog::SettingsFile& settings) {
@@ -40,10 +50,11 @@ DeliveryDetails readDetails(const catalog::SettingsFile& settings) {
     return result;
 }
 
-void saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
-    settings.write(section, taxKey, values.taxExempt ? "1" : "0");
+bool saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
+    bool written = settings.write(section, taxKey, values.taxExempt ? "1" : "0");
     for (const auto& detail : details)
-        settings.write(section, detail.key, quotedAgain(values.*detail.text));
+        written &= settings.write(section, detail.key, quotedIfNeeded(values.*detail.text));
+    return written;
 }
 
 }

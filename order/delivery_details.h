@@ -3,6 +3,7 @@
 #include "catalog/settings_file.h"
 
 #include <string>
+#include <string_view>
 
 namespace order {
 
@@ -17,13 +18,19 @@ struct DeliveryDetails {
     std::string state;
     std::string street;
     std::string zip;
+
+    friend bool operator==(const DeliveryDetails&, const DeliveryDetails&) = default;
 };
 
 /// A missing value reads as empty, and as not exempt.
 [[nodiscard]] DeliveryDetails readDetails(const catalog::SettingsFile& settings);
 
+/// Whether the text is short enough to come back whole, but for blanks around it.
+[[nodiscard]] bool canBeKept(std::string_view text);
+
 /// Writes the nine keys, Tax first. A text that begins and ends with the same quotation mark is written
-/// inside one more pair, because reading takes one off.
-void saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
+/// inside one more pair, because reading takes one off, and so is one with tabs around it. False when one of
+/// them could not be written.
+bool saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
 
 }

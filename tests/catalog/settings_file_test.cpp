@@ -48,6 +48,12 @@ TEST_F(Settings, ReadsAsThePlatformsCallsDo) {
         {"keys before any section", "City=Oslo\n", ""},
         {"text behind the bracket", "[Order] x]\nCity=Rome\n", "Rome"},
         {"missing bracket", "[Order\nCity=Rome\n", "Rome"},
+        {"blanks in the brackets", "[ Order\t]\nCity=Rome\n", "Rome"},
+        {"blanks and no bracket", "[ Order \nCity=Rome\n", "Rome"},
+        {"only the first section of a name with blanks", "[ Order ]\n[Order]\nCity=Oslo\n", ""},
+        {"lines that end in CR", "[Find]\rTop=1\r[Order]\r;City=Oslo\rCity=Rome\rZip=1\r", "Rome"},
+        {"lines that end in CR CR LF", "[Order]\r\r\nCity=Rome\r\r\n", "Rome"},
+        {"lines that end in all ways", "[Order]\nZip=1\rCity=Rome\r\n", "Rome"},
         {"byte-order mark", "\xEF\xBB\xBF[Order]\nCity=Oslo\n", ""},
         {"no equals sign", "[Order]\nCity\n", ""},
         {"equals sign in a value", "[Order]\nCity=a=b\n", "a=b"},
@@ -84,6 +90,12 @@ TEST_F(Settings, WritingChangesOneValueAndNoOtherByte) {
          "\xEF\xBB\xBF[Order]\nCity=Rome\n[Order]\r\nCity=Bonn\r\n"},
         {"carriage return at the end", "[Order]\r\nCity=Rome\r", "[Order]\r\nCity=Bonn\r"},
         {"empty section", "[Order]\n[Find]\n", "[Order]\nCity=Bonn\r\n[Find]\n"},
+        {"blanks in the brackets", "[ Order ]\nCity=Rome\n", "[ Order ]\nCity=Bonn\n"},
+        {"lines that end in CR", "[Order]\rCity=Rome\rZip=1\r[Find]\rTop=1\r",
+         "[Order]\rCity=Bonn\rZip=1\r[Find]\rTop=1\r"},
+        {"a new line among such", "[Order]\rZip=1\r\r[Find]\rTop=1\r",
+         "[Order]\rZip=1\rCity=Bonn\r\n\r[Find]\rTop=1\r"},
+        {"a new section behind such", "[Find]\rTop=1\r", "[Find]\rTop=1\r[Order]\r\nCity=Bonn\r\n"},
     };
 
     for (const auto& c : cases)

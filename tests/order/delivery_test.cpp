@@ -1,9 +1,11 @@
+#include "base/text.h"
 #include "order/delivery_date.h"
-#include "order/delivery_details.h"
+#include "order/details_file.h"
 #include "order/order_check.h"
+#include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <fstream>
 
@@ -57,8 +59,8 @@ TEST(OrderCheck, FindsDatesOnWhichNothingCanBeDelivered) {
     } cases[] = {{"30/04/05", true},  {"31/04/05", false}, {"28/02/08", true},  {"29/02/08", false},
                  {"00/00/00", true},  {"", true},          {"   ", true},       {" 00/00/00 ", true},
                  {"00/01/00", false}, {"05/00/00", false}, {"01/13/00", false}, {"31/12/xx", true},
-                 {"45/01/05", true},  {"31/1", true},      {"3", false},        {"xx/yy/zz", false},
-                 {"-1/01/05", false}, {"1e/01/05", true}};
+                 {"31/08/05", true},  {"32/08/05", false}, {"31/1", true},      {"3", false},
+                 {"xx/yy/zz", false}, {"-1/01/05", false}, {"1e/01/05", true}};
 
     for (const auto& c : cases)
         EXPECT_EQ(order::checkOrder(details("B", "1"), c.date).empty(), c.valid) << c.date;
@@ -87,13 +89,65 @@ TEST(DeliveryDetails, ReadsAnySettingsFileAndGivesBackWhatWasTyped) {
         std::ofstream(path, std::ios::trunc) << "[Order]\nTax=" << tax << "\n" << std::string(5000, '[');
         EXPECT_FALSE(order::readDetails(settings).taxExempt) << tax;
     }
-    for (const std::string typed : {"\"Acme\"", "'", "''", "a=b;c", "[x]", "\xD6\xFF"}) {
+    for (const std::string typed :
+         {"\"Acme\"", "'", "''", "\"\"x\"\"", "\"x", "\"x'", "a=b;c", "[x]", "\xD6\xFF", "\t\"x\"\t", "\tx",
+          "  ", " \"x\" ", " 'x'", "\" x \"", "x "}) {
         auto saved = details(typed, "");
         saved.taxExempt = true;
         order::saveDetails(saved, settings);
-        EXPECT_EQ(order::readDetails(settings).business, typed);
+        EXPECT_EQ(order::readDetails(settings).business, base::trim(typed)) << typed;
         EXPECT_TRUE(order::readDetails(settings).taxExempt);
     }
+}
+
+TEST(DeliveryDetails, CanBeKeptUpToWhatIsReadBack) {
+    const catalog::SettingsFile settings(support::testFolder() / "User.ini");
+    const std::string full(249, 'x');
+
+    const struct {
+        std::string typed;
+        bool kept;
+    } cases[] = {{"", true},
+                 {full, true},
+                 {full + "x", false},
+                 {"   " + full + "  ", true},
+                 {"\"" + full.substr(2) + "\"", true},
+                 {" \"" + full.substr(1) + "\"", false},
+                 {"\t" + full, false}};
+
+    for (const auto& c : cases) {
+        EXPECT_EQ(order::canBeKept(c.typed), c.kept) << c.typed;
+        order::saveDetails(details(c.typed, ""), settings);
+        EXPECT_EQ(order::readDetails(settings).business == base::trim(c.typed), c.kept) << c.typed;
+    }
+}
+
+TEST(DetailsFile, TellsOnceThatDetailsAreLostAndKeepsTrying) {
+    const auto folder = support::testFolder() / "ACME";
+    const catalog::SettingsFile settings(folder / "User.ini");
+    support::Journal journal;
+    support::FakeMessageBox messages(journal);
+    order::DetailsFile file(settings, messages);
+    const auto told = [&](const order::DeliveryDetails& typed) {
+        file.save(typed);
+        file.tellFailure();
+        return journal.take().size();
+    };
+
+    EXPECT_EQ(told({}), 0U) << "there is nothing to lose";
+    file.save(details("Marlowe", ""));
+    EXPECT_TRUE(journal.take().empty()) << "saving alone says nothing";
+    file.tellFailure();
+    EXPECT_THAT(journal.take(), testing::ElementsAre(testing::StartsWith("exclamation [Delivery details] " +
+                                                                         settings.path().string())));
+    EXPECT_EQ(told(details("Marlowe", "1")), 0U) << "told already";
+    std::filesystem::create_directories(folder);
+    EXPECT_EQ(told(details("Marlowe", "12")), 0U);
+    EXPECT_EQ(file.read(), details("Marlowe", "12"));
+
+    std::filesystem::permissions(settings.path(), std::filesystem::perms::owner_read);
+    EXPECT_EQ(told(details("Marlowe", "12")), 0U) << "the file says so already";
+    EXPECT_EQ(told(details("Marlowe", "123")), 1U) << "lost again";
 }
 
 }

@@ -3,11 +3,13 @@
 #include "ui/qt/flow_layout.h"
 #include "ui/qt/text.h"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QRegularExpressionValidator>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 namespace ui::qt {
@@ -39,7 +41,18 @@ void DateBox::focusInEvent(QFocusEvent* event) {
         selectAll();
 }
 
+// What the user goes on to in another window, or in a box that the program shows, is no leaving.
+void DateBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+        emit left();
+}
+
 void DateBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        focusNextPrevChild(true);
+        return;
+    }
     const auto text = fromQt(event->text());
     const bool types = text.size() == 1 && static_cast<unsigned char>(text[0]) >= ' ' &&
                        event->key() != Qt::Key_Delete &&
@@ -59,8 +72,9 @@ DateBoxRow::DateBoxRow(QWidget* parent) : QWidget(parent), m_date(new QLineEdit(
         if (i > 0)
             boxes->addWidget(new QLabel("/", this));
         auto* box = new DateBox(static_cast<int>(i), this);
-        box->installEventFilter(this);
         connect(box, &DateBox::entryEnded, this, [this, i] { endEntry(i); });
+        connect(box, &DateBox::left, this, [this, i] { leave(i); });
+        connect(box, &DateBox::textChanged, this, &DateBoxRow::assemble);
         boxes->addWidget(box);
         m_boxes.at(i) = box;
     }
@@ -77,31 +91,38 @@ order::DateBoxes DateBoxRow::texts() const {
     return {fromQt(m_boxes[0]->text()), fromQt(m_boxes[1]->text()), fromQt(m_boxes[2]->text())};
 }
 
+bool DateBoxRow::mayLeave(std::size_t box) const {
+    return order::mayLeave(kinds.at(box), texts());
+}
+
+// What is typed next takes the place of a day or month that cannot be.
 void DateBoxRow::endEntry(std::size_t box) {
-    if (box + 1 < m_boxes.size())
+    if (!mayLeave(box))
+        m_boxes.at(box)->selectAll();
+    else if (box + 1 < m_boxes.size())
         m_boxes.at(box + 1)->setFocus();
-    else
-        assemble();
+}
+
+void DateBoxRow::leave(std::size_t box) {
+    assemble();
+    if (!m_returning && !mayLeave(box) && m_boxes.at(box)->isVisible())
+        returnTo(*m_boxes.at(box));
+}
+
+// At once, so that no key goes elsewhere meanwhile. The box that loses the focus by that was not left by
+// the user. Screen readers are told last of the box that it was leaving for.
+void DateBoxRow::returnTo(DateBox& box) {
+    const QScopedValueRollback returning(m_returning, true);
+    box.setFocus();
+    QTimer::singleShot(0, &box, [&box] {
+        QAccessibleEvent focus(&box, QAccessible::Focus);
+        if (box.hasFocus())
+            QAccessible::updateAccessibility(&focus);
+    });
 }
 
 void DateBoxRow::assemble() {
     m_date->setText(toQt(order::assembledDate(texts())));
-}
-
-// What the user goes on to in another window, or in a box that the program shows, is no leaving.
-bool DateBoxRow::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        const bool leaves = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-        assemble();
-        for (std::size_t i = 0; i < m_boxes.size(); ++i)
-            if (watched == m_boxes.at(i) && leaves && !order::mayLeave(kinds.at(i), texts()))
-                QTimer::singleShot(0, m_boxes.at(i), [box = m_boxes.at(i)] {
-                    if (box->isVisible())
-                        box->setFocus();
-                });
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 }

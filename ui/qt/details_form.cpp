@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QTimer>
+#include <QValidator>
 
 #include <algorithm>
 #include <array>
@@ -51,6 +52,22 @@ constexpr int lastRow = 7;
 constexpr int narrowestBox = 16; // in average characters
 constexpr int commentLines = 3;
 
+/// Lets into a box what comes back from the settings. Of what is typed or pasted, its end stays out; what
+/// stood in the box stays.
+class KeepableText final : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& cursor) const override {
+        while (cursor > 0 && !order::canBeKept(fromQt(text))) {
+            const int width = cursor > 1 && text[cursor - 1].isLowSurrogate() ? 2 : 1;
+            cursor -= width;
+            text.remove(cursor, width);
+        }
+        return order::canBeKept(fromQt(text)) ? Acceptable : Invalid;
+    }
+};
+
 QLabel* labelFor(QWidget* box, const QString& name, const QString& caption, QWidget* parent) {
     auto* label = new QLabel(caption, parent);
     label->setObjectName(name);
@@ -97,10 +114,16 @@ void DetailsForm::addBoxes() {
                            description.row, description.column});
         watch(edit);
         if (description.detail)
-            m_boxes.push_back({edit, description.detail});
+            addKept(edit, description.detail);
         else
             m_orderNumber = edit;
     }
+}
+
+void DetailsForm::addKept(QLineEdit* edit, std::string DeliveryDetails::*detail) {
+    edit->setMaxLength(static_cast<int>(catalog::longestSetting));
+    edit->setValidator(new KeepableText(edit));
+    m_boxes.push_back({edit, detail});
 }
 
 void DetailsForm::addComment() {

@@ -14,8 +14,8 @@
 namespace ui::qt {
 
 /// The delivery details of the order view. A box that gets the focus has its whole text selected; Enter
-/// goes on to the next box, and in the comments Ctrl+Enter starts a new line. The boxes stand in two columns,
-/// or in one where two would be too narrow to type in.
+/// goes on to the next box, and in the comments Ctrl+Enter starts a new line. A box whose text is kept takes
+/// no more than can be. The boxes stand in two columns, or in one where two would be too narrow to type in.
 class DetailsForm final : public QWidget {
     Q_OBJECT
 
@@ -59,6 +59,7 @@ private:
     };
 
     void addBoxes();
+    void addKept(QLineEdit* edit, std::string order::DeliveryDetails::*detail);
     void addComment();
     void watch(QWidget* box);
     void arrange(int columns);

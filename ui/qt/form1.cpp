@@ -53,6 +53,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_guard(guard),
       m_messages(messages),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
+      m_detailsFile(m_userSettings, messages),
       m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
       m_lostPages(m_catalog.openFiles()),
       m_ordering(m_catalog, *m_basketFile, messages, m_toolbarState),
@@ -117,7 +118,7 @@ void Form1::fill() {
 }
 
 void Form1::restoreSettings() {
-    m_details = order::readDetails(m_userSettings);
+    m_details = m_detailsFile.read();
     m_orderView->details().show(m_details);
     m_totals->exempt().setChecked(m_details.taxExempt);
     m_browsing.setTaxStatus(statusOf(m_details.taxExempt));
@@ -367,6 +368,7 @@ void Form1::showCatalogView() {
     if (m_find)
         m_find->comeBack();
     m_catalogView->grid().takeFocus();
+    m_detailsFile.tellFailure();
 }
 
 void Form1::clearOrder() {
@@ -419,19 +421,27 @@ void Form1::closePending() {
 void Form1::saveDetails() {
     m_orderView->details().readInto(m_details);
     m_details.taxExempt = m_totals->exempt().isChecked();
-    order::saveDetails(m_details, m_userSettings);
+    m_detailsFile.save(m_details);
+}
+
+void Form1::closeNow() {
+    m_mustClose = true;
+    close();
 }
 
 // An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
     auto& printer = m_orderDesk.printer();
-    if (printer.busy() && !m_guard.ending()) {
+    if (printer.busy() && !m_mustClose && !m_guard.ending()) {
         connect(&printer, &OrderPrinter::ended, this, &Form1::close,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
         printer.showBusy();
         return event->ignore();
     }
-    m_guard.run([this] { saveSettings(); });
+    m_guard.run([this] {
+        saveSettings();
+        m_detailsFile.tellFailure();
+    });
     event->accept();
     emit closed();
 }

@@ -2,7 +2,7 @@
 
 #include "app/session.h"
 #include "catalog/catalog.h"
-#include "order/delivery_details.h"
+#include "order/details_file.h"
 #include "order/order_contents.h"
 #include "pages/group_lists.h"
 #include "platform/mailer.h"
@@ -36,6 +36,12 @@ public:
     Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages,
           platform::Mailer& mailer);
     ~Form1() override;
+
+    /// Saves what closing saves. A failure is not told.
+    void saveSettings();
+
+    /// Closes without waiting for an order that is being printed.
+    void closeNow();
 
 signals:
     /// The window has been closed and its settings are saved.
@@ -83,13 +89,13 @@ private:
     [[nodiscard]] bool takePending();
     void closePending();
     void saveDetails();
-    void saveSettings();
 
     app::Session m_session;
     Guard& m_guard;
     platform::MessageBox& m_messages;
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
+    order::DetailsFile m_detailsFile;
     system::DiskFile m_basketOnDisk;
     std::optional<order::BasketFile> m_basketFile; // opened with the catalogue
     catalog::Catalog m_catalog;
@@ -113,6 +119,7 @@ private:
     Browsing m_browsing;
     PageTurner* m_turner;
     bool m_splitterPlaced = false;
+    bool m_mustClose = false;
 };
 
 }

@@ -1,5 +1,6 @@
 #include "ui/qt/message_boxes.h"
 
+#include "base/errors.h"
 #include "ui/qt/text.h"
 
 #include <QApplication>
@@ -38,13 +39,18 @@ int exec(platform::Icon icon, std::string_view title, std::string_view text,
 }
 
 void MessageBoxes::show(platform::Icon icon, std::string_view title, std::string_view text) {
-    exec(icon, title, text, QMessageBox::Ok, QMessageBox::Ok);
+    if (!m_givenUp)
+        exec(icon, title, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 platform::Answer MessageBoxes::ask(platform::Icon icon, std::string_view title, std::string_view text,
                                    platform::Answer defaultAnswer) {
     const auto defaultButton = defaultAnswer == platform::Answer::yes ? QMessageBox::Yes : QMessageBox::No;
-    const auto pressed = exec(icon, title, text, QMessageBox::Yes | QMessageBox::No, defaultButton);
+    const int pressed = m_givenUp
+                            ? QMessageBox::No
+                            : exec(icon, title, text, QMessageBox::Yes | QMessageBox::No, defaultButton);
+    if (m_givenUp == Unanswered::endsProgram)
+        throw base::Quit();
     return pressed == QMessageBox::Yes ? platform::Answer::yes : platform::Answer::no;
 }
 

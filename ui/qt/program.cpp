@@ -6,9 +6,17 @@
 #include "ui/system/zip_delivery.h"
 
 #include <QApplication>
+#include <QThread>
 #include <QTimer>
 
+#include <utility>
+
 namespace ui::qt {
+namespace {
+
+constexpr int retryMs = 10;
+
+}
 
 Program::Program(const Machine& machine)
     : m_programFolder(machine.programFile.path().parent_path()),
@@ -24,6 +32,11 @@ Program::Program(const Machine& machine)
     connect(&m_welcome, &Welcome::painted, this, m_guard([this] { startUp(); }));
     connect(&m_welcome, &Welcome::closeAsked, this, m_guard([this] { leave(); }));
     connect(&m_archive, &system::BackgroundArchive::progress, &m_welcome, &Welcome::showProgress);
+    connect(&m_stopRequests, &system::StopRequests::stopAsked, this, m_guard([this] { stop(); }));
+    connect(&m_stopRequests, &system::StopRequests::sessionEnds, this, m_guard([this] {
+        if (m_form1)
+            m_form1->saveSettings();
+    }));
 }
 
 void Program::start() {
@@ -55,13 +68,17 @@ void Program::openMainWindow(const app::Session& session) {
 }
 
 // The end of the closing sequence: all files are closed before the basket goes. A box that is up (the
-// window was closed by the system, say) lies inside the window and is closed before it.
+// window was closed by the system, say) lies inside the window and is closed before it, and what waits in an
+// event loop of its own for mail or a printer to be handed over comes to its end first.
 void Program::closeMainWindow() {
-    if (auto* box = QApplication::activeModalWidget()) {
+    if (auto* box = QApplication::activeModalWidget())
         box->close();
-        QTimer::singleShot(0, this, &Program::closeMainWindow);
-        return;
-    }
+    else if (thread()->loopLevel() <= 1)
+        return endWithoutMainWindow();
+    QTimer::singleShot(retryMs, this, &Program::closeMainWindow);
+}
+
+void Program::endWithoutMainWindow() {
     m_form1.reset();
     order::deleteProgramFolderBasket(m_programFolder);
     m_help.close();
@@ -74,6 +91,18 @@ void Program::leave() {
         return m_archive.cancel();
     m_help.close();
     m_guard.end(0);
+}
+
+// As by Exit, or by closing the start-up window. There, No could be an answer that is remembered.
+void Program::stop() {
+    using Unanswered = MessageBoxes::Unanswered;
+    if (std::exchange(m_stopping, true))
+        return;
+    m_messages.giveUp(m_form1 ? Unanswered::isNo : Unanswered::endsProgram);
+    if (m_form1)
+        m_form1->closeNow();
+    else
+        leave();
 }
 
 }

@@ -9,6 +9,7 @@
 #include "ui/qt/screen_watch.h"
 #include "ui/qt/welcome.h"
 #include "ui/system/background_archive.h"
+#include "ui/system/stop_requests.h"
 #include "ui/system/system_mailer.h"
 
 #include <QObject>
@@ -47,7 +48,9 @@ private:
     void installDropped(const std::vector<std::filesystem::path>& zips);
     void openMainWindow(const app::Session& session);
     void closeMainWindow();
+    void endWithoutMainWindow();
     void leave();
+    void stop();
 
     std::filesystem::path m_programFolder;
     MessageBoxes m_messages;
@@ -60,6 +63,8 @@ private:
     Welcome m_welcome;
     app::StartUp m_startUp;
     std::unique_ptr<Form1> m_form1;
+    system::StopRequests m_stopRequests;
+    bool m_stopping = false;
 };
 
 }

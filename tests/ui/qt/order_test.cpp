@@ -214,7 +214,8 @@ TEST_F(OrderTest, DetailsAreTypedKeptAndBroughtBack) {
 
 TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
     deliver("ACME", catalog,
-            {{"EmlOrd.ect", "Order of {ORGNAME}\n<R1>{QTY} x {CODE}\n</R1>Total {TOTINC}\n{COMMENT}\n"}});
+            {{"EmlOrd.ect",
+              "Order of {ORGNAME}\n<R1>{QTY} x {CODE}\n</R1>Total {TOTINC}\n{COMMENT}\n{DELDATE}"}});
     const StandInSendmail sendmail(folder / "bin", "cat > '" + (folder / "mail.txt").string() + "'");
     then("the product grid", [] {
         enter(products(), 2, "2");
@@ -231,6 +232,10 @@ TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
             box("txPhone")->setText("01632 960 118");
             box("txOrdNo")->setText("A-7");
             visible<QPlainTextEdit>("txComment")->setPlainText("Ring\ntwice");
+            box("txDel(0)")->setFocus();
+            QTest::keyClicks(box("txDel(0)"), "15");
+            QTest::keyClicks(box("txDel(1)"), "08");
+            QTest::keyClicks(box("txDel(2)"), "6"); // and the keyboard stays there
             press("Email");
         });
     answer("Place email order in Outbox", QMessageBox::Ok);
@@ -244,7 +249,7 @@ TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
     const auto mail = readFile("mail.txt");
     EXPECT_THAT(mail, testing::HasSubstr("To: o@example.com\n"));
     EXPECT_THAT(mail, testing::HasSubstr("Subject: Tavorine Order Number: A-7\n"));
-    EXPECT_THAT(mail, testing::HasSubstr("Order of Marlowe\n2.0 x B1\nTotal 22.50\nRing\ntwice\n"));
+    EXPECT_THAT(mail, testing::HasSubstr("Order of Marlowe\n2.0 x B1\nTotal 22.50\nRing\ntwice\n15/08/06"));
 }
 
 TEST_F(OrderTest, ThatCanNotBeMailedStaysAsItWas) {
