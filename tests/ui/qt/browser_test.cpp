@@ -244,10 +244,10 @@ TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
     const auto text = [&] { return tour::pageText(*browser.view()); };
     show("<p>one</p>");
     kill();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text() == "one" && browser.idle(); }, 10000)) << "died idle";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return browser.idle() && text() == "one"; }, 10000)) << "died idle";
     browser.show(folder / "ACME" / "Tmp.htm", "<p>two</p>" + std::string(400'000, 'x'));
     kill();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return text().startsWith("two") && browser.idle(); }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return browser.idle() && text().startsWith("two"); }, 10000));
     show("<p>three</p>");
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
 }
