@@ -34,8 +34,10 @@ public:
     explicit Check(QStringList& faults) : m_faults(faults) {}
 
     void window(const QWidget& window) {
-        if (!window.screen()->availableGeometry().contains(window.frameGeometry()))
-            complain(window, "is not wholly on the screen");
+        const auto frame = window.frameGeometry();
+        if (!window.screen()->availableGeometry().contains(frame))
+            complain(window, "is not wholly on the screen: " + text(frame.size()) +
+                                 QString(" at %1, %2").arg(frame.x()).arg(frame.y()));
         inside(window);
     }
 

@@ -38,8 +38,11 @@ void WindowMemory::placeAsDesigned(QWidget& window, QSize size) {
         window.setWindowState(Qt::WindowMaximized);
 }
 
+// A window that filled the screen is put a title bar's height below the screen's top, for the desktop to move
+// it up. Where there is no desktop it would hang out at the bottom.
 void WindowMemory::restore(QWidget& window) const {
-    window.restoreGeometry(memory().value(placeKey(window)).toByteArray());
+    if (window.restoreGeometry(memory().value(placeKey(window)).toByteArray()) && window.isMaximized())
+        window.move(window.screen()->availableGeometry().topLeft());
 }
 
 void WindowMemory::save(const QWidget& window) const {
