@@ -6,9 +6,9 @@
 #include "order/print_command.h"
 #include "ui/document_rows.h"
 #include "ui/link_rules.h"
-#include "ui/qt/message_boxes.h"
-#include "ui/qt/paper_page.h"
-#include "ui/qt/pdf_output.h"
+#include "ui/qt/print/paper_page.h"
+#include "ui/qt/print/pdf_output.h"
+#include "ui/qt/widgets/message_boxes.h"
 #include "ui/system/browser_start.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/session.h"
-#include "ui/system/zip_extractor.h"
+#include "ui/system/archive/zip_extractor.h"
 
 #include <cstdio>
 #include <filesystem>

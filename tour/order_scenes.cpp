@@ -1,7 +1,7 @@
 #include "tour/order_scenes.h"
 
 #include "tour/description.h"
-#include "ui/qt/grid.h"
+#include "ui/qt/grid/grid.h"
 
 #include <QApplication>
 #include <QClipboard>

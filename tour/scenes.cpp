@@ -2,7 +2,7 @@
 
 #include "tour/description.h"
 #include "tour/layout_check.h"
-#include "ui/qt/product_grid.h"
+#include "ui/qt/grid/product_grid.h"
 #include "ui/system/primary_screen.h"
 
 #include <QAbstractItemView>

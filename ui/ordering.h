@@ -4,7 +4,7 @@
 #include "order/basket.h"
 #include "order/order_grids.h"
 #include "platform/message_box.h"
-#include "ui/toolbar.h"
+#include "ui/commands.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Draws the program's icon for desktops:
 //     draw_icons FOLDER
 // as FOLDER/48x48/apps/tavorine.png and so on, and FOLDER/scalable/apps/tavorine.svg.
-#include "ui/qt/icons.h"
+#include "ui/qt/widgets/icons.h"
 
 #include <QDir>
 #include <QGuiApplication>

@@ -10,7 +10,7 @@
 #include "tests/support/journal.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/zip_builder.h"
-#include "ui/system/zip_extractor.h"
+#include "ui/system/archive/zip_extractor.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "catalog/catalog.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
+#include "ui/commands.h"
 #include "ui/grid_columns.h"
 #include "ui/product_cells.h"
-#include "ui/toolbar.h"
 
 #include <gtest/gtest.h>
 

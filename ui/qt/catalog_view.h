@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ui/qt/browser/page_browser.h"
+#include "ui/qt/browser/page_search_bar.h"
+#include "ui/qt/grid/product_grid.h"
 #include "ui/qt/group_boxes.h"
-#include "ui/qt/page_browser.h"
-#include "ui/qt/page_search_bar.h"
-#include "ui/qt/product_grid.h"
 
 #include <QSplitter>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #include "ui/qt/find.h"
 
-#include "ui/qt/text.h"
-#include "ui/qt/window_place.h"
+#include "ui/qt/widgets/qt_text.h"
+#include "ui/qt/widgets/window_place.h"
 
 #include <QGridLayout>
 #include <QLabel>

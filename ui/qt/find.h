@@ -3,7 +3,7 @@
 #include "catalog/catalog.h"
 #include "catalog/settings_file.h"
 #include "ui/find_settings.h"
-#include "ui/qt/guard.h"
+#include "ui/qt/widgets/guard.h"
 #include "ui/search.h"
 
 #include <QCheckBox>

@@ -3,7 +3,7 @@
 #include "base/files.h"
 #include "base/numbers.h"
 #include "ui/document_rows.h"
-#include "ui/qt/text.h"
+#include "ui/qt/widgets/qt_text.h"
 #include "ui/zoom.h"
 
 #include <QAction>
@@ -110,7 +110,7 @@ void Form1::fill() {
     m_catalogView->groupBoxes().open(m_groupLists);
     m_orderView->open(new OrderModel(m_catalog, m_ordering.grids(), this));
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()}) {
-        m_memory.restore(grid->columnWidths(), columnsOf(*grid));
+        grid->columnWidths().choose(m_memory.columnWidths(columnsOf(*grid)));
         grid->showOnlyIf([this] { return m_catalog.isWhole(); });
         connect(grid, &Grid::rowsNotSound, this, m_guard([] {}), Qt::QueuedConnection);
     }
@@ -455,7 +455,7 @@ void Form1::saveSettings() {
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})
-        m_memory.save(grid->columnWidths(), columnsOf(*grid));
+        m_memory.saveColumnWidths(grid->columnWidths().chosen(), columnsOf(*grid));
 }
 
 }

@@ -1,6 +1,6 @@
 #include "ui/qt/group_boxes.h"
 
-#include "ui/qt/text.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QFocusEvent>
 #include <QHBoxLayout>

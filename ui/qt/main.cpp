@@ -1,5 +1,5 @@
-#include "ui/qt/icons.h"
 #include "ui/qt/program.h"
+#include "ui/qt/widgets/icons.h"
 #include "ui/system/browser_start.h"
 #include "ui/system/file_instance_lock.h"
 #include "ui/system/primary_screen.h"

@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "catalog/program_folders.h"
 #include "order/basket_file.h"
-#include "ui/system/zip_delivery.h"
+#include "ui/system/archive/zip_delivery.h"
 
 #include <QApplication>
 #include <QThread>

@@ -2,15 +2,15 @@
 
 #include "app/start_up.h"
 #include "ui/qt/form1.h"
-#include "ui/qt/guard.h"
-#include "ui/qt/help.h"
-#include "ui/qt/message_boxes.h"
-#include "ui/qt/prompt_letters.h"
-#include "ui/qt/screen_watch.h"
+#include "ui/qt/help/help.h"
 #include "ui/qt/welcome.h"
-#include "ui/system/background_archive.h"
+#include "ui/qt/widgets/guard.h"
+#include "ui/qt/widgets/message_boxes.h"
+#include "ui/qt/widgets/prompt_letters.h"
+#include "ui/qt/widgets/screen_watch.h"
+#include "ui/system/archive/background_archive.h"
+#include "ui/system/mail/system_mailer.h"
 #include "ui/system/stop_requests.h"
-#include "ui/system/system_mailer.h"
 
 #include <QObject>
 

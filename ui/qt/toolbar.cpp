@@ -1,7 +1,7 @@
 #include "ui/qt/toolbar.h"
 
-#include "ui/qt/icons.h"
-#include "ui/qt/text.h"
+#include "ui/qt/widgets/icons.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QEvent>
 #include <QMenu>

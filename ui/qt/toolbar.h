@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/toolbar.h"
+#include "ui/commands.h"
 
 #include <QAction>
 #include <QToolBar>

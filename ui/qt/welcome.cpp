@@ -1,9 +1,9 @@
 #include "ui/qt/welcome.h"
 
 #include "ui/link_address.h"
-#include "ui/qt/flow_layout.h"
-#include "ui/qt/icons.h"
-#include "ui/qt/text.h"
+#include "ui/qt/widgets/flow_layout.h"
+#include "ui/qt/widgets/icons.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QApplication>
 #include <QCloseEvent>

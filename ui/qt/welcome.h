@@ -2,9 +2,9 @@
 
 #include "app/start_up.h"
 #include "app/welcome_window.h"
-#include "ui/qt/guard.h"
-#include "ui/qt/page_browser.h"
-#include "ui/qt/window_memory.h"
+#include "ui/qt/browser/page_browser.h"
+#include "ui/qt/widgets/guard.h"
+#include "ui/qt/widgets/window_memory.h"
 
 #include <QLabel>
 #include <QLineEdit>

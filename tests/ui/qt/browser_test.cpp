@@ -1,6 +1,6 @@
 #include "base/files.h"
 #include "tests/ui/qt/program_folder.h"
-#include "ui/qt/page_browser.h"
+#include "ui/qt/browser/page_browser.h"
 #include "ui/zoom.h"
 
 #include <QApplication>

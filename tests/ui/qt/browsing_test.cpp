@@ -1,5 +1,5 @@
 #include "tests/ui/qt/program_folder.h"
-#include "ui/qt/product_grid.h"
+#include "ui/qt/grid/product_grid.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "ui/qt/details_form.h"
+#include "ui/qt/order/details_form.h"
 
 #include <QApplication>
 #include <QMap>

@@ -1,5 +1,5 @@
-#include "ui/qt/details_form.h"
-#include "ui/qt/text.h"
+#include "ui/qt/order/details_form.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -3,8 +3,8 @@
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 #include "ui/qt/find.h"
-#include "ui/qt/text.h"
-#include "ui/qt/window_place.h"
+#include "ui/qt/widgets/qt_text.h"
+#include "ui/qt/widgets/window_place.h"
 
 #include <QGuiApplication>
 #include <QLabel>

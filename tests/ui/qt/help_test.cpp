@@ -1,6 +1,6 @@
 #include "tests/ui/qt/program_folder.h"
-#include "ui/help_topics.h"
-#include "ui/qt/text.h"
+#include "ui/help/help_topics.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -2,7 +2,7 @@
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
 #include "tour/script.h"
-#include "ui/qt/help_window.h"
+#include "ui/qt/help/help_window.h"
 
 #include <QDesktopServices>
 #include <QElapsedTimer>

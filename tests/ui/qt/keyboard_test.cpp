@@ -1,6 +1,6 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/find.h"
-#include "ui/qt/grid.h"
+#include "ui/qt/grid/grid.h"
 
 #include <QAccessible>
 #include <QApplication>

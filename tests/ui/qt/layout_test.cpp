@@ -1,7 +1,7 @@
 #include "tests/ui/qt/program_folder.h"
 #include "tour/layout_check.h"
-#include "ui/qt/contrast.h"
-#include "ui/qt/grid.h"
+#include "ui/qt/grid/contrast.h"
+#include "ui/qt/grid/grid.h"
 
 #include <QApplication>
 #include <QHeaderView>

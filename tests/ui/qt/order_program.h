@@ -2,7 +2,7 @@
 
 #include "base/bytes.h"
 #include "tests/ui/qt/program_folder.h"
-#include "ui/qt/grid.h"
+#include "ui/qt/grid/grid.h"
 
 #include <QApplication>
 #include <QLabel>

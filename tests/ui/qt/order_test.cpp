@@ -1,6 +1,6 @@
 #include "base/files.h"
 #include "tests/ui/qt/order_program.h"
-#include "ui/qt/details_form.h"
+#include "ui/qt/order/details_form.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,5 +1,5 @@
 #include "tests/ui/qt/order_program.h"
-#include "ui/qt/print_preview.h"
+#include "ui/qt/print/print_preview.h"
 
 #include <QClipboard>
 #include <QComboBox>

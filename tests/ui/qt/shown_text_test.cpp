@@ -1,6 +1,6 @@
 #include "tests/ui/qt/program_folder.h"
-#include "ui/qt/product_grid.h"
-#include "ui/qt/text.h"
+#include "ui/qt/grid/product_grid.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QCheckBox>
 #include <QTest>

@@ -1,0 +1,56 @@
+#include "ui/commands.h"
+
+#include "base/text.h"
+
+#include <initializer_list>
+
+namespace ui {
+namespace {
+
+void enable(ToolbarState& state, std::initializer_list<Command> commands, bool on) {
+    for (const auto command : commands)
+        state.enable(command, on);
+}
+
+}
+
+ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_view emailStatus) {
+    using catalog::ParameterText;
+    ToolbarState state;
+    state.enable(Command::exit, true);
+    state.enable(Command::search, true);
+    state.enable(Command::help, true);
+    if (parameters.text(ParameterText::supplierFax).empty())
+        state.hide(Command::print);
+    const bool mailSwitchedOff = base::upper(base::trim(emailStatus)) == "NO";
+    if (parameters.text(ParameterText::supplierEmail).empty() || mailSwitchedOff)
+        state.hide(Command::email);
+    return state;
+}
+
+ToolbarState afterOrderChange(ToolbarState before, ViewMode view, double orderTotal) {
+    before.enable(Command::clear, orderTotal > 0);
+    before.enable(Command::checkOut, view == ViewMode::catalogue && orderTotal != 0);
+    return before;
+}
+
+ToolbarState afterCheckOut(ToolbarState before, double orderTotal) {
+    enable(before, {Command::back, Command::search}, false);
+    enable(before, {Command::priceList, Command::print, Command::email}, true);
+    return afterOrderChange(before, ViewMode::order, orderTotal);
+}
+
+ToolbarState afterPriceList(ToolbarState before, double orderTotal, std::size_t historySize) {
+    before.enable(Command::back, historySize != 1);
+    before.enable(Command::search, true);
+    enable(before, {Command::priceList, Command::print, Command::email}, false);
+    return afterOrderChange(before, ViewMode::catalogue, orderTotal);
+}
+
+ToolbarState afterClear(ToolbarState before) {
+    enable(before, {Command::checkOut, Command::priceList, Command::print, Command::email, Command::clear},
+           false);
+    return before;
+}
+
+}

@@ -1,0 +1,186 @@
+#include "ui/qt/browser/page_browser.h"
+
+#include "base/errors.h"
+#include "ui/qt/browser/page_view.h"
+#include "ui/system/end_process.h"
+#include "ui/zoom.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QQuickWidget>
+#include <QVBoxLayout>
+#include <QWebEngineHistory>
+#include <QWebEngineSettings>
+
+#include <utility>
+
+namespace ui::qt {
+namespace {
+
+constexpr int frameWidth = 2;
+constexpr int mostRestored = 3;
+
+}
+
+PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent,
+                         std::chrono::milliseconds patience)
+    : QWidget(parent), m_tabPlace(new QWidget(this)), m_name(name), m_accessibleName(accessibleName) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(frameWidth, frameWidth, frameWidth, frameWidth);
+    setAutoFillBackground(true);
+    m_tabPlace->hide();
+    m_tabPlace->setFocusPolicy(Qt::TabFocus);
+    // A window that learns only on the screen that the graphics card draws in it is taken off and made anew.
+    (new QQuickWidget(this))->hide();
+    connect(qApp, &QApplication::focusChanged, this, QOverload<>::of(&QWidget::update));
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(patience);
+    connect(&m_patience, &QTimer::timeout, this, &PageBrowser::losePatience);
+}
+
+// A page must be gone before its profile.
+PageBrowser::~PageBrowser() {
+    m_loader.reset();
+    delete m_page;
+}
+
+void PageBrowser::paintEvent(QPaintEvent*) {
+    const auto* focus = QApplication::focusWidget();
+    if (focus && isAncestorOf(focus))
+        QPainter(this).fillRect(rect(), palette().highlight());
+}
+
+void PageBrowser::confineTo(PageFiles files) {
+    m_files = std::move(files);
+}
+
+void PageBrowser::onLink(LinkHandler handler) {
+    m_linkHandler = std::move(handler);
+}
+
+void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
+    m_next = Page{file, std::string(bytes), std::string(place)};
+    m_restored = 0;
+    if (m_overdue)
+        endProcess();
+    else if (!m_loading && !m_losingProcess)
+        load();
+}
+
+void PageBrowser::makeView() {
+    auto* view = new PageView(this);
+    m_view = view;
+    m_profile = new ConfinedProfile(std::move(m_files).value(), m_view);
+    m_page = new ConfinedPage(m_profile, this);
+    m_loader.emplace(*m_page, *m_profile, "copy");
+    m_page->onLink([this](const QUrl& url, bool clicked) {
+        if (m_linkHandler)
+            m_linkHandler(url, clicked);
+    });
+    m_view->setPage(m_page);
+    m_view->setObjectName(m_name);
+    m_view->setAccessibleName(m_accessibleName);
+    m_view->setZoomFactor(m_zoom);
+    m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, m_scripts);
+    layout()->addWidget(m_view);
+    setFocusProxy(m_view);
+    connect(m_view, &QWebEngineView::loadFinished, this, [this] {
+        if (!m_losingProcess)
+            finish();
+    });
+    connect(m_view, &QWebEngineView::renderProcessTerminated, this, &PageBrowser::loseProcess);
+    connect(view, &PageView::zoomAsked, this,
+            [this](int direction) { setZoom(zoomedBy(m_zoom, direction)); });
+    connect(view, &PageView::pressed, m_page, &ConfinedPage::notePress);
+    connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
+    connect(view, &PageView::focusWidgetChanged, this, &PageBrowser::takeTabPlace);
+    connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);
+}
+
+// The browser's widgets come late, when everything else has its place in the tab order.
+void PageBrowser::takeTabPlace() {
+    if (auto* widget = m_view->focusProxy())
+        setTabOrder(m_tabPlace, widget);
+}
+
+void PageBrowser::setZoom(double factor) {
+    m_zoom = factor;
+    if (m_view)
+        m_view->setZoomFactor(factor);
+}
+
+void PageBrowser::load() {
+    m_current = std::move(m_next).value();
+    m_next.reset();
+    m_loading = true;
+    if (!m_view)
+        makeView();
+    m_formerProcess = m_page->renderProcessPid();
+    m_formerEntries = m_page->history()->count();
+    m_patience.start();
+    try {
+        m_loader->load(m_current.file, m_current.bytes, m_current.place);
+    } catch (const base::FileError&) {
+        finish();
+        throw;
+    }
+}
+
+void PageBrowser::finish() {
+    m_patience.stop();
+    m_loading = false;
+    const bool wasUp = std::exchange(m_overdue, false);
+    m_loader->finish();
+    m_page->history()->clear();
+    if (m_next)
+        load();
+    else if (!wasUp)
+        emit loaded();
+}
+
+// A load in flight is told to have ended right after this, or not at all.
+void PageBrowser::loseProcess() {
+    if (!m_next && m_restored++ < mostRestored)
+        m_next = m_current;
+    m_losingProcess = true;
+    QTimer::singleShot(0, this, [this] {
+        m_losingProcess = false;
+        finish();
+    });
+}
+
+void PageBrowser::losePatience() {
+    if (!m_next && waitsForFormerPage())
+        m_next = m_current;
+    if (m_next)
+        return endProcess();
+    m_overdue = true;
+    emit loaded();
+}
+
+// A page is entered in the history when it takes the place of the one before, in whose process it is made.
+bool PageBrowser::waitsForFormerPage() const {
+    return m_formerProcess != 0 && m_page->history()->count() <= m_formerEntries;
+}
+
+void PageBrowser::endProcess() {
+    const auto process = m_page->renderProcessPid();
+    if (process == 0) // it is being started
+        return m_patience.start();
+    m_losingProcess = true;
+    system::endProcess(process);
+}
+
+// Some addresses blank the page without asking; what was shown comes back.
+void PageBrowser::restoreAfterBlank(const QUrl& url) {
+    if (m_loading || url != QUrl("about:blank"))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        if (!idle() || m_loading)
+            return;
+        m_next = m_current;
+        load();
+    });
+}
+
+}

@@ -1,0 +1,88 @@
+#include "ui/qt/browser/page_scripts.h"
+
+namespace ui::qt {
+namespace {
+
+constexpr auto missingPictures = R"JS(
+(function () {
+    var placeholder = "data:image/svg+xml," + encodeURIComponent(
+        "<svg xmlns='http://www.w3.org/2000/svg' width='160' height='120' viewBox='0 0 160 120'>" +
+        "<rect width='160' height='120' fill='#f3f4f5'/>" +
+        "<g fill='none' stroke='#c3c8cc' stroke-width='3' stroke-linejoin='round'>" +
+        "<rect x='48' y='32' width='64' height='56' rx='6'/>" +
+        "<path d='M48 78 L70 56 L86 72 L96 62 L112 78'/><circle cx='92' cy='48' r='5'/></g></svg>");
+    var failures = new WeakMap();
+    var mostFailures = 3;
+
+    window.addEventListener("error", function (event) {
+        var picture = event.target;
+        if (!(picture instanceof HTMLImageElement))
+            return;
+        var count = (failures.get(picture) || 0) + 1;
+        failures.set(picture, count);
+        if (count > mostFailures)
+            event.stopImmediatePropagation();
+        setTimeout(function () {
+            if (count > mostFailures || (picture.complete && picture.naturalWidth === 0))
+                picture.src = placeholder;
+        }, 0);
+    }, true);
+})();
+)JS";
+
+// The root may not be there yet when the script runs.
+constexpr auto darkDesktop = R"JS(
+(function () {
+    function mark() {
+        if (document.documentElement)
+            document.documentElement.dataset.desktop = "dark";
+        return document.documentElement;
+    }
+    if (!mark())
+        new MutationObserver(function (changes, observer) {
+            if (mark())
+                observer.disconnect();
+        }).observe(document, {childList: true});
+})();
+)JS";
+
+// A break does nothing on a page of a document but in the line it stands in; this gives it a box that can
+// begin a page.
+constexpr auto printStyleSource = R"JS(
+(function () {
+    var style = document.createElement("style");
+    style.textContent = "@media print{br[style*='page-break']{display:block;content:'';break-before:page}}";
+    (document.head || document.documentElement).appendChild(style);
+})();
+)JS";
+
+QWebEngineScript scriptAtCreation(const QString& name, const QString& source) {
+    QWebEngineScript script;
+    script.setName(name);
+    script.setSourceCode(source);
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    return script;
+}
+
+}
+
+QWebEngineScript missingPictureScript() {
+    return scriptAtCreation("missing pictures", missingPictures);
+}
+
+QWebEngineScript printStyleScript() {
+    QWebEngineScript script;
+    script.setName("page breaks");
+    script.setSourceCode(printStyleSource);
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    return script;
+}
+
+QWebEngineScript darkDesktopScript() {
+    return scriptAtCreation("dark desktop", darkDesktop);
+}
+
+}

@@ -1,0 +1,48 @@
+#include "ui/qt/browser/request_filter.h"
+
+#include "ui/qt/widgets/qt_text.h"
+
+namespace ui::qt {
+namespace {
+
+Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
+    switch (type) {
+    case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
+        return Resource::page;
+    case QWebEngineUrlRequestInfo::ResourceTypeImage:
+        return Resource::picture;
+    case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
+        return Resource::style;
+    case QWebEngineUrlRequestInfo::ResourceTypeScript:
+        return Resource::script;
+    case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
+        return Resource::font;
+    default:
+        return Resource::other;
+    }
+}
+
+}
+
+void RequestFilter::interceptRequest(QWebEngineUrlRequestInfo& info) {
+    const auto url = info.requestUrl();
+    const bool mainFrame = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame;
+    if (url.scheme() == "data" ||
+        (mainFrame && (url.adjusted(QUrl::RemoveFragment) == m_allowedPage || url.scheme() == "about")))
+        return;
+    if (url.isLocalFile() && url.host().isEmpty() && !mainFrame)
+        filterFile(info);
+    else
+        info.block(true);
+}
+
+void RequestFilter::filterFile(QWebEngineUrlRequestInfo& info) const {
+    const auto asked = pathFromQt(info.requestUrl().toLocalFile());
+    const auto found = m_files.find(asked, resourceOf(info.resourceType()));
+    if (!found)
+        info.block(true);
+    else if (*found != asked)
+        info.redirect(QUrl::fromLocalFile(pathToQt(*found)));
+}
+
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "catalog/catalog.h"
+#include "ui/qt/grid/grid_model.h"
+
+namespace ui::qt {
+
+/// The rows of `ctGrid2`, as the order view was last filled. The catalogue and the grids' contents must
+/// outlive it.
+class OrderModel final : public GridModel {
+    Q_OBJECT
+
+public:
+    OrderModel(const catalog::Catalog& catalog, const order::OrderGrids& grids, QObject* parent);
+
+    /// Calls what puts other rows in place of those there are.
+    void refill(const std::function<void()>& fill);
+
+    [[nodiscard]] bool takesQuantity(int) const override { return true; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+
+protected:
+    [[nodiscard]] std::string cell(int row, Field field) const override;
+
+    [[nodiscard]] bool isHeading(int) const override { return false; }
+
+    [[nodiscard]] order::RowColour colour(int row) const override;
+
+private:
+    [[nodiscard]] const order::OrderRow& at(int row) const;
+
+    const catalog::ProductTable& m_products;
+    const order::OrderGrids& m_grids;
+};
+
+}

@@ -1,0 +1,39 @@
+#include "ui/system/archive/entry_path.h"
+
+#include "base/code_page.h"
+#include "base/file_name.h"
+#include "base/text.h"
+
+namespace ui::system {
+
+std::optional<EntryPath> entryPath(std::string_view nameInUtf8) {
+    const auto name = base::replaceAll(nameInUtf8, "\\", "/");
+    if (name.empty() || name.front() == '/')
+        return std::nullopt;
+    EntryPath entry{{}, name.back() == '/'};
+    for (const auto part : base::split(name, '/')) {
+        if (part.empty() || part == ".")
+            continue;
+        if (!base::isPortableFileName(base::fromUtf8(part))) // ".." ends in a point
+            return std::nullopt;
+        entry.path.append(entry.path.empty() ? "" : "/").append(part);
+    }
+    if (entry.path.empty())
+        return std::nullopt;
+    return entry;
+}
+
+bool matchesMask(std::string_view mask, const EntryPath& entry) {
+    if (mask == "*")
+        return true;
+    if (entry.isFolder || entry.path.find('/') != std::string::npos)
+        return false;
+    const auto name = base::fromUtf8(entry.path);
+    if (!mask.starts_with('*'))
+        return base::equalIgnoringCase(name, mask);
+    const auto ending = mask.substr(1);
+    return name.size() >= ending.size() &&
+           base::equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+}
+
+}

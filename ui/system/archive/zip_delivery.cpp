@@ -1,0 +1,39 @@
+#include "ui/system/archive/zip_delivery.h"
+
+#include "base/code_page.h"
+#include "base/errors.h"
+#include "ui/system/background_work.h"
+
+#include <system_error>
+
+namespace ui::system {
+namespace fs = std::filesystem;
+
+namespace {
+
+void copyWhole(const fs::path& from, const fs::path& to) {
+    auto part = to;
+    part += ".part";
+    std::error_code error;
+    std::error_code ignored;
+    fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
+    if (!error)
+        fs::rename(part, to, error);
+    if (!error)
+        return;
+    fs::remove(part, ignored);
+    throw base::FileError(base::textOf(from) + " can not be copied to " + base::textOf(to.parent_path()) +
+                          "\nPlease check that the disk is not full and that you may write to that folder");
+}
+
+}
+
+fs::path deliverZip(const fs::path& zip, const fs::path& folder) {
+    auto delivered = folder / zip.filename();
+    std::error_code ignored;
+    if (!fs::equivalent(zip, delivered, ignored))
+        runInBackground([&] { copyWhole(zip, delivered); }, QEventLoop::ExcludeUserInputEvents);
+    return delivered;
+}
+
+}

@@ -1,0 +1,110 @@
+#include "ui/system/archive/zip_reader.h"
+
+#include "base/code_page.h"
+#include "base/text.h"
+
+#include <zip.h>
+
+#include <limits>
+#include <map>
+
+namespace ui::system {
+namespace {
+
+zip_source_t* openSource(const std::filesystem::path& path, zip_error_t& error) {
+    constexpr zip_int64_t toTheEnd = -1;
+#ifdef _WIN32
+    return zip_source_win32w_create(path.c_str(), 0, toTheEnd, &error);
+#else
+    return zip_source_file_create(path.c_str(), 0, toTheEnd, &error);
+#endif
+}
+
+zip_t* openArchive(const std::filesystem::path& path) {
+    zip_error_t error;
+    zip_error_init(&error);
+    auto* source = openSource(path, error);
+    auto* archive = source != nullptr ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr;
+    if (archive == nullptr && source != nullptr)
+        zip_source_free(source);
+    zip_error_fini(&error);
+    return archive;
+}
+
+}
+
+ZipEntryReader::ZipEntryReader(zip& archive, const ZipEntry& entry)
+    : m_file(zip_fopen_index(&archive, entry.index, 0)) {}
+
+ZipEntryReader::State ZipEntryReader::read(std::span<std::byte> buffer, std::size_t& count) {
+    const auto got = m_file ? zip_fread(m_file.get(), buffer.data(), buffer.size()) : -1;
+    count = got > 0 ? static_cast<std::size_t>(got) : 0;
+    if (got == 0)
+        return State::end;
+    return got > 0 ? State::more : State::damaged;
+}
+
+void ZipEntryReader::Close::operator()(zip_file* file) const {
+    zip_fclose(file);
+}
+
+ZipReader::ZipReader(const std::filesystem::path& path) : m_archive(openArchive(path)) {}
+
+void ZipReader::Close::operator()(zip* archive) const {
+    zip_discard(archive);
+}
+
+std::uint64_t ZipReader::entryCount() const {
+    return static_cast<std::uint64_t>(zip_get_num_entries(m_archive.get(), 0));
+}
+
+std::uint64_t ZipReader::sizeOf(std::uint64_t index) const {
+    zip_stat_t stat;
+    const bool known =
+        zip_stat_index(m_archive.get(), index, 0, &stat) == 0 && (stat.valid & ZIP_STAT_SIZE) != 0;
+    return known ? stat.size : 0;
+}
+
+std::uint64_t ZipReader::unpackedSize() const {
+    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
+    std::uint64_t total = 0;
+    for (std::uint64_t index = 0; index < entryCount(); ++index) {
+        const auto size = sizeOf(index);
+        total = size > most - total ? most : total + size;
+    }
+    return total;
+}
+
+bool ZipReader::isPlain(std::uint64_t index) const {
+    constexpr unsigned modeShift = 16;
+    constexpr zip_uint32_t typeMask = 0170000;
+    constexpr zip_uint32_t regularFile = 0100000;
+    constexpr zip_uint32_t folder = 0040000;
+    zip_uint8_t system = 0;
+    zip_uint32_t attributes = 0;
+    if (zip_file_get_external_attributes(m_archive.get(), index, 0, &system, &attributes) != 0)
+        return true;
+    if (system != ZIP_OPSYS_UNIX && system != ZIP_OPSYS_OS_X)
+        return true;
+    const auto type = (attributes >> modeShift) & typeMask;
+    return type == 0 || type == regularFile || type == folder;
+}
+
+std::vector<ZipEntry> ZipReader::entries(std::string_view mask) const {
+    std::vector<ZipEntry> found;
+    std::map<std::string, std::size_t> places; // by path in upper case
+    for (std::uint64_t index = 0; index < entryCount(); ++index) {
+        const auto* name = zip_get_name(m_archive.get(), index, ZIP_FL_ENC_GUESS);
+        const auto where = entryPath(name != nullptr ? name : "");
+        if (!where || !matchesMask(mask, *where) || !isPlain(index))
+            continue;
+        const auto key = base::upper(base::fromUtf8(where->path)) + (where->isFolder ? "/" : "");
+        const auto [place, isNew] = places.try_emplace(key, found.size());
+        if (isNew)
+            found.emplace_back();
+        found[place->second] = {index, sizeOf(index), *where};
+    }
+    return found;
+}
+
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "ui/system/archive/entry_path.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+struct zip;
+struct zip_file;
+
+namespace ui::system {
+
+/// An entry that may be extracted.
+struct ZipEntry {
+    std::uint64_t index = 0;
+    std::uint64_t size = 0; ///< unpacked, as the archive says, which may be a lie
+    EntryPath where;
+};
+
+/// The contents of one entry, a piece at a time.
+class ZipEntryReader {
+public:
+    enum class State { more, end, damaged };
+
+    ZipEntryReader(zip& archive, const ZipEntry& entry);
+
+    /// Fills the front of the buffer; `count` tells how much of it. At the end of the entry its
+    /// check sum has been compared.
+    [[nodiscard]] State read(std::span<std::byte> buffer, std::size_t& count);
+
+private:
+    struct Close {
+        void operator()(zip_file* file) const;
+    };
+
+    std::unique_ptr<zip_file, Close> m_file; // none when it cannot be unpacked at all
+};
+
+/// A zip archive, open for reading.
+class ZipReader {
+public:
+    /// `isOpen` is false when the file cannot be read as an archive.
+    explicit ZipReader(const std::filesystem::path& path);
+
+    [[nodiscard]] bool isOpen() const { return m_archive != nullptr; }
+
+    [[nodiscard]] std::uint64_t entryCount() const;
+
+    /// What all entries say they unpack to; the largest number there is when they say more.
+    [[nodiscard]] std::uint64_t unpackedSize() const;
+
+    /// The entries that match and may be extracted, in the archive's order. Links and other special
+    /// files are left out, and so are paths that are not allowed; of files whose paths differ in letter
+    /// case only, the last one stands for all.
+    [[nodiscard]] std::vector<ZipEntry> entries(std::string_view mask) const;
+
+    [[nodiscard]] ZipEntryReader open(const ZipEntry& entry) const { return {*m_archive, entry}; }
+
+private:
+    struct Close {
+        void operator()(zip* archive) const;
+    };
+
+    [[nodiscard]] std::uint64_t sizeOf(std::uint64_t index) const;
+    [[nodiscard]] bool isPlain(std::uint64_t index) const;
+
+    std::unique_ptr<zip, Close> m_archive;
+};
+
+}
