@@ -4,8 +4,8 @@
 #include "bench/sample_catalog.h"
 #include "catalog/catalog.h"
 #include "order/print_command.h"
+#include "pages/browse/link_rules.h"
 #include "ui/document_rows.h"
-#include "ui/link_rules.h"
 #include "ui/qt/print/paper_page.h"
 #include "ui/qt/print/pdf_output.h"
 #include "ui/qt/widgets/message_boxes.h"
@@ -51,7 +51,7 @@ public:
     }
 
     void makePdf() {
-        ui::qt::PaperPage paper(ui::pageFilesOf(m_sample.session.folders), nullptr);
+        ui::qt::PaperPage paper(pages::pageFilesOf(m_sample.session.folders), nullptr);
         QEventLoop loop;
         QObject::connect(&paper, &ui::qt::PaperPage::loaded, &paper,
                          [&] { paper.makePdf(m_printer.pageLayout(), {}); });

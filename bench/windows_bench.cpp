@@ -4,8 +4,8 @@
 //   - from a row change to the loaded page, against a bare web view that loads the same file.
 // Needs a display (xvfb-run will do).
 #include "bench/sample_catalog.h"
+#include "pages/browse/browsing.h"
 #include "tests/support/catalog_builder.h"
-#include "ui/browsing.h"
 #include "ui/ordering.h"
 #include "ui/qt/browser/page_browser.h"
 #include "ui/qt/browser/page_turner.h"
@@ -120,10 +120,10 @@ void rowChangeToLoadedPage(benchmark::State& state) {
     const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
     ui::qt::PageBrowser banner("wbBanner", "Banner", nullptr);
     ui::qt::PageBrowser page("WbPage", "Page", nullptr);
-    page.confineTo(ui::PageFiles({sample.session.folders.DataFolder}));
+    page.confineTo(pages::PageFiles({sample.session.folders.DataFolder}));
     page.resize(900, 500);
     static_cast<QWidget&>(page).show();
-    ui::Browsing browsing(sample.session, catalog, banner, page);
+    pages::Browsing browsing(sample.session, catalog, banner, page);
     ui::qt::PageTurner turner(
         page, [&](int row) { browsing.showRecord(row + 1); }, nullptr);
     turner.start();

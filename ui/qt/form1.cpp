@@ -181,8 +181,8 @@ void Form1::addPageActions() {
 }
 
 void Form1::openPages() {
-    m_banner->confineTo(pageFilesOf(m_session.folders));
-    m_catalogView->page().confineTo(pageFilesOf(m_session.folders));
+    m_banner->confineTo(pages::pageFilesOf(m_session.folders));
+    m_catalogView->page().confineTo(pages::pageFilesOf(m_session.folders));
     if (m_catalog.products.count() > 0)
         m_catalogView->grid().setCurrentRow(0);
     else
@@ -298,7 +298,7 @@ void Form1::search() {
 }
 
 // The scratch page stands for the current record's.
-void Form1::showSupplierPage(const LeadsToPage& page) {
+void Form1::showSupplierPage(const pages::LeadsToPage& page) {
     std::error_code error;
     if (std::filesystem::equivalent(page.file, m_browsing.scratchPage(), error))
         m_browsing.showAgain(page.place);
@@ -308,13 +308,13 @@ void Form1::showSupplierPage(const LeadsToPage& page) {
 
 void Form1::followLink(const QUrl& address, bool clicked) {
     const auto end = m_links.follow(address.toEncoded().toStdString());
-    if (const auto* product = std::get_if<LeadsToProduct>(&end))
+    if (const auto* product = std::get_if<pages::LeadsToProduct>(&end))
         goTo(product->record);
-    else if (std::holds_alternative<LeadsToMissingProduct>(end) && clicked)
+    else if (std::holds_alternative<pages::LeadsToMissingProduct>(end) && clicked)
         m_messages.show(platform::Icon::critical, "Missing Product", "Product not found");
-    else if (const auto* page = std::get_if<LeadsToPage>(&end))
+    else if (const auto* page = std::get_if<pages::LeadsToPage>(&end))
         showSupplierPage(*page);
-    else if (std::holds_alternative<LeadsOutside>(end) && clicked)
+    else if (std::holds_alternative<pages::LeadsOutside>(end) && clicked)
         QDesktopServices::openUrl(address);
 }
 

@@ -4,10 +4,10 @@
 #include "catalog/catalog.h"
 #include "order/details_file.h"
 #include "order/order_contents.h"
-#include "pages/group_lists.h"
+#include "pages/browse/browsing.h"
+#include "pages/browse/group_lists.h"
+#include "pages/browse/link_rules.h"
 #include "platform/mailer.h"
-#include "ui/browsing.h"
-#include "ui/link_rules.h"
 #include "ui/ordering.h"
 #include "ui/qt/browser/page_turner.h"
 #include "ui/qt/catalog_view.h"
@@ -71,7 +71,7 @@ private:
     void goBack();
     void search();
     Find& find();
-    void showSupplierPage(const LeadsToPage& page);
+    void showSupplierPage(const pages::LeadsToPage& page);
     void followLink(const QUrl& address, bool clicked);
 
     void editProduct(int row, std::string_view text);
@@ -105,7 +105,7 @@ private:
     order::DeliveryDetails m_details;
     OrderDesk m_orderDesk;
     pages::GroupLists m_groupLists;
-    LinkRules m_links;
+    pages::LinkRules m_links;
 
     Toolbar* m_toolbar;
     PageBrowser* m_banner;
@@ -116,7 +116,7 @@ private:
     Find* m_find = nullptr; // from its first use on
     ProductModel* m_products = nullptr;
 
-    Browsing m_browsing;
+    pages::Browsing m_browsing;
     PageTurner* m_turner;
     bool m_splitterPlaced = false;
     bool m_mustClose = false;

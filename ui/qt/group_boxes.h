@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/group_lists.h"
+#include "pages/browse/group_lists.h"
 
 #include <QAbstractListModel>
 #include <QComboBox>

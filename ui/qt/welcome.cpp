@@ -1,6 +1,6 @@
 #include "ui/qt/welcome.h"
 
-#include "ui/link_address.h"
+#include "pages/browse/link_address.h"
 #include "ui/qt/widgets/flow_layout.h"
 #include "ui/qt/widgets/icons.h"
 #include "ui/qt/widgets/qt_text.h"
@@ -175,7 +175,7 @@ void Welcome::drive(app::StartUp& startUp) {
 
 // The program's own page is up already; nothing is ever loaded by a link.
 void Welcome::followLink(app::StartUp& startUp, const QUrl& address) {
-    const auto target = readAddress(address.toEncoded().toStdString());
+    const auto target = pages::readAddress(address.toEncoded().toStdString());
     if (target.isFile)
         static_cast<void>(startUp.linkClicked(target.text));
 }

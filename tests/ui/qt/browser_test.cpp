@@ -28,7 +28,7 @@ protected:
         picture.fill(Qt::red);
         picture.save(QString::fromStdString((folder / "ACME/Bolt.PNG").string()));
         picture.save(QString::fromStdString((folder / "outside.png").string()));
-        browser.confineTo(ui::PageFiles({folder / "ACME"}));
+        browser.confineTo(pages::PageFiles({folder / "ACME"}));
         browser.resize(400, 300);
         static_cast<QWidget&>(browser).show();
     }

@@ -1,10 +1,10 @@
 #include "base/errors.h"
 #include "base/files.h"
+#include "pages/browse/browsing.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_browser.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
-#include "ui/browsing.h"
 #include "ui/document_rows.h"
 #include "ui/ordering.h"
 #include "ui/search.h"
@@ -118,12 +118,12 @@ TEST_F(ShrinkingFiles, PriceShowAndFindNothing) {
     ui::system::DiskFile disk;
     order::BasketFile basket(folder, disk, box);
     ui::ToolbarState toolbar;
-    app::Session session;
-    session.folders = {folder, folder, folder};
+    pages::PageSetting setting;
+    setting.folders = {folder, folder, folder};
     const auto opened = catalog::openCatalog(folder);
     const ui::system::LostPages lostPages(opened.openFiles());
     ui::Ordering ordering(opened, basket, box, toolbar);
-    ui::Browsing browsing(session, opened, banner, page);
+    pages::Browsing browsing(setting, opened, banner, page);
     ui::Search search(opened.products, cursor, box);
     // The product whose record begins on one page and has its price on the next, which is lost.
     constexpr auto length = catalog::ProductRecord::length;

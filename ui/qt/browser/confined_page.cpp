@@ -146,7 +146,7 @@ QWebEnginePage* ConfinedPage::createWindow(WebWindowType) {
                            [this, clicked = takePress()](const QUrl& url) { follow(url, clicked); });
 }
 
-ConfinedProfile::ConfinedProfile(PageFiles files, QObject* parent)
+ConfinedProfile::ConfinedProfile(pages::PageFiles files, QObject* parent)
     : QWebEngineProfile(parent), m_filter(std::move(files)) {
     setUrlRequestInterceptor(&m_filter);
     setHttpCacheType(MemoryHttpCache);

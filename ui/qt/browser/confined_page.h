@@ -62,7 +62,7 @@ private:
 /// The browser state that the pages of one window share: nothing of it reaches the disk.
 class ConfinedProfile final : public QWebEngineProfile {
 public:
-    ConfinedProfile(PageFiles files, QObject* parent);
+    ConfinedProfile(pages::PageFiles files, QObject* parent);
 
     [[nodiscard]] RequestFilter& filter() { return m_filter; }
 

@@ -50,7 +50,7 @@ void PageBrowser::paintEvent(QPaintEvent*) {
         QPainter(this).fillRect(rect(), palette().highlight());
 }
 
-void PageBrowser::confineTo(PageFiles files) {
+void PageBrowser::confineTo(pages::PageFiles files) {
     m_files = std::move(files);
 }
 

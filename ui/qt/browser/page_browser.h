@@ -1,7 +1,7 @@
 #pragma once
 
+#include "pages/browse/page_files.h"
 #include "platform/browser.h"
-#include "ui/page_files.h"
 #include "ui/qt/browser/page_loader.h"
 
 #include <QTimer>
@@ -33,7 +33,7 @@ public:
     ~PageBrowser() override;
 
     /// Must be called before the first page is shown.
-    void confineTo(PageFiles files);
+    void confineTo(pages::PageFiles files);
     void onLink(LinkHandler handler);
 
     /// The pages' own scripts do not run. Must be called before the first page is shown.
@@ -81,7 +81,7 @@ private:
     QWidget* m_tabPlace; ///< never shown; where Tab comes to the page
     QString m_name;
     QString m_accessibleName;
-    std::optional<PageFiles> m_files;
+    std::optional<pages::PageFiles> m_files;
     LinkHandler m_linkHandler;
     ConfinedProfile* m_profile = nullptr;
     ConfinedPage* m_page = nullptr;

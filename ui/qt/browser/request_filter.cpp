@@ -5,20 +5,20 @@
 namespace ui::qt {
 namespace {
 
-Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
+pages::Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
     switch (type) {
     case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
-        return Resource::page;
+        return pages::Resource::page;
     case QWebEngineUrlRequestInfo::ResourceTypeImage:
-        return Resource::picture;
+        return pages::Resource::picture;
     case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
-        return Resource::style;
+        return pages::Resource::style;
     case QWebEngineUrlRequestInfo::ResourceTypeScript:
-        return Resource::script;
+        return pages::Resource::script;
     case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
-        return Resource::font;
+        return pages::Resource::font;
     default:
-        return Resource::other;
+        return pages::Resource::other;
     }
 }
 

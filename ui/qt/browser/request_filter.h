@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/page_files.h"
+#include "pages/browse/page_files.h"
 
 #include <QUrl>
 #include <QWebEngineUrlRequestInterceptor>
@@ -11,7 +11,7 @@ namespace ui::qt {
 /// true letter case; data inside the page passes; all else, the network first, is blocked.
 class RequestFilter final : public QWebEngineUrlRequestInterceptor {
 public:
-    explicit RequestFilter(PageFiles files) : m_files(std::move(files)) {}
+    explicit RequestFilter(pages::PageFiles files) : m_files(std::move(files)) {}
 
     void interceptRequest(QWebEngineUrlRequestInfo& info) override;
 
@@ -22,7 +22,7 @@ public:
 private:
     void filterFile(QWebEngineUrlRequestInfo& info) const;
 
-    PageFiles m_files;
+    pages::PageFiles m_files;
     QUrl m_allowedPage;
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "pages/browse/page_files.h"
 #include "ui/help/help_book.h"
 #include "ui/help/help_trail.h"
-#include "ui/page_files.h"
 #include "ui/qt/browser/page_browser.h"
 #include "ui/qt/help/help_contents.h"
 #include "ui/qt/widgets/guard.h"
@@ -57,7 +57,7 @@ private:
     Guard& m_guard;
     std::filesystem::path m_folder;
     HelpBook m_book;
-    PageFiles m_files;
+    pages::PageFiles m_files;
     WindowMemory m_memory;
     HelpTrail m_trail;
     std::string m_page; // the one in the browser, or on its way there

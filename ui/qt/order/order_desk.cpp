@@ -3,7 +3,7 @@
 #include "base/text.h"
 #include "order/email_command.h"
 #include "order/print_command.h"
-#include "ui/link_rules.h"
+#include "pages/browse/link_rules.h"
 #include "ui/qt/widgets/busy_notice.h"
 #include "ui/qt/widgets/qt_text.h"
 
@@ -58,7 +58,7 @@ OrderDesk::OrderDesk(const app::Session& session, const catalog::Parameters& par
       m_window(window),
       m_writer(parameters, session.folders.DataFolder, session.layout),
       m_scratchPage(session.folders.UserFolder),
-      m_printer(pageFilesOf(session.folders), messages, guard, window) {}
+      m_printer(pages::pageFilesOf(session.folders), messages, guard, window) {}
 
 void OrderDesk::print(const order::OrderContents& order) {
     writePage(order, [&](const auto& file, auto bytes) { m_printer.print(file, bytes, titleOf(order)); });

@@ -46,7 +46,8 @@ void completeNamesWithoutReading(QPrintDialog& dialog) {
 
 }
 
-OrderPrinter::OrderPrinter(PageFiles pageFiles, platform::MessageBox& messages, Guard& guard, QWidget& window)
+OrderPrinter::OrderPrinter(pages::PageFiles pageFiles, platform::MessageBox& messages, Guard& guard,
+                           QWidget& window)
     : m_pageFiles(std::move(pageFiles)),
       m_messages(messages),
       m_guard(guard),

@@ -23,7 +23,7 @@ class OrderPrinter final : public QObject {
 
 public:
     /// `window` is the one that dialogs lie over. `pageFiles` is what the order page may load.
-    OrderPrinter(PageFiles pageFiles, platform::MessageBox& messages, Guard& guard, QWidget& window);
+    OrderPrinter(pages::PageFiles pageFiles, platform::MessageBox& messages, Guard& guard, QWidget& window);
     ~OrderPrinter() override;
 
     /// Loads the page under its file's address, then asks for a printer or a PDF file with the system's
@@ -59,7 +59,7 @@ private:
     void endUnlessPreviewed();
     void end();
 
-    PageFiles m_pageFiles;
+    pages::PageFiles m_pageFiles;
     platform::MessageBox& m_messages;
     Guard& m_guard;
     QWidget& m_window;

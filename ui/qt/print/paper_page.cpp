@@ -10,7 +10,7 @@
 
 namespace ui::qt {
 
-PaperPage::PaperPage(PageFiles files, QObject* parent)
+PaperPage::PaperPage(pages::PageFiles files, QObject* parent)
     : QObject(parent),
       m_profile(std::make_unique<ConfinedProfile>(std::move(files), nullptr)),
       m_page(std::make_unique<ConfinedPage>(m_profile.get(), nullptr)),

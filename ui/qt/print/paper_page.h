@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/page_files.h"
+#include "pages/browse/page_files.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -23,7 +23,7 @@ class PaperPage final : public QObject {
     Q_OBJECT
 
 public:
-    PaperPage(PageFiles files, QObject* parent);
+    PaperPage(pages::PageFiles files, QObject* parent);
     ~PaperPage() override;
 
     /// Loads bytes under the address of their file. Throws base::FileError as PageLoader does.

@@ -1,9 +1,9 @@
-#include "pages/charset.h"
+#include "ui/qt/browser/charset.h"
 
 #include <algorithm>
 #include <optional>
 
-namespace pages {
+namespace ui::qt {
 namespace {
 
 constexpr std::size_t searched = 1024;

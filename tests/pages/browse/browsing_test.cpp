@@ -1,9 +1,9 @@
 #include "base/errors.h"
 #include "base/files.h"
+#include "pages/browse/browsing.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_browser.h"
 #include "tests/support/test_folder.h"
-#include "ui/browsing.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,20 +22,20 @@ protected:
         builder.writeTo(folder);
         base::replaceFile(folder / "Banner.Ect", "banner {CODE}");
         base::replaceFile(folder / "Catalog.Ect", "{CODE} {PRICEINC}");
-        session.folders = {folder, folder, folder};
+        setting.folders = {folder, folder, folder};
         catalog.emplace(catalog::openCatalog(folder));
-        browsing.emplace(session, *catalog, banner, page);
+        browsing.emplace(setting, *catalog, banner, page);
     }
 
     [[nodiscard]] std::string scratch() const { return base::readFile(folder / "Tmp.htm").value_or("none"); }
 
     std::filesystem::path folder = support::testFolder();
-    app::Session session;
+    pages::PageSetting setting;
     std::optional<catalog::Catalog> catalog;
     support::Journal journal;
     support::FakeBrowser banner{journal};
     support::FakeBrowser page{journal};
-    std::optional<ui::Browsing> browsing;
+    std::optional<pages::Browsing> browsing;
 };
 
 TEST_F(Browsing, WritesEachPageBeforeItShowsItAndRecordsTheRecords) {

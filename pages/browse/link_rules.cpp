@@ -1,12 +1,12 @@
-#include "ui/link_rules.h"
+#include "pages/browse/link_rules.h"
 
 #include "base/code_page.h"
-#include "pages/links.h"
-#include "ui/link_address.h"
+#include "pages/browse/link_address.h"
+#include "pages/browse/links.h"
 
 #include <algorithm>
 
-namespace ui {
+namespace pages {
 namespace {
 
 std::string asAddress(const std::filesystem::path& folder) {
@@ -32,15 +32,15 @@ LinkRules::LinkRules(const catalog::Catalog& catalog, const catalog::Folders& fo
 
 LinkEnd LinkRules::follow(std::string_view encodedAddress) const {
     const auto address = readAddress(encodedAddress);
-    const auto link = pages::judgeLink(address.text, address.isFile, m_folders);
+    const auto link = judgeLink(address.text, address.isFile, m_folders);
     switch (link.target) {
-    case pages::LinkTarget::product:
-        return toProduct(pages::findLinked(link, m_catalog.codes));
-    case pages::LinkTarget::page:
+    case LinkTarget::product:
+        return toProduct(findLinked(link, m_catalog.codes));
+    case LinkTarget::page:
         return toPage(encodedAddress);
-    case pages::LinkTarget::outside:
+    case LinkTarget::outside:
         return LeadsOutside{};
-    case pages::LinkTarget::nothing:
+    case LinkTarget::nothing:
         break;
     }
     return LeadsNowhere{};

@@ -1,4 +1,4 @@
-#include "ui/link_address.h"
+#include "pages/browse/link_address.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
     };
 
     for (const auto& c : cases) {
-        const auto address = ui::readAddress(folder + c.encoded);
+        const auto address = pages::readAddress(folder + c.encoded);
         EXPECT_EQ(address.text, read + c.text) << c.encoded;
         EXPECT_TRUE(address.isFile) << c.encoded;
     }
@@ -42,9 +42,9 @@ TEST(LinkAddress, ReadsWhatTheBrowserMakesOfALinkAsItWasWritten) {
 TEST(LinkAddress, KnowsWhatIsNoFileOfThisComputer) {
     for (const char* encoded : {"http://example.com/X.HTM?AB%201", "mailto:a@b?subject=x",
                                 "file://server/share/x.htm", "c:%5CProg%5CTmp.htm", "", "?", "%"})
-        EXPECT_FALSE(ui::readAddress(encoded).isFile) << encoded;
-    EXPECT_EQ(ui::readAddress("mailto:a%40b").text, "mailto:a@b");
-    EXPECT_EQ(ui::readAddress("file:///C:/Prog/ACME/Tmp.htm?A").text, "C:\\Prog\\ACME\\Tmp.htm?A");
+        EXPECT_FALSE(pages::readAddress(encoded).isFile) << encoded;
+    EXPECT_EQ(pages::readAddress("mailto:a%40b").text, "mailto:a@b");
+    EXPECT_EQ(pages::readAddress("file:///C:/Prog/ACME/Tmp.htm?A").text, "C:\\Prog\\ACME\\Tmp.htm?A");
 }
 
 }

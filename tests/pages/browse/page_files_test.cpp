@@ -1,6 +1,6 @@
+#include "pages/browse/page_files.h"
 #include "tests/support/file_system.h"
 #include "tests/support/test_folder.h"
-#include "ui/page_files.h"
 
 #include <gtest/gtest.h>
 
@@ -28,13 +28,13 @@ protected:
     }
 
     fs::path root;
-    ui::PageFiles files;
+    pages::PageFiles files;
 };
 
 TEST_F(PageFilesTest, FindsFilesInAnyLetterCase) {
     if (!support::letterCaseCounts())
         GTEST_SKIP() << "this file system matches names by itself";
-    const auto find = [&](const char* name) { return files.find(root / name, ui::Resource::picture); };
+    const auto find = [&](const char* name) { return files.find(root / name, pages::Resource::picture); };
     EXPECT_EQ(find("prog/ACME/Bolt.JPG"), root / "prog/ACME/Bolt.JPG");
     EXPECT_EQ(find("prog/acme/BOLT.jpg"), root / "prog/ACME/Bolt.JPG");
     EXPECT_EQ(find("prog/ACME/x/../PICS/nut.JPG"), root / "prog/ACME/Pics/Nut.jpg");
@@ -47,8 +47,8 @@ TEST_F(PageFilesTest, KeepsPagesInsideTheFoldersAndAwayFromData) {
          {"prog/ACME/User.ini.", "prog/ACME/User.ini ", "prog/ACME/User.ini::$DATA", "prog/ACME/Odd.jpg.",
           "secret/key.jpg", "prog/../secret/key.jpg", "prog/ACME/out/key.jpg", "prog/ACME/User.ini",
           "prog/ACME/prdprm.dat", "prog/ACME/banner.ECT", "prog/x.zip"})
-        EXPECT_EQ(files.find(root / name, ui::Resource::picture), std::nullopt) << name;
-    EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", ui::Resource::other), std::nullopt);
+        EXPECT_EQ(files.find(root / name, pages::Resource::picture), std::nullopt) << name;
+    EXPECT_EQ(files.find(root / "prog/ACME/Bolt.JPG", pages::Resource::other), std::nullopt);
     EXPECT_TRUE(files.contains(root / "prog/ACME/Tmp.htm"));
     EXPECT_FALSE(files.contains(root / "prog2/Tmp.htm"));
     if (support::hasSymbolicLinks()) {

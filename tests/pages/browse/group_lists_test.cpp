@@ -1,4 +1,4 @@
-#include "pages/group_lists.h"
+#include "pages/browse/group_lists.h"
 #include "tests/support/catalog_builder.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/session.h"
 #include "catalog/catalog.h"
+#include "pages/browse/history.h"
 #include "pages/catalog_pages.h"
-#include "pages/history.h"
+#include "pages/page_setting.h"
 #include "pages/scratch_page.h"
 #include "platform/browser.h"
 
@@ -12,15 +12,15 @@
 #include <optional>
 #include <string_view>
 
-namespace ui {
+namespace pages {
 
 /// What the main window shows of its catalogue: the banner, and the page of the current record.
-/// The session, the catalogue and both browsers must outlive it. A page that cannot be written to the scratch
+/// The setting, the catalogue and both browsers must outlive it. A page that cannot be written to the scratch
 /// page is shown all the same; the first one throws base::FileError when it is up. A page for which a data
 /// file was read that is no longer whole is not shown: base::DamagedFile names the file.
 class Browsing {
 public:
-    Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
+    Browsing(const PageSetting& setting, const catalog::Catalog& catalog, platform::Browser& banner,
              platform::Browser& page);
 
     /// The banner, built against record 1, which becomes current. Its load must have finished before
@@ -39,10 +39,10 @@ public:
     /// The record to go back to, for `showRecord`. Nothing where there is none.
     [[nodiscard]] std::optional<std::int32_t> stepBack() { return m_history.back(m_currentRecord); }
 
-    [[nodiscard]] const pages::History& history() const { return m_history; }
+    [[nodiscard]] const History& history() const { return m_history; }
 
     /// For all pages from now on; a record's page that is up is shown again, with its prices.
-    void setTaxStatus(pages::TaxStatus status);
+    void setTaxStatus(TaxStatus status);
 
     /// The current record's own page is what is up.
     [[nodiscard]] bool recordIsUp() const { return m_recordIsUp; }
@@ -51,19 +51,19 @@ public:
 
     [[nodiscard]] std::int32_t currentRecord() const { return m_currentRecord; }
 
-    [[nodiscard]] pages::TaxStatus taxStatus() const { return m_taxStatus; }
+    [[nodiscard]] TaxStatus taxStatus() const { return m_taxStatus; }
 
 private:
     void put(platform::Browser& browser, std::string_view text, std::string_view place);
 
     const catalog::Catalog& m_catalog;
-    pages::CatalogPages m_pages;
-    pages::ScratchPage m_scratchPage;
+    CatalogPages m_pages;
+    ScratchPage m_scratchPage;
     platform::Browser& m_banner;
     platform::Browser& m_page;
-    pages::TaxStatus m_taxStatus = pages::TaxStatus::taxed;
+    TaxStatus m_taxStatus = TaxStatus::taxed;
     std::int32_t m_currentRecord = 1;
-    pages::History m_history;
+    History m_history;
     bool m_recordIsUp = false;
     bool m_failureTold = false;
 };

@@ -1,4 +1,4 @@
-#include "pages/group_lists.h"
+#include "pages/browse/group_lists.h"
 
 namespace pages {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/page_files.h"
+#include "pages/browse/page_files.h"
 
 #include "base/code_page.h"
 #include "base/text.h"
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace ui {
+namespace pages {
 namespace fs = std::filesystem;
 
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "ui/page_files.h"
+#include "pages/browse/page_files.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -10,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-namespace ui {
+namespace pages {
 
 /// Where a link of a catalogue page leads.
 struct LeadsNowhere {};

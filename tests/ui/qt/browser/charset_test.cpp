@@ -1,4 +1,4 @@
-#include "pages/charset.h"
+#include "ui/qt/browser/charset.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +36,9 @@ TEST(DeclaredCharset, IsReadFromThePagesHead) {
     };
 
     for (const auto& c : cases)
-        EXPECT_EQ(pages::declaredCharset(c.page), c.charset) << c.page;
-    EXPECT_EQ(pages::declaredCharset("<meta charset=" + std::string(41, 'a') + ">"), "windows-1252");
-    EXPECT_EQ(pages::declaredCharset(std::string(1024, ' ') + "<meta charset=utf-8>"), "windows-1252");
+        EXPECT_EQ(ui::qt::declaredCharset(c.page), c.charset) << c.page;
+    EXPECT_EQ(ui::qt::declaredCharset("<meta charset=" + std::string(41, 'a') + ">"), "windows-1252");
+    EXPECT_EQ(ui::qt::declaredCharset(std::string(1024, ' ') + "<meta charset=utf-8>"), "windows-1252");
 }
 
 }

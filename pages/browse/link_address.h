@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace ui {
+namespace pages {
 
 /// Addresses as the link rules read them.
 struct LinkAddress {

@@ -1,16 +1,16 @@
-#include "ui/browsing.h"
+#include "pages/browse/browsing.h"
 
 #include "base/errors.h"
 
 #include <utility>
 
-namespace ui {
+namespace pages {
 
-Browsing::Browsing(const app::Session& session, const catalog::Catalog& catalog, platform::Browser& banner,
+Browsing::Browsing(const PageSetting& setting, const catalog::Catalog& catalog, platform::Browser& banner,
                    platform::Browser& page)
     : m_catalog(catalog),
-      m_pages(catalog, session.folders, session.layout, session.programFileReadOnly),
-      m_scratchPage(session.folders.UserFolder),
+      m_pages(catalog, setting.folders, setting.layout, setting.programFileReadOnly),
+      m_scratchPage(setting.folders.UserFolder),
       m_banner(banner),
       m_page(page) {}
 
@@ -48,7 +48,7 @@ void Browsing::showPage(const std::filesystem::path& file, std::string_view byte
     m_page.show(file, bytes, place);
 }
 
-void Browsing::setTaxStatus(pages::TaxStatus status) {
+void Browsing::setTaxStatus(TaxStatus status) {
     m_taxStatus = status;
     if (m_recordIsUp)
         showAgain();

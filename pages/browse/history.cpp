@@ -1,4 +1,4 @@
-#include "pages/history.h"
+#include "pages/browse/history.h"
 
 namespace pages {
 

@@ -1,4 +1,4 @@
-#include "pages/links.h"
+#include "pages/browse/links.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-namespace ui {
+namespace pages {
 
 /// What a page asks a file for.
 enum class Resource { page, picture, style, script, font, other };

@@ -1,4 +1,4 @@
-#include "pages/links.h"
+#include "pages/browse/links.h"
 
 #include "base/text.h"
 

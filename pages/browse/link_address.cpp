@@ -1,4 +1,4 @@
-#include "ui/link_address.h"
+#include "pages/browse/link_address.h"
 
 #include "base/code_page.h"
 #include "base/text.h"
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace ui {
+namespace pages {
 namespace {
 
 std::optional<unsigned> hexDigit(char c) {
