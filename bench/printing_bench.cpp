@@ -4,7 +4,7 @@
 #include "bench/sample_catalog.h"
 #include "catalog/catalog.h"
 #include "order/print_command.h"
-#include "pages/browse/link_rules.h"
+#include "pages/browse/page_files.h"
 #include "ui/document_rows.h"
 #include "ui/qt/print/paper_page.h"
 #include "ui/qt/print/pdf_output.h"

@@ -86,4 +86,8 @@ std::optional<fs::path> PageFiles::find(const fs::path& asked, Resource resource
     return std::nullopt;
 }
 
+PageFiles pageFilesOf(const catalog::Folders& folders) {
+    return PageFiles({folders.DataFolder, folders.UserFolder, folders.ProgramFolder});
+}
+
 }

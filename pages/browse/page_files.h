@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/catalog.h"
+
 #include <filesystem>
 #include <optional>
 #include <vector>
@@ -26,5 +28,8 @@ public:
 private:
     std::vector<std::filesystem::path> m_folders; // canonical
 };
+
+/// The files that the pages of a catalogue may load.
+[[nodiscard]] PageFiles pageFilesOf(const catalog::Folders& folders);
 
 }

@@ -3,7 +3,7 @@
 #include "base/text.h"
 #include "order/email_command.h"
 #include "order/print_command.h"
-#include "pages/browse/link_rules.h"
+#include "pages/browse/page_files.h"
 #include "ui/qt/widgets/busy_notice.h"
 #include "ui/qt/widgets/qt_text.h"
 
