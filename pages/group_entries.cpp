@@ -6,19 +6,12 @@ namespace pages {
 namespace {
 
 constexpr std::string_view tableOfContents = "TABLE OF CONTENTS";
-constexpr std::int32_t firstTopLevelGroup = 2;
-
 using RecordNumbers = std::vector<std::int32_t>;
 
-// The own records of a group and of the groups behind it with the same parent.
-RecordNumbers siblingsFrom(const catalog::GroupTable& groups, std::int32_t first) {
-    RecordNumbers numbers;
-    const auto parent = groups.at(first).parent();
-    for (auto group = first; group <= groups.count() && numbers.size() < mostGroupEntries; ++group) {
-        if (groups.at(group).parent() != parent)
-            break;
-        numbers.push_back(groups.at(group).headerRecord());
-    }
+RecordNumbers ownRecordsFrom(const catalog::GroupTable& groups, std::int32_t first) {
+    auto numbers = siblingsFrom(groups, first, mostGroupEntries);
+    for (auto& number : numbers)
+        number = groups.at(number).headerRecord();
     return numbers;
 }
 
@@ -47,12 +40,26 @@ std::string_view groupDescription(const catalog::Catalog& catalog, const catalog
     return catalog.groupName(record.isProduct() ? group : catalog.groups.at(group).parent());
 }
 
+std::vector<std::int32_t> siblingsFrom(const catalog::GroupTable& groups, std::int32_t first,
+                                       std::size_t most) {
+    RecordNumbers numbers;
+    if (first < 1)
+        return numbers;
+    const auto parent = groups.at(first).parent();
+    for (auto group = first; group <= groups.count() && numbers.size() < most; ++group) {
+        if (groups.at(group).parent() != parent)
+            break;
+        numbers.push_back(group);
+    }
+    return numbers;
+}
+
 std::vector<std::int32_t> groupEntries(const catalog::Catalog& catalog, std::int32_t recordNumber) {
     const auto group = catalog.groups.at(groupOf(catalog.products.at(recordNumber)));
     if (base::equalIgnoringCase(group.name(), tableOfContents))
-        return siblingsFrom(catalog.groups, firstTopLevelGroup);
+        return ownRecordsFrom(catalog.groups, firstTopGroup);
     if (group.firstChild() >= 1)
-        return siblingsFrom(catalog.groups, group.firstChild());
+        return ownRecordsFrom(catalog.groups, group.firstChild());
     return productsBehind(catalog.products, recordNumber);
 }
 

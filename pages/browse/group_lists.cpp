@@ -1,21 +1,17 @@
 #include "pages/browse/group_lists.h"
 
+#include "pages/group_entries.h"
+
 namespace pages {
 namespace {
 
-constexpr std::int32_t firstTopGroup = 2;
 constexpr std::size_t fewestFilled = 2;
 
-// The groups from this one on that share its parent, without those that have no own record.
-std::vector<GroupEntry> siblingsFrom(const catalog::Catalog& catalog, std::int32_t first) {
+// A list has no limit, and nothing to lead to for a group that has no own record.
+std::vector<GroupEntry> groupsFrom(const catalog::Catalog& catalog, std::int32_t first) {
     std::vector<GroupEntry> entries;
-    if (first < 1 || first > catalog.groups.count())
-        return entries;
-    const auto parent = catalog.groups.at(first).parent();
-    for (auto number = first; number <= catalog.groups.count(); ++number) {
+    for (const auto number : siblingsFrom(catalog.groups, first)) {
         const auto group = catalog.groups.at(number);
-        if (group.parent() != parent)
-            break;
         if (group.headerRecord() != 0)
             entries.push_back({group.name(), group.headerRecord()});
     }
@@ -40,35 +36,15 @@ std::vector<GroupEntry> productsFrom(const catalog::Catalog& catalog, std::int32
     return entries;
 }
 
-struct EntriesOf {
-    const catalog::Catalog& catalog;
-
-    std::vector<GroupEntry> operator()(std::monostate) const { return {}; }
-
-    std::vector<GroupEntry> operator()(FromRecord start) const {
-        const auto record = catalog.products.at(start.record);
-        return record.isProduct() ? productsFrom(catalog, start.record)
-                                  : siblingsFrom(catalog, record.group());
-    }
-
-    std::vector<GroupEntry> operator()(FromParentOf start) const {
-        const auto parent = catalog.groups.at(start.group).parent();
-        return siblingsFrom(catalog, catalog.groups.at(parent).firstChild());
-    }
-};
-
 }
 
-std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, const ListStart& start) {
-    return std::visit(EntriesOf{catalog}, start);
-}
-
-std::vector<GroupEntry> firstListEntries(const catalog::Catalog& catalog) {
-    return siblingsFrom(catalog, firstTopGroup);
+std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, std::int32_t start) {
+    const auto record = catalog.products.at(start);
+    return record.isProduct() ? productsFrom(catalog, start) : groupsFrom(catalog, record.group());
 }
 
 GroupLists::GroupLists(const catalog::Catalog& catalog) : m_catalog(catalog) {
-    m_lists.front().entries = firstListEntries(catalog);
+    m_lists.front().entries = groupsFrom(catalog, firstTopGroup);
 }
 
 GroupLists::Choice GroupLists::choose(int list, int entry) {
@@ -79,16 +55,16 @@ GroupLists::Choice GroupLists::choose(int list, int entry) {
     if (prepares) {
         auto& next = m_lists.at(at(list + 1));
         next.entries = {{pleaseSelect, 0}};
-        next.start = FromRecord{chosen.record + 1};
+        next.start = chosen.record + 1;
     }
     return {chosen.record, prepares};
 }
 
 bool GroupLists::enter(int list) {
     auto& entered = m_lists.at(at(list));
-    if (entered.entries.size() >= fewestFilled || std::holds_alternative<std::monostate>(entered.start))
+    if (entered.entries.size() >= fewestFilled || !entered.start)
         return false;
-    entered.entries = listEntries(m_catalog, entered.start);
+    entered.entries = listEntries(m_catalog, *entered.start);
     return true;
 }
 

@@ -4,8 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace pages {
@@ -17,23 +17,9 @@ struct GroupEntry {
     std::int32_t record = 0;
 };
 
-/// Where the contents of a list start: at a record of Prdlst.dat, or at a group's parent in GrpIdx.idx.
-struct FromRecord {
-    std::int32_t record = 0;
-};
-
-struct FromParentOf {
-    std::int32_t group = 0;
-};
-
-using ListStart = std::variant<std::monostate, FromRecord, FromParentOf>;
-
-/// The entries of the list that starts there; groups that have no own record are left out. Walks end with the
-/// list, the file, or after as many entries as the file has records, so links that run in circles end too.
-[[nodiscard]] std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, const ListStart& start);
-
-/// The groups from record 2 on that share record 2's parent, those left out that have no own record.
-[[nodiscard]] std::vector<GroupEntry> firstListEntries(const catalog::Catalog& catalog);
+/// The entries of a list that starts at this record of Prdlst.dat: products, or groups where it is a group's
+/// own record. Groups that have no own record are left out. Damaged files end every walk.
+[[nodiscard]] std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, std::int32_t start);
 
 /// What stands in a list that a choice has prepared and nobody has opened yet. It selects nothing.
 inline constexpr std::string_view pleaseSelect = "Please Select";
@@ -65,7 +51,7 @@ public:
 private:
     struct List {
         std::vector<GroupEntry> entries;
-        ListStart start;
+        std::optional<std::int32_t> start = std::nullopt; // for `listEntries`
     };
 
     static std::size_t at(int list) { return static_cast<std::size_t>(list); }
