@@ -37,6 +37,13 @@ std::string_view ProductRecord::description() const {
     return base::trim(end == std::string_view::npos ? rest : rest.substr(0, end + 1));
 }
 
+std::string_view ProductRecord::descriptionLine() const {
+    auto line = description();
+    if (line.ends_with(fieldSeparator))
+        line.remove_suffix(1);
+    return base::trim(line);
+}
+
 std::string_view ProductRecord::other() const {
     return base::trim(behind(text(), 2));
 }

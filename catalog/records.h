@@ -108,6 +108,9 @@ public:
     /// Without a second, everything behind the first; empty without a first.
     [[nodiscard]] std::string_view description() const;
 
+    /// The description as a cell or a list shows it: without the line feed that ends it.
+    [[nodiscard]] std::string_view descriptionLine() const;
+
     /// Everything behind the second line feed, trimmed; empty without a second.
     [[nodiscard]] std::string_view other() const;
 

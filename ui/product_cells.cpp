@@ -11,13 +11,6 @@ std::string mark(catalog::ProductRecord record) {
     return record.memoPosition() > 0 ? "*" : "";
 }
 
-// The description keeps the line feed that ends it; a cell has one line.
-std::string_view oneLine(std::string_view text) {
-    if (text.ends_with('\n'))
-        text.remove_suffix(1);
-    return base::trim(text);
-}
-
 }
 
 std::string_view productText(catalog::ProductRecord record, Field field) {
@@ -25,7 +18,7 @@ std::string_view productText(catalog::ProductRecord record, Field field) {
     case Field::code:
         return record.code();
     case Field::description:
-        return oneLine(record.description());
+        return record.descriptionLine();
     case Field::other:
         return record.other();
     default:

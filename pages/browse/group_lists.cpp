@@ -18,12 +18,6 @@ std::vector<GroupEntry> groupsFrom(const catalog::Catalog& catalog, std::int32_t
     return entries;
 }
 
-std::string_view withoutLineEnd(std::string_view description) {
-    if (description.ends_with('\n'))
-        description.remove_suffix(1);
-    return base::trim(description);
-}
-
 std::vector<GroupEntry> productsFrom(const catalog::Catalog& catalog, std::int32_t first) {
     std::vector<GroupEntry> entries;
     const auto group = catalog.products.at(first).group();
@@ -31,7 +25,7 @@ std::vector<GroupEntry> productsFrom(const catalog::Catalog& catalog, std::int32
         const auto record = catalog.products.at(number);
         if (record.group() != group)
             break;
-        entries.push_back({withoutLineEnd(record.description()), number});
+        entries.push_back({record.descriptionLine(), number});
     }
     return entries;
 }
