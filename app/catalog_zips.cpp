@@ -132,7 +132,7 @@ std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     const auto N = supplierOf(name, *files);
     if (N && !isFree(*N))
         refuseName(zip);
-    if (N && !holdsFile(*files, catalog::parametersFile))
+    if (N && !base::holdsName(*files, catalog::parametersFile))
         refuseDamaged(zip);
     return N;
 }

@@ -44,6 +44,15 @@ std::vector<fs::path> entriesOf(const fs::path& folder) {
     return entries;
 }
 
+// In whatever letter case.
+std::vector<fs::path> entriesNamed(const fs::path& folder, std::string_view name) {
+    auto entries = entriesOf(folder);
+    std::erase_if(entries, [&](const fs::path& entry) {
+        return !base::equalIgnoringCase(base::textOf(entry.filename()), name);
+    });
+    return entries;
+}
+
 /// Moves kept files back to their places. Stops at the first that cannot be moved.
 void restore(const fs::path& kept, const fs::path& place, std::error_code& error) {
     if (isFolder(kept) && isFolder(place)) {
@@ -101,16 +110,13 @@ StagedFolder::~StagedFolder() {
 
 void StagedFolder::leaveOut(std::string_view name) const {
     std::error_code ignored;
-    for (const auto& entry : entriesOf(m_new))
-        if (base::equalIgnoringCase(base::textOf(entry.filename()), name))
-            fs::remove_all(entry, ignored);
+    for (const auto& entry : entriesNamed(m_new, name))
+        fs::remove_all(entry, ignored);
 }
 
 bool StagedFolder::willHold(std::string_view name) const {
-    for (const auto& entry : entriesOf(m_new))
-        if (base::equalIgnoringCase(base::textOf(entry.filename()), name))
-            return !isFolder(entry);
-    return base::findFile(m_target, name).has_value();
+    const auto found = entriesNamed(m_new, name);
+    return found.empty() ? base::findFile(m_target, name).has_value() : !isFolder(found.front());
 }
 
 void StagedFolder::moveIn(std::string_view last) {

@@ -2,7 +2,6 @@
 
 #include "base/text.h"
 
-#include <algorithm>
 #include <regex>
 
 namespace app {
@@ -17,11 +16,6 @@ std::string withoutCopyNumber(const std::string& name) {
 
 }
 
-bool holdsFile(const std::vector<std::string>& files, std::string_view name) {
-    return std::any_of(files.begin(), files.end(),
-                       [&](const std::string& file) { return base::equalIgnoringCase(file, name); });
-}
-
 std::string markerOf(std::string_view folderName) {
     return std::string(folderName) + ".sup";
 }
@@ -29,7 +23,7 @@ std::string markerOf(std::string_view folderName) {
 std::optional<std::string> supplierOf(const std::string& zipName,
                                       const std::vector<std::string>& topLevelFiles) {
     for (const auto& N : {zipName, withoutCopyNumber(zipName)})
-        if (!N.empty() && holdsFile(topLevelFiles, markerOf(N)))
+        if (!N.empty() && base::holdsName(topLevelFiles, markerOf(N)))
             return N;
     return std::nullopt;
 }

@@ -8,8 +8,6 @@
 /// What the names in a catalogue zip tell, in any letter case (docs/supplier-folders.md, "The archive").
 namespace app {
 
-[[nodiscard]] bool holdsFile(const std::vector<std::string>& files, std::string_view name);
-
 /// The name of a supplier's marker file.
 [[nodiscard]] std::string markerOf(std::string_view folderName);
 

@@ -70,10 +70,7 @@ fs::path filePath(const fs::path& folder, std::string_view name) {
 }
 
 std::vector<fs::path> filesEndingWith(const fs::path& folder, std::string_view ending) {
-    auto found = filesWhere(folder, [&](const std::string& name) {
-        return name.size() >= ending.size() &&
-               equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
-    });
+    auto found = filesWhere(folder, [&](const std::string& name) { return endsIgnoringCase(name, ending); });
     std::sort(found.begin(), found.end(), [](const fs::path& a, const fs::path& b) {
         const auto upperA = upper(textOf(a.filename()));
         const auto upperB = upper(textOf(b.filename()));

@@ -45,6 +45,14 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return upper(x) == upper(y); });
 }
 
+bool startsIgnoringCase(std::string_view text, std::string_view start) {
+    return equalIgnoringCase(text.substr(0, start.size()), start);
+}
+
+bool endsIgnoringCase(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && equalIgnoringCase(text.substr(text.size() - end.size()), end);
+}
+
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
     std::string result;
     std::size_t start = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +17,15 @@ namespace base {
 [[nodiscard]] std::string upper(std::string_view text);
 
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
+[[nodiscard]] bool startsIgnoringCase(std::string_view text, std::string_view start);
+[[nodiscard]] bool endsIgnoringCase(std::string_view text, std::string_view end);
+
+/// Whether one of these texts is the name, in any letter case.
+template <typename Texts>
+[[nodiscard]] bool holdsName(const Texts& texts, std::string_view name) {
+    return std::any_of(std::begin(texts), std::end(texts),
+                       [name](std::string_view text) { return equalIgnoringCase(text, name); });
+}
 
 /// Replaces every occurrence, left to right; what is put in is not looked at again.
 /// An empty `from` changes nothing.

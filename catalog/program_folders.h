@@ -3,7 +3,6 @@
 #include "base/file_name.h"
 #include "base/text.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -19,15 +18,12 @@ inline constexpr std::string_view installFolder = "Install.tmp";
 [[nodiscard]] inline bool isProgramsOwn(std::string_view name) {
     constexpr std::array<std::string_view, 8> own{helpFolder,  installFolder, "Tavorine", "Tavorine.exe",
                                                   "Start.ini", "Start.ect",   "Tmp.htm",  "Basket.dat"};
-    return std::any_of(own.begin(), own.end(),
-                       [&](std::string_view taken) { return base::equalIgnoringCase(name, taken); });
+    return base::holdsName(own, name);
 }
 
 /// Whether a supplier's folder, and so its zip, can have this name on every platform.
 [[nodiscard]] inline bool canNameSupplier(std::string_view name) {
-    constexpr std::string_view zip = ".zip";
-    const auto ending = name.substr(name.size() - std::min(name.size(), zip.size()));
-    return !isProgramsOwn(name) && !base::standsForAnother(name) && !base::equalIgnoringCase(ending, zip);
+    return !isProgramsOwn(name) && !base::standsForAnother(name) && !base::endsIgnoringCase(name, ".zip");
 }
 
 }

@@ -105,8 +105,7 @@ struct WorkFolder {
 };
 
 bool isOneOfOurs(const std::string& name, const std::string& marker) {
-    const auto same = [&](std::string_view ours) { return base::equalIgnoringCase(name, ours); };
-    return same(marker) || std::any_of(dataFiles.begin(), dataFiles.end(), same);
+    return base::equalIgnoringCase(name, marker) || base::holdsName(dataFiles, name);
 }
 
 }

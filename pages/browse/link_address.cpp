@@ -68,7 +68,7 @@ struct FilePart {
 
 FilePart withoutFilePrefix(std::string_view address) {
     constexpr std::string_view prefix = "file://";
-    if (!base::equalIgnoringCase(address.substr(0, prefix.size()), prefix))
+    if (!base::startsIgnoringCase(address, prefix))
         return {address, false};
     auto rest = address.substr(prefix.size());
     if (!rest.starts_with('/'))

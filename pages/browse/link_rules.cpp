@@ -22,12 +22,8 @@ std::filesystem::path asPath(std::string address) {
     return base::pathOf(address);
 }
 
-bool startsWithIgnoringCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && base::equalIgnoringCase(text.substr(0, start.size()), start);
-}
-
 bool isWebAddress(std::string_view address) {
-    return startsWithIgnoringCase(address, "http://") || startsWithIgnoringCase(address, "https://");
+    return base::startsIgnoringCase(address, "http://") || base::startsIgnoringCase(address, "https://");
 }
 
 bool namesPage(std::string_view name) {
@@ -87,7 +83,7 @@ LinkEnd LinkRules::follow(std::string_view encodedAddress) const {
 
 std::string_view LinkRules::behindFolder(std::string_view address) const {
     for (const auto& folder : m_folders)
-        if (startsWithIgnoringCase(address, folder))
+        if (base::startsIgnoringCase(address, folder))
             return address.substr(folder.size());
     return address;
 }

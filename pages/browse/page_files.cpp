@@ -17,9 +17,7 @@ constexpr std::array<std::string_view, 7> privateEndings = {".ini", ".dat", ".id
                                                             ".sup", ".zip", ".exe"};
 
 bool isPrivate(const fs::path& path) {
-    const auto ending = base::textOf(path.extension());
-    return std::any_of(privateEndings.begin(), privateEndings.end(),
-                       [&](std::string_view one) { return base::equalIgnoringCase(ending, one); });
+    return base::holdsName(privateEndings, base::textOf(path.extension()));
 }
 
 bool isInside(const fs::path& path, const fs::path& folder) {

@@ -29,11 +29,8 @@ bool matchesMask(std::string_view mask, const EntryPath& entry) {
     if (entry.isFolder || entry.path.find('/') != std::string::npos)
         return false;
     const auto name = base::fromUtf8(entry.path);
-    if (!mask.starts_with('*'))
-        return base::equalIgnoringCase(name, mask);
-    const auto ending = mask.substr(1);
-    return name.size() >= ending.size() &&
-           base::equalIgnoringCase(std::string_view(name).substr(name.size() - ending.size()), ending);
+    return mask.starts_with('*') ? base::endsIgnoringCase(name, mask.substr(1))
+                                 : base::equalIgnoringCase(name, mask);
 }
 
 }
