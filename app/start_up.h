@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/catalog_zips.h"
-#include "app/password.h"
+#include "app/passwords.h"
 #include "app/session.h"
 #include "app/supplier.h"
 #include "app/welcome_window.h"
