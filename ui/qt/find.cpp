@@ -59,9 +59,9 @@ void Find::nameControls() {
     m_cancel->setObjectName("cbCancel");
     nameTick(m_code, ParameterText::codeCaption, "Code");
     nameTick(m_description, ParameterText::descriptionCaption, "Description");
-    nameTick(m_other, ParameterText::extraCaption, "Other");
-    // A catalogue without the extra column shows no box for it; what was ticked is searched all the same.
-    m_other->setVisible(!m_parameters.text(ParameterText::extraCaption).empty());
+    nameTick(m_other, ParameterText::otherCaption, "Other");
+    // A catalogue without the Other column shows no box for it; what was ticked is searched all the same.
+    m_other->setVisible(!m_parameters.text(ParameterText::otherCaption).empty());
     m_next->setDefault(true);
 }
 
