@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/catalog_zips.h"
-#include "app/password.h"
+#include "app/marker_files.h"
+#include "app/passwords.h"
 #include "app/session.h"
-#include "app/supplier.h"
 #include "app/welcome_window.h"
 #include "platform/archive.h"
 #include "platform/browser.h"

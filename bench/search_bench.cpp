@@ -32,7 +32,7 @@ void search(benchmark::State& state) {
     state.SetLabel(phrase);
     const auto& table = products();
     for (auto _ : state)
-        if (ui::findRow(table, phrase, allColumns, 0, ui::Direction::down))
+        if (ui::searchProducts(table, phrase, allColumns, 0, ui::Direction::down))
             state.SkipWithError("found");
 }
 
@@ -40,7 +40,7 @@ void searchUpwards(benchmark::State& state) {
     const auto* phrase = absentPhrases.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(phrase);
     for (auto _ : state)
-        if (ui::findRow(products(), phrase, allColumns, rows - 1, ui::Direction::up))
+        if (ui::searchProducts(products(), phrase, allColumns, rows - 1, ui::Direction::up))
             state.SkipWithError("found");
 }
 
@@ -48,7 +48,7 @@ void searchUpwards(benchmark::State& state) {
 void firstSearch(benchmark::State& state) {
     for (auto _ : state) {
         const catalog::ProductTable table(bench::largeCatalog(rows) / catalog::productsFile);
-        if (ui::findRow(table, "washer", allColumns, 0, ui::Direction::down))
+        if (ui::searchProducts(table, "washer", allColumns, 0, ui::Direction::down))
             state.SkipWithError("found");
     }
 }
@@ -56,7 +56,7 @@ void firstSearch(benchmark::State& state) {
 // Every record has the phrase, but in a column that is not searched.
 void searchInTheOtherColumn(benchmark::State& state) {
     for (auto _ : state)
-        if (ui::findRow(products(), "bolt", {true, false, true}, 0, ui::Direction::down))
+        if (ui::searchProducts(products(), "bolt", {true, false, true}, 0, ui::Direction::down))
             state.SkipWithError("found");
 }
 

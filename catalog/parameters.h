@@ -26,7 +26,7 @@ enum class ParameterText : std::size_t {
     supplierWeb,
     codeCaption,
     descriptionCaption,
-    extraCaption,
+    otherCaption,
     taxName,
     priceCaption,
     currency

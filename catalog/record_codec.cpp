@@ -23,11 +23,11 @@ void putHeader(std::span<std::byte> record, const ParameterValues& values) {
     put(record, Header::taxSwitchField, values.chargesTax ? 'Y' : 'N');
     base::writeNumber<std::uint16_t>(record, Header::optionBytesOffset, 0);
     base::writeNumber<std::uint8_t>(record, Header::orderGridSwitchOffset,
-                                    values.orderGridHasExtraColumn ? 1 : 0);
+                                    values.orderGridHasOtherColumn ? 1 : 0);
     base::writeNumber(record, Header::quantityDecimalsOffset,
                       static_cast<std::uint8_t>(values.quantityDecimals));
     put(record, Header::versionField, values.version);
-    put(record, Header::extraColumnAlignmentField, values.extraColumnAlignment);
+    put(record, Header::otherColumnAlignmentField, values.otherColumnAlignment);
 }
 
 }

@@ -21,10 +21,10 @@ struct ParameterValues {
     std::string resetPassword;
     char groupPageStyle = 'I';
     bool chargesTax = true;
-    bool orderGridHasExtraColumn = true;
+    bool orderGridHasOtherColumn = true;
     int quantityDecimals = 0;
     std::string version;
-    char extraColumnAlignment = 'L';
+    char otherColumnAlignment = 'L';
     std::array<std::string, Parameters::recordCount + 1> texts; ///< by record number; 0 and 1 unused
 
     [[nodiscard]] std::string& text(ParameterText which) { return texts.at(static_cast<std::size_t>(which)); }

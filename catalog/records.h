@@ -34,7 +34,7 @@ public:
     static constexpr std::size_t orderGridSwitchOffset = 27;
     static constexpr std::size_t quantityDecimalsOffset = 28;
     static constexpr TextField versionField{29, 5};
-    static constexpr TextField extraColumnAlignmentField{35, 1};
+    static constexpr TextField otherColumnAlignmentField{35, 1};
     static constexpr int mostQuantityDecimals = 4;
 
     explicit ParameterHeader(RecordBytes bytes) : m_bytes(bytes) {}
@@ -49,7 +49,7 @@ public:
 
     [[nodiscard]] char taxSwitch() const { return text(taxSwitchField)[0]; }
 
-    [[nodiscard]] bool orderGridHasExtraColumn() const {
+    [[nodiscard]] bool orderGridHasOtherColumn() const {
         return base::readNumber<std::uint8_t>(m_bytes, orderGridSwitchOffset) != 0;
     }
 
@@ -60,7 +60,7 @@ public:
     [[nodiscard]] std::string_view version() const { return text(versionField); }
 
     /// "L", "R" or anything else for centred.
-    [[nodiscard]] char extraColumnAlignment() const { return text(extraColumnAlignmentField)[0]; }
+    [[nodiscard]] char otherColumnAlignment() const { return text(otherColumnAlignmentField)[0]; }
 
 private:
     [[nodiscard]] std::string_view text(TextField field) const {

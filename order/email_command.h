@@ -1,6 +1,6 @@
 #pragma once
 
-#include "order/order_document.h"
+#include "order/order_writer.h"
 #include "platform/mailer.h"
 #include "platform/message_box.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/records.h"
-#include "publish/source.h"
+#include "publish/catalog_source.h"
 
 #include <array>
 #include <cstddef>

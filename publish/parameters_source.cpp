@@ -33,7 +33,7 @@ constexpr std::array textKeys{
     TextKey{"Web", ParameterText::supplierWeb},
     TextKey{"Code caption", ParameterText::codeCaption},
     TextKey{"Description caption", ParameterText::descriptionCaption},
-    TextKey{"Extra caption", ParameterText::extraCaption},
+    TextKey{"Extra caption", ParameterText::otherCaption},
     TextKey{"Tax name", ParameterText::taxName},
     TextKey{"Price caption", ParameterText::priceCaption},
     TextKey{"Currency", ParameterText::currency},
@@ -107,11 +107,11 @@ const std::array otherKeys{
              }},
     OtherKey{"Extra alignment", "left, right or centre",
              [](ParametersSource& s, const std::string& text) {
-                 return set(s.values.extraColumnAlignment, text, {"Left", "Right", "Centre"});
+                 return set(s.values.otherColumnAlignment, text, {"Left", "Right", "Centre"});
              }},
     OtherKey{"Extra in order", "yes or no",
              [](ParametersSource& s, const std::string& text) {
-                 return set(s.values.orderGridHasExtraColumn, text);
+                 return set(s.values.orderGridHasOtherColumn, text);
              }},
 };
 

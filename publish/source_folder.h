@@ -1,7 +1,7 @@
 #pragma once
 
+#include "publish/catalog_source.h"
 #include "publish/complaint.h"
-#include "publish/source.h"
 
 #include <filesystem>
 #include <string>

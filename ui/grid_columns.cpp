@@ -7,7 +7,7 @@ namespace ui {
 namespace {
 
 constexpr int codeWidth = 16;
-constexpr int extraColumnWidth = 12;
+constexpr int otherColumnWidth = 12;
 constexpr int totalExtraWidth = 2;
 
 struct Alignments {
@@ -15,7 +15,7 @@ struct Alignments {
     Alignment text;
 };
 
-Alignments extraColumnAlignments(char letter) {
+Alignments otherColumnAlignments(char letter) {
     switch (letter) {
     case 'L':
         return {Alignment::left, Alignment::left};
@@ -31,9 +31,9 @@ Alignments extraColumnAlignments(char letter) {
 std::vector<Column> productColumns(const catalog::Parameters& parameters) {
     using catalog::ParameterText;
     using enum Alignment;
-    const auto& extra = parameters.text(ParameterText::extraCaption);
+    const auto& other = parameters.text(ParameterText::otherCaption);
     const auto& taxName = parameters.text(ParameterText::taxName);
-    const auto extraAlign = extraColumnAlignments(parameters.header().extraColumnAlignment());
+    const auto alignments = otherColumnAlignments(parameters.header().otherColumnAlignment());
     const int quantityDecimals = parameters.header().quantityDecimals();
     const int narrowestQuantity = 4 + (quantityDecimals > 0 ? 1 + quantityDecimals : 0);
 
@@ -42,7 +42,7 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
         {Field::mark, "+*", 3, 3, centred, centred, -1, true},
         {Field::code, parameters.text(ParameterText::codeCaption), codeWidth, 12, left, left, -1, true},
         {Field::description, parameters.text(ParameterText::descriptionCaption), 0, 16, left, left, -1, true},
-        {Field::other, extra, extraColumnWidth, 6, extraAlign.header, extraAlign.text, -1, !extra.empty()}};
+        {Field::other, other, otherColumnWidth, 6, alignments.header, alignments.text, -1, !other.empty()}};
     if (parameters.chargesTax())
         columns.push_back({Field::taxRate, taxName + "%", 11, 6, right, right, 2, true});
     columns.push_back(
@@ -55,7 +55,7 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
 
 std::vector<Column> orderColumns(const catalog::Parameters& parameters) {
     auto columns = productColumns(parameters);
-    if (!parameters.header().orderGridHasExtraColumn())
+    if (!parameters.header().orderGridHasOtherColumn())
         std::erase_if(columns, [](const Column& column) { return column.field == Field::other; });
     return columns;
 }

@@ -27,7 +27,7 @@ struct Column {
 /// The columns of `ctGrid1`, from the left; a column's number is its index.
 [[nodiscard]] std::vector<Column> productColumns(const catalog::Parameters& parameters);
 
-/// The columns of `ctGrid2`: the same, without the extra column where the catalogue's switch says so.
+/// The columns of `ctGrid2`: the same, without the Other column where the catalogue's switch says so.
 [[nodiscard]] std::vector<Column> orderColumns(const catalog::Parameters& parameters);
 
 /// A column's width as it should be and as it may become at worst, in pixels. The one that takes what is left

@@ -71,8 +71,8 @@ private:
 
 }
 
-std::optional<std::int32_t> findRow(const ProductTable& products, std::string_view phrase,
-                                    SearchedColumns columns, std::int32_t start, Direction direction) {
+std::optional<std::int32_t> searchProducts(const ProductTable& products, std::string_view phrase,
+                                           SearchedColumns columns, std::int32_t start, Direction direction) {
     const auto wanted = base::upper(base::trim(phrase));
     if (columns == SearchedColumns{} || wanted.size() > ProductRecord::textField.width)
         return std::nullopt;

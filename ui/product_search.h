@@ -23,8 +23,8 @@ enum class Direction { down, up };
 /// the other end, that has the phrase in one of the columns. Rows count from 0; a start outside the grid
 /// finds none. Letter case and blanks around the phrase do not count. An empty phrase stands in every cell
 /// that is not empty. The texts are those that the cells show, searched where they lie in the file.
-[[nodiscard]] std::optional<std::int32_t> findRow(const catalog::ProductTable& products,
-                                                  std::string_view phrase, SearchedColumns columns,
-                                                  std::int32_t start, Direction direction);
+[[nodiscard]] std::optional<std::int32_t> searchProducts(const catalog::ProductTable& products,
+                                                         std::string_view phrase, SearchedColumns columns,
+                                                         std::int32_t start, Direction direction);
 
 }

@@ -15,7 +15,7 @@ void Search::previous(const SearchQuery& query) {
 }
 
 void Search::run(const SearchQuery& query, std::int32_t start, Direction direction) {
-    const auto row = findRow(m_products, query.phrase, query.columns, start, direction);
+    const auto row = searchProducts(m_products, query.phrase, query.columns, start, direction);
     m_products.requireWhole();
     if (row)
         m_grid.setCurrentRow(*row);

@@ -1,5 +1,5 @@
 #include "app/catalog_zips.h"
-#include "app/supplier.h"
+#include "app/marker_files.h"
 #include "base/errors.h"
 #include "tests/app/start_up_fixture.h"
 #include "tests/support/file_system.h"

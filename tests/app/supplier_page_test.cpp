@@ -1,3 +1,4 @@
+#include "app/marker_files.h"
 #include "app/supplier_page.h"
 #include "base/errors.h"
 #include "tests/app/start_up_fixture.h"

@@ -46,10 +46,10 @@ TEST_F(ParameterFile, TheHeaderIsReadFieldByField) {
     EXPECT_EQ(header.groupPageStyle(), 'I');
     EXPECT_EQ(header.taxSwitch(), 'N');
     EXPECT_FALSE(parameters.chargesTax());
-    EXPECT_TRUE(header.orderGridHasExtraColumn());
+    EXPECT_TRUE(header.orderGridHasOtherColumn());
     EXPECT_EQ(header.quantityDecimals(), 4) << "the most there is";
     EXPECT_EQ(header.version(), "00 12");
-    EXPECT_EQ(header.extraColumnAlignment(), 'R');
+    EXPECT_EQ(header.otherColumnAlignment(), 'R');
 }
 
 TEST_F(ParameterFile, TheTextsStandInTheOrderOfTheirRecords) {

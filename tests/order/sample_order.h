@@ -2,7 +2,7 @@
 
 #include "base/files.h"
 #include "catalog/catalog.h"
-#include "order/order_document.h"
+#include "order/order_writer.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
 

@@ -57,10 +57,10 @@ TEST_F(DataFiles, EveryFieldComesBack) {
     values.resetPassword = "again";
     values.groupPageStyle = 'T';
     values.chargesTax = false;
-    values.orderGridHasExtraColumn = false;
+    values.orderGridHasOtherColumn = false;
     values.quantityDecimals = 3;
     values.version = "00042";
-    values.extraColumnAlignment = 'R';
+    values.otherColumnAlignment = 'R';
     values.text(ParameterText::supplierName) = std::string(40, 'n');
     values.text(ParameterText::currency) = "\x80";
     source.contents.groups[1].products[1] = {.code = "d4",
@@ -77,10 +77,10 @@ TEST_F(DataFiles, EveryFieldComesBack) {
     EXPECT_EQ(header.resetPassword(), "AGAIN");
     EXPECT_EQ(header.groupPageStyle(), 'T');
     EXPECT_FALSE(catalog.parameters.chargesTax());
-    EXPECT_FALSE(header.orderGridHasExtraColumn());
+    EXPECT_FALSE(header.orderGridHasOtherColumn());
     EXPECT_EQ(header.quantityDecimals(), 3);
     EXPECT_EQ(header.version(), "00042");
-    EXPECT_EQ(header.extraColumnAlignment(), 'R');
+    EXPECT_EQ(header.otherColumnAlignment(), 'R');
     EXPECT_EQ(catalog.parameters.text(ParameterText::supplierName), std::string(40, 'n'));
     EXPECT_EQ(catalog.parameters.text(ParameterText::currency), "\x80");
 

@@ -92,7 +92,7 @@ TEST(ParametersSource, KeysFillTheirFields) {
     EXPECT_EQ(source.values.text(catalog::ParameterText::currency), "\x80");
     EXPECT_FALSE(source.values.chargesTax);
     EXPECT_EQ(source.values.quantityDecimals, 2);
-    EXPECT_EQ(source.values.extraColumnAlignment, 'R');
+    EXPECT_EQ(source.values.otherColumnAlignment, 'R');
     EXPECT_EQ(source.values.groupPageStyle, 'T');
     EXPECT_EQ(source.values.version, "00007");
 }

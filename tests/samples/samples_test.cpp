@@ -114,11 +114,11 @@ TEST(Samples, OneChargesTaxAndTakesFaxesTheOtherNeither) {
     const auto hardware = parameters("ORRENDALE.zip");
     EXPECT_TRUE(hardware.chargesTax());
     EXPECT_NE(hardware.text(ParameterText::supplierFax), "");
-    EXPECT_NE(hardware.text(ParameterText::extraCaption), "");
+    EXPECT_NE(hardware.text(ParameterText::otherCaption), "");
     const auto groceries = parameters("SONDERHAVEN.zip");
     EXPECT_FALSE(groceries.chargesTax());
     EXPECT_EQ(groceries.text(ParameterText::supplierFax), "");
-    EXPECT_EQ(groceries.text(ParameterText::extraCaption), "");
+    EXPECT_EQ(groceries.text(ParameterText::otherCaption), "");
     EXPECT_EQ(groceries.text(ParameterText::supplierName), "S\xF8nderhaven & Fr\xE8res");
 }
 

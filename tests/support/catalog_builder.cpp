@@ -32,9 +32,9 @@ std::string parametersOf(const CatalogBuilder& catalog) {
     file.put(Header::versionField, catalog.version);
     file.put(22, catalog.groupPageStyle);
     file.put(24, catalog.taxSwitch);
-    base::writeNumber<std::uint8_t>(file.span(), 27, catalog.orderGridHasExtraColumn ? 1 : 0);
+    base::writeNumber<std::uint8_t>(file.span(), 27, catalog.orderGridHasOtherColumn ? 1 : 0);
     base::writeNumber<std::uint8_t>(file.span(), 28, catalog.quantityDecimals);
-    file.put(35, catalog.extraColumnAlignment);
+    file.put(35, catalog.otherColumnAlignment);
     for (const auto& [which, text] : catalog.texts)
         file.put({(static_cast<std::size_t>(which) - 1) * Header::length, Header::length}, text);
     return file.bytes;

@@ -47,9 +47,9 @@ struct CatalogBuilder {
     std::string version = "00001";
     char groupPageStyle = 'I';
     char taxSwitch = 'Y';
-    bool orderGridHasExtraColumn = false;
+    bool orderGridHasOtherColumn = false;
     std::uint8_t quantityDecimals = 0;
-    char extraColumnAlignment = 'L';
+    char otherColumnAlignment = 'L';
     std::vector<Product> products;
     std::vector<Group> groups;
 

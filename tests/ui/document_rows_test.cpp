@@ -7,12 +7,12 @@
 namespace {
 
 TEST(DocumentRows, HoldTheCellsOfTheColumnsThatTheOrderGridHas) {
-    for (const bool extraColumn : {false, true}) {
+    for (const bool otherColumn : {false, true}) {
         for (const char taxSwitch : {'Y', 'N'}) {
             const auto folder = support::testFolder();
             support::CatalogBuilder builder;
             builder.taxSwitch = taxSwitch;
-            builder.orderGridHasExtraColumn = extraColumn;
+            builder.orderGridHasOtherColumn = otherColumn;
             builder.products = {{"H1\nHammer\nsteel", 10, 12.5F}};
             builder.groups = {{"All", 1}};
             builder.writeTo(folder);
@@ -24,7 +24,7 @@ TEST(DocumentRows, HoldTheCellsOfTheColumnsThatTheOrderGridHas) {
             EXPECT_EQ(rows[0].quantity, "1.5");
             EXPECT_EQ(rows[0].code, "H1");
             EXPECT_EQ(rows[0].description, "Hammer");
-            EXPECT_EQ(rows[0].other, extraColumn ? "steel" : "");
+            EXPECT_EQ(rows[0].other, otherColumn ? "steel" : "");
             EXPECT_EQ(rows[0].taxRate, taxed ? "12.50" : "");
             EXPECT_EQ(rows[0].price, "10.00");
             EXPECT_EQ(rows[0].tax, taxed ? "1.88" : "");

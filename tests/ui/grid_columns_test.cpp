@@ -54,7 +54,7 @@ TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
                                      Field::other, Field::price, Field::total}));
 }
 
-TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet) {
+TEST_F(MainWindowParts, TheOrderGridLeavesTheOtherColumnOutUnlessItsSwitchIsSet) {
     const auto numberOf = [&](Field field) {
         const auto columns = ui::orderColumns(parameters());
         return std::find_if(columns.begin(), columns.end(),
@@ -66,14 +66,14 @@ TEST_F(MainWindowParts, TheOrderGridLeavesTheExtraColumnOutUnlessItsSwitchIsSet)
     builder.taxSwitch = 'N';
     EXPECT_EQ(numberOf(Field::price), 4);
     EXPECT_EQ(numberOf(Field::total), 5);
-    builder.orderGridHasExtraColumn = true;
+    builder.orderGridHasOtherColumn = true;
     EXPECT_EQ(numberOf(Field::other), 4);
     EXPECT_EQ(numberOf(Field::total), 6);
 }
 
-TEST_F(MainWindowParts, TheExtraColumnShowsOnlyWithACaptionAndAlignsByItsLetter) {
+TEST_F(MainWindowParts, TheOtherColumnShowsOnlyWithACaptionAndAlignsByItsLetter) {
     EXPECT_FALSE(ui::productColumns(parameters())[4].shown);
-    builder.texts[ParameterText::extraCaption] = "Pack";
+    builder.texts[ParameterText::otherCaption] = "Pack";
 
     const struct {
         char letter;
@@ -84,7 +84,7 @@ TEST_F(MainWindowParts, TheExtraColumnShowsOnlyWithACaptionAndAlignsByItsLetter)
                  {'l', Alignment::centred, Alignment::centred}};
 
     for (const auto& c : cases) {
-        builder.extraColumnAlignment = c.letter;
+        builder.otherColumnAlignment = c.letter;
         const auto column = ui::productColumns(parameters())[4];
         EXPECT_TRUE(column.shown);
         EXPECT_EQ(column.header, c.header) << c.letter;

@@ -102,10 +102,10 @@ TEST(ProductSearch, EqualsAPlainSearchRowByRow) {
             const auto mask = random.below(8);
             const SearchedColumns columns{(mask & 1) != 0, (mask & 2) != 0, (mask & 4) != 0};
             const auto start = static_cast<std::int32_t>(random.below(count + 3)) - 1;
-            const auto down = ui::findRow(products, phrase, columns, start, Direction::down);
+            const auto down = ui::searchProducts(products, phrase, columns, start, Direction::down);
             ASSERT_EQ(down, plainSearch(products, phrase, columns, start, 1))
                 << phrase << mask << " " << start;
-            const auto up = ui::findRow(products, phrase, columns, start, Direction::up);
+            const auto up = ui::searchProducts(products, phrase, columns, start, Direction::up);
             ASSERT_EQ(up, plainSearch(products, phrase, columns, start, -1))
                 << phrase << mask << " " << start;
             found += down.has_value() ? 1 : 0;
@@ -162,7 +162,8 @@ TEST(ProductSearch, LooksIntoCellsAndNowhereElse) {
     };
 
     for (const auto& c : cases)
-        EXPECT_EQ(ui::findRow(products, c.phrase, c.columns, c.start, Direction::down), c.row) << c.what;
+        EXPECT_EQ(ui::searchProducts(products, c.phrase, c.columns, c.start, Direction::down), c.row)
+            << c.what;
 }
 
 }

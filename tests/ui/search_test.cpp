@@ -2,8 +2,8 @@
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
-#include "ui/find_settings.h"
 #include "ui/search.h"
+#include "ui/search_settings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -73,17 +73,17 @@ TEST_F(SearchTest, GoesOnFromTheCurrentRowWithoutBeginningAgain) {
 TEST_F(SearchTest, SettingsAreReadLenientlyAndWrittenOneByOne) {
     const auto path = folder / "User.ini";
     const catalog::SettingsFile settings(path);
-    EXPECT_EQ(ui::readFindSettings(settings).columns, ui::SearchedColumns());
+    EXPECT_EQ(ui::readSearchSettings(settings).columns, ui::SearchedColumns());
     base::replaceFile(path, "[Find]\r\nLeft= -12.5x\r\nTop=\r\nCode= 1\r\nDesc=yes\r\nOther=1\r\n");
-    const auto read = ui::readFindSettings(settings);
+    const auto read = ui::readSearchSettings(settings);
     EXPECT_EQ(read.left, -12.5F);
     EXPECT_EQ(read.top, 0);
     EXPECT_EQ(read.columns, (ui::SearchedColumns{true, false, true}));
 
     base::replaceFile(path, "");
-    ui::saveFindTick("Desc", true, settings);
+    ui::saveSearchTick("Desc", true, settings);
     EXPECT_EQ(base::readFile(path), "[Find]\r\nDesc=1\r\n");
-    ui::saveFindSettings({100, -7, {true, false, true}}, settings);
+    ui::saveSearchSettings({100, -7, {true, false, true}}, settings);
     EXPECT_EQ(base::readFile(path), "[Find]\r\nDesc=0\r\nLeft= 100\r\nTop=-7\r\nCode=1\r\nOther=1\r\n");
 }
 

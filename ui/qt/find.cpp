@@ -59,9 +59,9 @@ void Find::nameControls() {
     m_cancel->setObjectName("cbCancel");
     nameTick(m_code, ParameterText::codeCaption, "Code");
     nameTick(m_description, ParameterText::descriptionCaption, "Description");
-    nameTick(m_other, ParameterText::extraCaption, "Other");
-    // A catalogue without the extra column shows no box for it; what was ticked is searched all the same.
-    m_other->setVisible(!m_parameters.text(ParameterText::extraCaption).empty());
+    nameTick(m_other, ParameterText::otherCaption, "Other");
+    // A catalogue without the Other column shows no box for it; what was ticked is searched all the same.
+    m_other->setVisible(!m_parameters.text(ParameterText::otherCaption).empty());
     m_next->setDefault(true);
 }
 
@@ -100,7 +100,7 @@ void Find::connectControls() {
     connect(m_cancel, &QPushButton::clicked, this, &Find::reject);
     const auto saveTick = [this](QCheckBox* tick, const char* key) {
         connect(tick, &QCheckBox::clicked, this,
-                m_guard([this, key](bool ticked) { saveFindTick(key, ticked, m_userSettings); }));
+                m_guard([this, key](bool ticked) { saveSearchTick(key, ticked, m_userSettings); }));
     };
     saveTick(m_code, "Code");
     saveTick(m_description, "Desc");
@@ -147,7 +147,7 @@ void Find::searchPrevious() {
 }
 
 void Find::restore() {
-    const auto settings = readFindSettings(m_userSettings);
+    const auto settings = readSearchSettings(m_userSettings);
     m_code->setChecked(settings.columns.code);
     m_description->setChecked(settings.columns.description);
     m_other->setChecked(settings.columns.other);
@@ -159,7 +159,7 @@ void Find::restore() {
 }
 
 void Find::save() const {
-    saveFindSettings({static_cast<float>(x()), static_cast<float>(y()), ticks()}, m_userSettings);
+    saveSearchSettings({static_cast<float>(x()), static_cast<float>(y()), ticks()}, m_userSettings);
 }
 
 void Find::stepAside() {

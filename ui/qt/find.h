@@ -2,9 +2,9 @@
 
 #include "catalog/catalog.h"
 #include "catalog/settings_file.h"
-#include "ui/find_settings.h"
 #include "ui/qt/widgets/guard.h"
 #include "ui/search.h"
+#include "ui/search_settings.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -42,7 +42,7 @@ protected:
     FindTest() {
         builder.texts = {{ParameterText::codeCaption, "Part & no."},
                          {ParameterText::descriptionCaption, "Article"},
-                         {ParameterText::extraCaption, "Size"}};
+                         {ParameterText::otherCaption, "Size"}};
         builder.products = {
             {.text = "B1\nBolt\nM6"}, {.text = "N1\nNut\nM8"}, {.text = "B2\nBolt\nM8 &#960;"}};
     }
@@ -162,7 +162,7 @@ TEST_F(FindTest, IsLabelledByTheCatalogue) {
 
 TEST_F(FindTest, SearchesTheHiddenColumnThatWasTickedOnce) {
     write("Other=1\r\n");
-    builder.texts.erase(ParameterText::extraCaption);
+    builder.texts.erase(ParameterText::otherCaption);
     start();
     open();
     EXPECT_FALSE(control<QCheckBox>("cbOther")->isVisible());

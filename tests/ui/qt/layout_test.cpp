@@ -33,7 +33,7 @@ protected:
         QApplication::setFont(font);
         writeFile("Start.ini", "[Email]\r\nStatus=Yes\r\n");
         catalog.texts[ParameterText::taxName] = "Goods and Services Tax (GST)";
-        catalog.texts[ParameterText::extraCaption] = "Pack";
+        catalog.texts[ParameterText::otherCaption] = "Pack";
         catalog.products[2].price = 12345.67F;
         catalog.quantityDecimals = 2;
     }

@@ -62,7 +62,7 @@ void readAll(const catalog::Catalog& opened) {
     }
     static_cast<void>(kept);
     EXPECT_FALSE(
-        ui::findRow(opened.products, "nothing has this", {true, true, true}, 0, ui::Direction::down));
+        ui::searchProducts(opened.products, "nothing has this", {true, true, true}, 0, ui::Direction::down));
 }
 
 TEST_F(ShrinkingFiles, AreReadAsZerosAndCountAsDamagedForGood) {

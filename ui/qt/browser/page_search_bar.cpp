@@ -23,14 +23,14 @@ PageSearchBar::PageSearchBar(PageBrowser& browser, QWidget* parent)
         button->setAccessibleName(name);
         button->setToolTip(name);
         button->setAutoRaise(true);
-        connect(button, &QToolButton::clicked, this, [this, backward] { find(backward); });
+        connect(button, &QToolButton::clicked, this, [this, backward] { search(backward); });
         layout->addWidget(button);
     };
     addButton(Qt::UpArrow, "Previous place (Shift+Enter)", true);
     addButton(Qt::DownArrow, "Next place (Enter)", false);
     layout->addWidget(m_result);
     layout->addStretch(1);
-    connect(m_text, &QLineEdit::textChanged, this, [this] { find(false); });
+    connect(m_text, &QLineEdit::textChanged, this, [this] { search(false); });
     hide();
 }
 
@@ -40,7 +40,7 @@ void PageSearchBar::open() {
     m_text->selectAll();
 }
 
-void PageSearchBar::find(bool backward) {
+void PageSearchBar::search(bool backward) {
     auto* view = m_browser.view();
     if (!view)
         return;
@@ -58,7 +58,7 @@ void PageSearchBar::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        find(event->modifiers().testFlag(Qt::ShiftModifier));
+        search(event->modifiers().testFlag(Qt::ShiftModifier));
     else
         QWidget::keyPressEvent(event);
 }

@@ -8,7 +8,7 @@
 
 namespace ui::qt {
 
-/// A strip for finding text on the page that is up: Enter and Shift+Enter go on, Escape closes it.
+/// A strip for searching for text on the page that is up: Enter and Shift+Enter go on, Escape closes it.
 class PageSearchBar final : public QWidget {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void find(bool backward);
+    void search(bool backward);
     void close();
 
     PageBrowser& m_browser;

@@ -126,8 +126,8 @@ void HelpWindow::addPageCommands() {
          addCommand("&Smaller", QKeySequence("Ctrl+-"), zoom(-1)),
          addCommand("&Normal size", QKeySequence("Ctrl+0"), [this] { m_browser->setZoom(1); })});
     addCommand("Search", QKeySequence("Ctrl+F"), [this] { m_contents->focusSearch(); });
-    addCommand("Next place", QKeySequence("F3"), [this] { findMarked(false); });
-    addCommand("Previous place", QKeySequence("Shift+F3"), [this] { findMarked(true); });
+    addCommand("Next place", QKeySequence("F3"), [this] { searchMarked(false); });
+    addCommand("Previous place", QKeySequence("Shift+F3"), [this] { searchMarked(true); });
     addCommand("Close", QKeySequence("Esc"), [this] { close(); });
 }
 
@@ -141,7 +141,7 @@ void HelpWindow::connectParts() {
             }));
     connect(m_contents, &HelpContents::searchCleared, this, m_guard([this] {
                 m_marked.clear();
-                findMarked(false);
+                searchMarked(false);
             }));
     connect(m_browser, &PageBrowser::loaded, this, m_guard([this] { arrive(); }));
     connect(m_browser, &PageBrowser::backAsked, this, m_guard([this] { step(-1); }));
@@ -231,7 +231,7 @@ void HelpWindow::leave() {
 
 void HelpWindow::arrive() {
     scrollToPlace(mostScrollTries);
-    findMarked(false);
+    searchMarked(false);
 }
 
 // A refused link's own end can be told as the page's, before that has replaced the one before; so the script
@@ -270,7 +270,7 @@ void HelpWindow::followJump(const QUrl& address) {
     showWhereWeAre();
 }
 
-void HelpWindow::findMarked(bool backward) {
+void HelpWindow::searchMarked(bool backward) {
     if (auto* view = m_browser->view())
         view->findText(m_marked, backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
 }

@@ -52,7 +52,7 @@ private:
 
     void followLink(const QUrl& address, bool clicked);
     void followJump(const QUrl& address);
-    void findMarked(bool backward);
+    void searchMarked(bool backward);
 
     Guard& m_guard;
     std::filesystem::path m_folder;

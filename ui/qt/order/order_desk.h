@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/session.h"
-#include "order/order_document.h"
+#include "order/order_writer.h"
 #include "pages/scratch_page.h"
 #include "platform/mailer.h"
 #include "ui/qt/print/order_printer.h"

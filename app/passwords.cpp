@@ -1,4 +1,4 @@
-#include "app/password.h"
+#include "app/passwords.h"
 
 #include "base/text.h"
 

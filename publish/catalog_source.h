@@ -12,7 +12,7 @@ namespace publish {
 struct Product {
     std::string code = {};
     std::string description = {};
-    std::string other = {};           ///< the extra column
+    std::string other = {};           ///< the Other column
     std::string picture = {};         ///< file name; empty means the code with ".Jpg"
     std::string longDescription = {}; ///< lines parted by line feeds; empty means none
     float taxRate = 0;                ///< percent

@@ -1,4 +1,4 @@
-#include "order/order_document.h"
+#include "order/order_writer.h"
 
 #include "base/errors.h"
 #include "base/numbers.h"

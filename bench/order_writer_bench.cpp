@@ -1,10 +1,9 @@
 // The print page and the mail text of large orders, made by the program and by the template library
 // ctemplate from the same template and the same values. Both give the same bytes.
 
-#include "order/order_document.h"
-
 #include "base/text.h"
 #include "catalog/catalog.h"
+#include "order/order_writer.h"
 #include "tests/support/catalog_builder.h"
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,4 @@
-#include "ui/find_settings.h"
+#include "ui/search_settings.h"
 
 #include "base/numbers.h"
 
@@ -11,7 +11,7 @@ constexpr std::string_view section = "Find";
 
 }
 
-FindSettings readFindSettings(const catalog::SettingsFile& settings) {
+SearchSettings readSearchSettings(const catalog::SettingsFile& settings) {
     const auto number = [&](std::string_view key) { return base::parseNumber(settings.read(section, key)); };
     const auto ticked = [&](std::string_view key) { return std::nearbyint(number(key)) == 1; };
     return {static_cast<float>(number("Left")),
@@ -19,15 +19,15 @@ FindSettings readFindSettings(const catalog::SettingsFile& settings) {
             {ticked("Code"), ticked("Desc"), ticked("Other")}};
 }
 
-void saveFindSettings(const FindSettings& values, const catalog::SettingsFile& settings) {
+void saveSearchSettings(const SearchSettings& values, const catalog::SettingsFile& settings) {
     settings.write(section, "Left", base::settingsText(values.left));
     settings.write(section, "Top", base::settingsText(values.top));
-    saveFindTick("Code", values.columns.code, settings);
-    saveFindTick("Desc", values.columns.description, settings);
-    saveFindTick("Other", values.columns.other, settings);
+    saveSearchTick("Code", values.columns.code, settings);
+    saveSearchTick("Desc", values.columns.description, settings);
+    saveSearchTick("Other", values.columns.other, settings);
 }
 
-void saveFindTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings) {
+void saveSearchTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings) {
     settings.write(section, key, ticked ? "1" : "0");
 }
 

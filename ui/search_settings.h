@@ -6,17 +6,17 @@
 namespace ui {
 
 /// What the search window keeps from run to run (docs/file-formats.md, "Settings files").
-struct FindSettings {
+struct SearchSettings {
     /// The window's left and top edge in pixels; both 0 when it was never placed.
     float left = 0;
     float top = 0;
     SearchedColumns columns;
 };
 
-[[nodiscard]] FindSettings readFindSettings(const catalog::SettingsFile& settings);
-void saveFindSettings(const FindSettings& values, const catalog::SettingsFile& settings);
+[[nodiscard]] SearchSettings readSearchSettings(const catalog::SettingsFile& settings);
+void saveSearchSettings(const SearchSettings& values, const catalog::SettingsFile& settings);
 
 /// One tick, under its key: "Code", "Desc" or "Other".
-void saveFindTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings);
+void saveSearchTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings);
 
 }

@@ -1,6 +1,6 @@
 #include "base/errors.h"
 #include "base/text.h"
-#include "order/order_document.h"
+#include "order/order_writer.h"
 #include "tests/order/sample_order.h"
 
 #include <gmock/gmock.h>
