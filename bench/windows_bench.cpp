@@ -193,7 +193,7 @@ void openOrderView(benchmark::State& state) {
     auto* view = new ui::qt::OrderView(&views);
     views.addWidget(other);
     views.addWidget(view);
-    view->open(new ui::qt::OrderModel(catalog, ordering.grids(), view));
+    view->open(new ui::qt::OrderModel(catalog, ordering, view));
     views.resize(1000, 600);
     views.show();
     QApplication::processEvents();

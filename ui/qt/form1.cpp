@@ -105,10 +105,10 @@ void Form1::layOut() {
 void Form1::fill() {
     setWindowTitle(asTitle(toQt(m_catalog.parameters.text(ParameterText::catalogName))) + " - Tavorine");
     m_totals->open(m_catalog.parameters);
-    m_products = new ProductModel(m_catalog, m_ordering.grids(), this);
+    m_products = new ProductModel(m_catalog, m_ordering, this);
     m_catalogView->grid().open(m_products);
     m_catalogView->groupBoxes().open(m_groupLists);
-    m_orderView->open(new OrderModel(m_catalog, m_ordering.grids(), this));
+    m_orderView->open(new OrderModel(m_catalog, m_ordering, this));
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()}) {
         grid->columnWidths().choose(m_memory.columnWidths(columnsOf(*grid)));
         grid->showOnlyIf([this] { return m_catalog.isWhole(); });
@@ -244,7 +244,7 @@ ToolbarState Form1::toolbarToShow() const {
     if (const auto typed = m_catalogView->grid().typedQuantity())
         return m_ordering.toolbarOnceOrdered(typed->row + 1, typed->text);
     if (const auto typed = m_orderView->grid().typedQuantity()) {
-        const auto& row = m_ordering.grids().orderRows().at(static_cast<std::size_t>(typed->row));
+        const auto& row = m_ordering.orderRows().at(static_cast<std::size_t>(typed->row));
         return m_ordering.toolbarOnceOrdered(row.product(), typed->text);
     }
     return m_toolbarState;
@@ -327,8 +327,8 @@ void Form1::editProduct(int row, std::string_view text) {
 void Form1::editOrder(int row, std::string_view text) {
     const auto edit = m_ordering.editOrder(static_cast<std::size_t>(row), text);
     m_orderView->model().rowChanged(row);
-    if (edit)
-        m_products->rowChanged(edit->product - 1);
+    if (edit.product)
+        m_products->rowChanged(*edit.product - 1);
     showOrder();
 }
 
@@ -406,7 +406,7 @@ order::OrderContents Form1::orderContents() {
             fromQt(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat)),
             m_ordering.basket().taxStatus(),
             m_ordering.basket().totals(),
-            documentRows(m_catalog, m_ordering.grids().orderRows())};
+            documentRows(m_catalog, m_ordering.orderRows())};
 }
 
 bool Form1::takePending() {
