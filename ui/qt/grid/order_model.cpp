@@ -9,9 +9,8 @@ OrderModel::OrderModel(const catalog::Catalog& catalog, const Ordering& ordering
       m_products(catalog.products),
       m_ordering(ordering) {}
 
-void OrderModel::refill(const std::function<void()>& fill) {
+void OrderModel::refilled() {
     beginResetModel();
-    fill();
     endResetModel();
 }
 

@@ -14,8 +14,8 @@ class OrderModel final : public GridModel {
 public:
     OrderModel(const catalog::Catalog& catalog, const Ordering& ordering, QObject* parent);
 
-    /// Calls what puts other rows in place of those there are.
-    void refill(const std::function<void()>& fill);
+    /// Other rows stand in place of those that there were.
+    void refilled();
 
     [[nodiscard]] bool takesQuantity(int) const override { return true; }
 
