@@ -20,17 +20,6 @@ using catalog::ParameterText;
 constexpr int bannerHeight = 88; // of its page, which grows with the screen's scaling and not with the font
 constexpr QSize designedSize{1000, 720};
 
-// The basket of a new order is started between the products and the groups, as every load does.
-catalog::Catalog open(const app::Session& session, std::optional<order::BasketFile>& basket,
-                      platform::PositionedFile& basketOnDisk, platform::MessageBox& messages) {
-    const auto file = [&](std::string_view name) { return base::filePath(session.folders.DataFolder, name); };
-    catalog::Parameters parameters(file(catalog::parametersFile));
-    catalog::ProductTable products(file(catalog::productsFile));
-    basket.emplace(session.folders.UserFolder, basketOnDisk, messages);
-    return {std::move(parameters), std::move(products), catalog::GroupTable(file(catalog::groupsFile)),
-            catalog::CodeIndex(file(catalog::indexFile)), catalog::MemoFile(file(catalog::memosFile))};
-}
-
 ToolbarState openingToolbarOf(const app::Session& session, const catalog::Parameters& parameters) {
     const catalog::SettingsFile startSettings(
         base::filePath(session.folders.ProgramFolder, catalog::startSettingsFile));
@@ -48,7 +37,9 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
     : m_session(session),
       m_guard(guard),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
-      m_catalog(open(session, m_basketFile, m_basketOnDisk, messages)),
+      m_catalog(catalog::openCatalog(
+          session.folders.DataFolder,
+          [&] { m_basketFile.emplace(session.folders.UserFolder, m_basketOnDisk, messages); })),
       m_lostPages(m_catalog.openFiles()),
       m_toolbarState(openingToolbarOf(session, m_catalog.parameters)),
       m_toolbar(new Toolbar(this)),

@@ -60,7 +60,7 @@ private:
     WindowMemory m_memory;
     catalog::SettingsFile m_userSettings;
     system::DiskFile m_basketOnDisk;
-    std::optional<order::BasketFile> m_basketFile; // opened with the catalogue
+    std::optional<order::BasketFile> m_basketFile; // of a new order, started as the catalogue is opened
     catalog::Catalog m_catalog;
     system::LostPages m_lostPages;
     ToolbarState m_toolbarState;
