@@ -119,9 +119,9 @@ private:
 
     [[nodiscard]] std::set<int> enabled() const {
         std::set<int> positions;
-        for (const auto& button : ui::toolbarButtons)
-            if (button.command != ui::Command::exit && button.command != ui::Command::help &&
-                m_toolbar.enabled(button.command))
+        for (const auto& button : ui::commands)
+            if (!button.menuOf && button.command != ui::Command::exit &&
+                button.command != ui::Command::help && m_toolbar.enabled(button.command))
                 positions.insert(static_cast<int>(button.command));
         return positions;
     }

@@ -96,7 +96,6 @@ void Form1::fill() {
 
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
-    connect(m_toolbar, &Toolbar::previewAsked, this, m_guard([this] { previewOrder(); }));
     connect(&m_catalogView->page(), &PageBrowser::backAsked, this,
             m_guard([this] { runCommand(Command::back); }));
     connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this] { chargeTax(); }));
@@ -159,6 +158,10 @@ void Form1::runCommand(Command command) {
         m_catalogDesk.catchUp();
         m_orderDesk.print(m_orderScreen.contents());
         break;
+    case Command::preview:
+        m_catalogDesk.catchUp();
+        m_orderDesk.preview(m_orderScreen.contents());
+        break;
     case Command::help:
         emit helpAsked();
         break;
@@ -207,13 +210,6 @@ void Form1::showCatalogView() {
     m_catalogDesk.comeBack();
     m_catalogView->grid().takeFocus();
     m_orderScreen.tellFailure();
-}
-
-void Form1::previewOrder() {
-    if (!m_orderScreen.takePending())
-        return;
-    m_catalogDesk.catchUp();
-    m_orderDesk.preview(m_orderScreen.contents());
 }
 
 void Form1::closeNow() {

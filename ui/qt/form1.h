@@ -53,7 +53,6 @@ private:
     void showPriceList();
     void clearOrder();
     void showCatalogView();
-    void previewOrder();
 
     app::Session m_session;
     Guard& m_guard;
