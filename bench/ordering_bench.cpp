@@ -1,9 +1,10 @@
 // Typing one quantity, and pricing the whole order again, against the same change of a SQLite database in
 // WAL mode that never waits for the disk.
 
+#include "ui/ordering.h"
+
 #include "bench/database.h"
 #include "catalog/catalog.h"
-#include "order/order_grids.h"
 #include "tests/support/catalog_builder.h"
 #include "ui/system/disk_file.h"
 
@@ -57,34 +58,55 @@ private:
     fs::path m_path;
 };
 
-/// One of each product ordered.
-class FullOrder {
-public:
-    explicit FullOrder(std::int32_t count)
+/// A catalogue of so many products, and the file of its order.
+class OrderFiles {
+protected:
+    explicit OrderFiles(std::int32_t count)
         : m_folder(count),
-          m_products(m_folder.path() / catalog::productsFile),
-          m_file(m_folder.path(), m_disk, m_messages),
-          basket(m_products, true, m_file),
-          grids(m_products, basket) {
-        for (std::int32_t product = 1; product <= count; ++product)
-            grids.editProduct(product, "1");
-    }
+          m_catalog(catalog::openCatalog(m_folder.path())),
+          m_file(m_folder.path(), m_disk, m_messages) {}
 
-    [[nodiscard]] bool isWritten() const {
+    [[nodiscard]] bool holdAll(const order::Basket& basket) const {
         return !m_messages.shown && fs::file_size(m_folder.path() / order::basketFile) ==
                                         basket.lines().size() * order::BasketLine::length;
     }
 
-private:
     Folder m_folder;
     NoMessages m_messages;
-    catalog::ProductTable m_products;
+    catalog::Catalog m_catalog;
     ui::system::DiskFile m_disk;
     order::BasketFile m_file;
+};
+
+/// One of each product ordered.
+class FullOrder : OrderFiles {
+public:
+    explicit FullOrder(std::int32_t count)
+        : OrderFiles(count), ordering(m_catalog, m_file, m_messages, m_toolbar) {
+        for (std::int32_t product = 1; product <= count; ++product)
+            ordering.editProduct(product, "1");
+    }
+
+    [[nodiscard]] bool isWritten() const { return holdAll(ordering.basket()); }
+
+private:
+    ui::ToolbarState m_toolbar;
 
 public:
+    ui::Ordering ordering;
+};
+
+/// The same without what windows show of it.
+class FullBasket : OrderFiles {
+public:
+    explicit FullBasket(std::int32_t count) : OrderFiles(count), basket(m_catalog.products, true, m_file) {
+        for (std::int32_t product = 1; product <= count; ++product)
+            basket.update(product, 1);
+    }
+
+    [[nodiscard]] bool isWritten() const { return holdAll(basket); }
+
     order::Basket basket;
-    order::OrderGrids grids;
 };
 
 class OrderDatabase {
@@ -130,7 +152,7 @@ void typeQuantity(benchmark::State& state) {
     const std::string quantities[] = {"2", "3"};
     std::size_t at = 0, round = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(full.grids.editProduct(products[at], quantities[round % 2]));
+        benchmark::DoNotOptimize(full.ordering.editProduct(products[at], quantities[round % 2]));
         if (++at == products.size()) {
             at = 0;
             ++round;
@@ -142,7 +164,7 @@ void typeQuantity(benchmark::State& state) {
 
 void updateLine(benchmark::State& state) {
     const auto count = static_cast<std::int32_t>(state.range(0));
-    FullOrder full(count);
+    FullBasket full(count);
     const auto products = shuffledProducts(count);
     std::size_t at = 0, round = 0;
     for (auto _ : state) {
@@ -183,7 +205,7 @@ void recalculate(benchmark::State& state) {
     FullOrder full(static_cast<std::int32_t>(state.range(0)));
     bool exempt = true;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(full.grids.recalculate(exempt ? order::TaxStatus::exempt : taxed));
+        benchmark::DoNotOptimize(full.ordering.setTaxStatus(exempt ? order::TaxStatus::exempt : taxed));
         exempt = !exempt;
     }
     if (!full.isWritten())

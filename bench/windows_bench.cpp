@@ -193,12 +193,13 @@ void openOrderView(benchmark::State& state) {
     auto* view = new ui::qt::OrderView(&views);
     views.addWidget(other);
     views.addWidget(view);
-    view->open(new ui::qt::OrderModel(catalog, ordering.grids(), view));
+    view->open(new ui::qt::OrderModel(catalog, ordering, view));
     views.resize(1000, 600);
     views.show();
     QApplication::processEvents();
     for (auto _ : state) {
-        view->model().refill([&] { ordering.checkOut(); });
+        ordering.checkOut();
+        view->model().refilled();
         views.setCurrentWidget(view);
         view->repaint();
         QApplication::processEvents();

@@ -4,6 +4,7 @@
 #include "base/files.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace catalog {
 
@@ -22,9 +23,13 @@ void Catalog::requireWhole() const {
             throw base::DamagedFile(file->path());
 }
 
-Catalog openCatalog(const std::filesystem::path& dataFolder) {
+Catalog openCatalog(const std::filesystem::path& dataFolder,
+                    const std::function<void()>& betweenProductsAndGroups) {
     const auto file = [&](std::string_view name) { return base::filePath(dataFolder, name); };
-    return {Parameters(file(parametersFile)), ProductTable(file(productsFile)), GroupTable(file(groupsFile)),
+    Parameters parameters(file(parametersFile));
+    ProductTable products(file(productsFile));
+    betweenProductsAndGroups();
+    return {std::move(parameters), std::move(products), GroupTable(file(groupsFile)),
             CodeIndex(file(indexFile)), MemoFile(file(memosFile))};
 }
 

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace catalog {
@@ -48,7 +49,9 @@ struct Catalog {
     void requireWhole() const;
 };
 
-/// Opens all files of the folder; the first one missing throws base::MissingFile.
-[[nodiscard]] Catalog openCatalog(const std::filesystem::path& dataFolder);
+/// Opens all files of the folder, one after the other; the first one missing throws base::MissingFile.
+/// `betweenProductsAndGroups` is done when the products are open and the groups are not.
+[[nodiscard]] Catalog openCatalog(
+    const std::filesystem::path& dataFolder, const std::function<void()>& betweenProductsAndGroups = [] {});
 
 }

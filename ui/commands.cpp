@@ -7,9 +7,14 @@
 namespace ui {
 namespace {
 
-void enable(ToolbarState& state, std::initializer_list<Command> commands, bool on) {
-    for (const auto command : commands)
+void enable(ToolbarState& state, std::initializer_list<Command> some, bool on) {
+    for (const auto command : some)
         state.enable(command, on);
+}
+
+// What can be done with an order while its view is up.
+void enableHandingOver(ToolbarState& state, bool on) {
+    enable(state, {Command::priceList, Command::print, Command::preview, Command::email}, on);
 }
 
 }
@@ -20,8 +25,10 @@ ToolbarState openingToolbar(const catalog::Parameters& parameters, std::string_v
     state.enable(Command::exit, true);
     state.enable(Command::search, true);
     state.enable(Command::help, true);
-    if (parameters.text(ParameterText::supplierFax).empty())
+    if (parameters.text(ParameterText::supplierFax).empty()) {
         state.hide(Command::print);
+        state.hide(Command::preview);
+    }
     const bool mailSwitchedOff = base::upper(base::trim(emailStatus)) == "NO";
     if (parameters.text(ParameterText::supplierEmail).empty() || mailSwitchedOff)
         state.hide(Command::email);
@@ -36,20 +43,20 @@ ToolbarState afterOrderChange(ToolbarState before, ViewMode view, double orderTo
 
 ToolbarState afterCheckOut(ToolbarState before, double orderTotal) {
     enable(before, {Command::back, Command::search}, false);
-    enable(before, {Command::priceList, Command::print, Command::email}, true);
+    enableHandingOver(before, true);
     return afterOrderChange(before, ViewMode::order, orderTotal);
 }
 
 ToolbarState afterPriceList(ToolbarState before, double orderTotal, std::size_t historySize) {
     before.enable(Command::back, historySize != 1);
     before.enable(Command::search, true);
-    enable(before, {Command::priceList, Command::print, Command::email}, false);
+    enableHandingOver(before, false);
     return afterOrderChange(before, ViewMode::catalogue, orderTotal);
 }
 
 ToolbarState afterClear(ToolbarState before) {
-    enable(before, {Command::checkOut, Command::priceList, Command::print, Command::email, Command::clear},
-           false);
+    enableHandingOver(before, false);
+    enable(before, {Command::checkOut, Command::clear}, false);
     return before;
 }
 

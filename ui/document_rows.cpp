@@ -1,7 +1,6 @@
 #include "ui/document_rows.h"
 
-#include "ui/grid_columns.h"
-#include "ui/order_cells.h"
+#include "ui/grid_cells.h"
 
 #include <algorithm>
 #include <array>
@@ -33,7 +32,7 @@ bool hasColumn(const std::vector<Column>& columns, Field field) {
 }
 
 std::vector<order::DocumentRow> documentRows(const catalog::Catalog& catalog,
-                                             const std::vector<order::OrderRow>& rows) {
+                                             const std::vector<OrderRow>& rows) {
     const auto columns = orderColumns(catalog.parameters);
     std::vector<order::DocumentRow> result(rows.size());
     for (const auto& cell : cells)

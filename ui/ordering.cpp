@@ -1,30 +1,54 @@
 #include "ui/ordering.h"
 
+#include "base/money.h"
 #include "base/numbers.h"
+
+#include <utility>
 
 namespace ui {
 
 Ordering::Ordering(const catalog::Catalog& catalog, order::BasketFile& file, platform::MessageBox& messages,
                    ToolbarState& toolbar)
-    : m_messages(messages),
+    : m_products(catalog.products),
+      m_messages(messages),
       m_toolbar(toolbar),
-      m_basket(catalog.products, catalog.parameters.chargesTax(), file),
-      m_grids(catalog.products, m_basket) {
+      m_basket(catalog.products, catalog.parameters.chargesTax(), file) {
     showTotals();
 }
 
-std::optional<order::Edit> Ordering::editProduct(std::int32_t product, std::string_view text) {
-    return shown(m_grids.editProduct(product, text));
+LineCells Ordering::productCells(std::int32_t product) const {
+    const auto row = m_typed.find(product);
+    if (row == m_typed.end())
+        return {};
+    const auto line = m_basket.lineOf(product);
+    return {row->second.quantity, base::textOf(base::toTheCent(line.tax)),
+            base::textOf(base::toTheCent(line.amount)), row->second.colour};
 }
 
-std::optional<order::Edit> Ordering::editOrder(std::size_t row, std::string_view text) {
-    return shown(m_grids.editOrder(row, text));
-}
-
-std::optional<order::Edit> Ordering::shown(std::optional<order::Edit> edit) {
-    if (edit && edit->orderChanged)
+Edit Ordering::editProduct(std::int32_t product, std::string_view text) {
+    if (!m_products.at(product).isProduct())
+        return {};
+    std::string quantity(text.empty() ? "0" : text);
+    const auto row = m_typed.find(product);
+    if (quantity == (row == m_typed.end() ? std::string() : row->second.quantity))
+        return {};
+    const auto change = m_basket.update(product, order::typedQuantity(quantity));
+    m_typed[product] = {std::move(quantity), colourOf(change.line)};
+    if (change.changed)
         showTotals();
-    return edit;
+    return {.product = product};
+}
+
+Edit Ordering::editOrder(std::size_t row, std::string_view text) {
+    auto& edited = m_rows.at(row);
+    if (text == edited.quantity())
+        return {};
+    const auto change = m_basket.update(edited.product(), order::typedQuantity(text));
+    edited.retype(text, change.line);
+    m_typed[edited.product()] = {base::textOf(change.line.quantity), colourOf(change.line)};
+    if (change.changed)
+        showTotals();
+    return {.product = edited.product(), .orderRow = row};
 }
 
 ToolbarState Ordering::toolbarOnceOrdered(std::int32_t product, std::string_view text) const {
@@ -34,17 +58,26 @@ ToolbarState Ordering::toolbarOnceOrdered(std::int32_t product, std::string_view
     return afterOrderChange(m_toolbar, m_view, m_basket.totalsWith(product, quantity).order);
 }
 
-void Ordering::setTaxStatus(order::TaxStatus status) {
+Edit Ordering::setTaxStatus(order::TaxStatus status) {
+    const auto repricing = m_basket.recalculate(status);
+    const auto lines = m_basket.lines().first(static_cast<std::size_t>(repricing.lines));
+    for (std::size_t i = 0; i < lines.size() && i < m_rows.size(); ++i)
+        m_rows[i].showMoney(lines[i]);
     // Deliberate: labels and buttons keep what they show when an unwritten record ends the pass.
-    if (m_grids.recalculate(status).finished)
+    if (repricing.finished)
         showTotals();
+    return {.allRows = true};
 }
 
-void Ordering::checkOut() {
+Edit Ordering::checkOut() {
     m_view = ViewMode::order;
-    m_grids.fillOrder();
+    m_rows.clear();
+    for (const auto& line : m_basket.lines())
+        if (line.quantity > 0)
+            m_rows.emplace_back(line);
     m_toolbar = afterCheckOut(m_toolbar, m_basket.totals().order);
     showTotals(); // which a recalculation that stopped early has left as they were
+    return {.refilled = true};
 }
 
 void Ordering::priceList(std::size_t historySize) {
@@ -52,18 +85,25 @@ void Ordering::priceList(std::size_t historySize) {
     m_toolbar = afterPriceList(m_toolbar, m_basket.totals().order, historySize);
 }
 
-bool Ordering::clear(std::size_t historySize) {
+std::optional<Edit> Ordering::clear(std::size_t historySize) {
     const auto answer = m_messages.ask(platform::Icon::question, "Warning - Clear ordered items",
                                        "You are about to clear ordered items?\nDo you wish to continue",
                                        platform::Answer::no);
     if (answer != platform::Answer::yes)
-        return false;
-    m_grids.clear();
+        return std::nullopt;
+    forgetLines();
     showTotals();
     if (m_view == ViewMode::order)
         priceList(historySize);
     m_toolbar = afterClear(m_toolbar);
-    return true;
+    return Edit{.allRows = true, .refilled = true};
+}
+
+void Ordering::forgetLines() {
+    m_rows.clear();
+    for (const auto& line : m_basket.lines())
+        m_typed.erase(line.product);
+    m_basket.clear();
 }
 
 void Ordering::showTotals() {

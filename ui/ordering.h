@@ -2,20 +2,31 @@
 
 #include "catalog/catalog.h"
 #include "order/basket.h"
-#include "order/order_grids.h"
 #include "platform/message_box.h"
 #include "ui/commands.h"
+#include "ui/order_row.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace ui {
 
-/// The order as the main window handles it: what is typed, ticked and clicked goes in, and what the grids,
-/// the total labels and the toolbar then show can be asked for. Everything passed in must live as long; the
+/// What is to be shown again after something has happened to the order; total labels and buttons always are.
+struct Edit {
+    std::optional<std::int32_t> product{}; ///< this product's row of the product grid
+    std::optional<std::size_t> orderRow{}; ///< this row of the order grid
+    bool allRows = false;  ///< every row of the product grid, and those there are of the order grid
+    bool refilled = false; ///< the order grid has other rows now
+};
+
+/// The order as the main window handles it: what is typed, ticked and clicked goes in, and what the product
+/// grid (`ctGrid1`), the order grid (`ctGrid2`), the total labels and the toolbar then show can be asked for.
+/// The product grid's row is the product's record number - 1. Everything passed in must live as long; the
 /// toolbar state is the window's, and only the buttons that ordering concerns are changed.
 class Ordering {
 public:
@@ -25,41 +36,58 @@ public:
     Ordering(const Ordering&) = delete;
     Ordering& operator=(const Ordering&) = delete;
 
-    [[nodiscard]] const order::OrderGrids& grids() const { return m_grids; }
-
     [[nodiscard]] const order::Basket& basket() const { return m_basket; }
 
     [[nodiscard]] ViewMode view() const { return m_view; }
+
+    [[nodiscard]] LineCells productCells(std::int32_t product) const;
+
+    [[nodiscard]] const std::vector<OrderRow>& orderRows() const { return m_rows; }
 
     /// The texts of `lbTotOrd` and `lbTotTax`.
     [[nodiscard]] const std::string& orderLabel() const { return m_orderLabel; }
 
     [[nodiscard]] const std::string& taxLabel() const { return m_taxLabel; }
 
-    /// Edits as in `order::OrderGrids`.
-    std::optional<order::Edit> editProduct(std::int32_t product, std::string_view text);
-    std::optional<order::Edit> editOrder(std::size_t row, std::string_view text);
+    /// A quantity cell's editor of the product grid has finished; an empty text means 0. Nothing comes of
+    /// the text that is there already, and of a group's own row.
+    Edit editProduct(std::int32_t product, std::string_view text);
+
+    /// The same for a row of the order grid; an empty text stays empty and counts as 0. Both grids' rows
+    /// are written.
+    Edit editOrder(std::size_t row, std::string_view text);
 
     /// The buttons as they will be once this text is the product's quantity.
     [[nodiscard]] ToolbarState toolbarOnceOrdered(std::int32_t product, std::string_view text) const;
 
-    /// `cbTax` was clicked, or is restored as the window loads.
-    void setTaxStatus(order::TaxStatus status);
+    /// `cbTax` was clicked, or is restored as the window loads: prices everything again and writes the money
+    /// into both grids. Deliberate: basket record n goes to row n - 1 of the order grid, which is another
+    /// line's as soon as a line of quantity 0 stands before it.
+    Edit setTaxStatus(order::TaxStatus status);
 
-    void checkOut();
+    /// Opens the order view. Its grid has the lines with a quantity above 0, in basket order.
+    Edit checkOut();
     void priceList(std::size_t historySize);
 
-    /// Asks first; true when the order was cleared. The catalogue view is up then.
-    bool clear(std::size_t historySize);
+    /// Asks first; nothing when the answer was no. Empties the order, the rows of its products and the order
+    /// grid. The catalogue view is up then.
+    std::optional<Edit> clear(std::size_t historySize);
 
 private:
-    void showTotals();
-    std::optional<order::Edit> shown(std::optional<order::Edit> edit);
+    struct Typed {
+        std::string quantity;
+        RowColour colour = RowColour::white;
+    };
 
+    void forgetLines();
+    void showTotals();
+
+    const catalog::ProductTable& m_products;
     platform::MessageBox& m_messages;
     ToolbarState& m_toolbar;
     order::Basket m_basket;
-    order::OrderGrids m_grids;
+    std::unordered_map<std::int32_t, Typed> m_typed; // by product
+    std::vector<OrderRow> m_rows;
     ViewMode m_view = ViewMode::catalogue;
     std::string m_orderLabel;
     std::string m_taxLabel;

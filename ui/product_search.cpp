@@ -2,7 +2,7 @@
 
 #include "base/caseless_finder.h"
 #include "base/text.h"
-#include "ui/product_cells.h"
+#include "ui/grid_cells.h"
 
 #include <algorithm>
 #include <array>

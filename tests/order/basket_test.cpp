@@ -1,7 +1,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "catalog/record_file.h"
-#include "order/order_grids.h"
+#include "order/basket.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/file_system.h"
@@ -38,10 +38,7 @@ protected:
     catalog::ProductTable products{writeProducts(folder, {{.price = 10, .taxRate = 20},
                                                           {.price = 10, .taxRate = 12.5F},
                                                           {.price = 3e38F, .taxRate = 0},
-                                                          {.price = -1, .taxRate = 0},
-                                                          {.price = 5.25F, .taxRate = 10},
-                                                          {.price = 65536.03F, .taxRate = 0},
-                                                          {.price = 65536.04F, .taxRate = 0}})};
+                                                          {.price = -1, .taxRate = 0}})};
     ui::system::DiskFile disk;
     order::BasketFile file{folder, disk, messages};
     order::Basket basket{products, true, file};
@@ -131,35 +128,6 @@ TEST_F(Basket, PricesThatAreNotNumbersCountAsNothing) {
                   (order::BasketLine{2, 0, record == 3 ? 8.0F : 0.0F, record}));
     strange.recalculate(TaxStatus::taxed);
     EXPECT_EQ(strange.totals().order, 8);
-}
-
-TEST_F(Basket, RepricingShowsInTheRowOfTheBasketsRecordNumber) {
-    order::OrderGrids grids(products, basket);
-    grids.editProduct(1, "1");
-    grids.editProduct(2, "1");
-    grids.editProduct(1, "0");
-    grids.fillOrder();
-    ASSERT_EQ(grids.orderRows().size(), 1U);
-    EXPECT_EQ(grids.orderRows()[0].cells().amount, "11.25");
-    grids.recalculate(TaxStatus::exempt);
-    EXPECT_EQ(grids.orderRows()[0].cells().amount, "0");
-    EXPECT_EQ(grids.productCells(2).amount, "10");
-}
-
-// 26.25 and 2.62 make 28.869999 as a single.
-TEST_F(Basket, LinesShowAndCountToTheCentThatNoSingleHolds) {
-    order::OrderGrids grids(products, basket);
-    grids.editProduct(5, "1");
-    grids.fillOrder();
-    grids.editOrder(0, "5");
-    EXPECT_EQ(grids.orderRows()[0].cells(),
-              (order::LineCells{"5", "2.62", "28.87", order::RowColour::green}));
-    EXPECT_EQ(grids.productCells(5), grids.orderRows()[0].cells());
-    EXPECT_EQ(basket.totals(), (order::Totals{28.87, 2.62}));
-    grids.editOrder(0, "0");
-    grids.editProduct(6, "1");
-    grids.editProduct(7, "1");
-    EXPECT_EQ(basket.totals().order, 131072.07);
 }
 
 // Typed, repriced and cleared, with a file that cannot be written.

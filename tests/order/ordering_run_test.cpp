@@ -4,7 +4,7 @@
 #include "tests/order/reference_order.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
-#include "ui/order_cells.h"
+#include "ui/grid_cells.h"
 #include "ui/ordering.h"
 #include "ui/system/disk_file.h"
 
@@ -34,7 +34,7 @@ public:
     }
 
     bool typeIntoOrder(std::size_t row, const std::string& text) {
-        const auto product = m_ordering.grids().orderRows().at(row).product();
+        const auto product = m_ordering.orderRows().at(row).product();
         return type(m_ordering.toolbarOnceOrdered(product, text), [&] { m_ordering.editOrder(row, text); });
     }
 
@@ -87,7 +87,7 @@ private:
     [[nodiscard]] std::vector<ReferenceOrder::Row> productRows() const {
         std::vector<ReferenceOrder::Row> rows;
         for (std::int32_t record = 1; record <= m_catalog.products.count(); ++record) {
-            const auto cells = m_ordering.grids().productCells(record);
+            const auto cells = m_ordering.productCells(record);
             const auto text = [&](Field field) {
                 const bool isTax = field == Field::tax || field == Field::taxRate;
                 return isTax && !hasTaxColumns()
@@ -102,7 +102,7 @@ private:
 
     [[nodiscard]] std::vector<ReferenceOrder::Row> orderRows() const {
         std::vector<ReferenceOrder::Row> rows;
-        for (const auto& row : m_ordering.grids().orderRows()) {
+        for (const auto& row : m_ordering.orderRows()) {
             const auto text = [&](Field field) {
                 const bool isTax = field == Field::tax || field == Field::taxRate;
                 return isTax && !hasTaxColumns() ? "" : ui::orderCell(m_catalog.products, row, field);
@@ -115,13 +115,13 @@ private:
 
     [[nodiscard]] bool hasTaxColumns() const { return m_catalog.parameters.chargesTax(); }
 
-    static bool isGreen(const order::LineCells& cells) { return cells.colour == order::RowColour::green; }
+    static bool isGreen(const ui::LineCells& cells) { return cells.colour == ui::RowColour::green; }
 
     [[nodiscard]] std::set<int> enabled() const {
         std::set<int> positions;
-        for (const auto& button : ui::toolbarButtons)
-            if (button.command != ui::Command::exit && button.command != ui::Command::help &&
-                m_toolbar.enabled(button.command))
+        for (const auto& button : ui::commands)
+            if (!button.menuOf && button.command != ui::Command::exit &&
+                button.command != ui::Command::help && m_toolbar.enabled(button.command))
                 positions.insert(static_cast<int>(button.command));
         return positions;
     }

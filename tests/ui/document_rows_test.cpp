@@ -16,8 +16,8 @@ TEST(DocumentRows, HoldTheCellsOfTheColumnsThatTheOrderGridHas) {
             builder.products = {{"H1\nHammer\nsteel", 10, 12.5F}};
             builder.groups = {{"All", 1}};
             builder.writeTo(folder);
-            const auto rows = ui::documentRows(catalog::openCatalog(folder),
-                                               {order::OrderRow({1.5F, 1.88F, 192567.11F, 1})});
+            const auto rows =
+                ui::documentRows(catalog::openCatalog(folder), {ui::OrderRow({1.5F, 1.88F, 192567.11F, 1})});
 
             ASSERT_EQ(rows.size(), 1U);
             const bool taxed = taxSwitch == 'Y';

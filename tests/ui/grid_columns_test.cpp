@@ -2,8 +2,8 @@
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
 #include "ui/commands.h"
+#include "ui/grid_cells.h"
 #include "ui/grid_columns.h"
-#include "ui/product_cells.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,9 @@ TEST_F(MainWindowParts, TheOtherColumnShowsOnlyWithACaptionAndAlignsByItsLetter)
 TEST_F(MainWindowParts, CellsHoldPlainTextsAndMarksTellGroupsAndLongDescriptions) {
     builder.writeTo(folder);
     const catalog::ProductTable products(folder / "Prdlst.dat");
-    const auto cell = [&](int record, Field field) { return ui::productCell(products.at(record), field); };
+    const auto cell = [&](int record, Field field) {
+        return ui::productCell(products.at(record), {}, field);
+    };
     EXPECT_EQ(cell(1, Field::mark), "+");
     EXPECT_EQ(cell(1, Field::price), "");
     EXPECT_EQ(cell(2, Field::mark), "*");

@@ -1,7 +1,7 @@
 #include "base/files.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/test_folder.h"
-#include "ui/product_cells.h"
+#include "ui/grid_cells.h"
 #include "ui/product_search.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ Row plainSearch(const ProductTable& products, const std::string& typed, Searched
     const std::string phrase(base::trim(base::upper(typed)));
     for (auto row = start; row >= 0 && row < products.count(); row += step) {
         const auto cellHolds = [&](Field field) {
-            return holds(ui::productCell(products.at(row + 1), field), phrase);
+            return holds(ui::productCell(products.at(row + 1), {}, field), phrase);
         };
         if ((columns.code && cellHolds(Field::code)) ||
             (columns.description && cellHolds(Field::description)) ||

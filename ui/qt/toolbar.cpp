@@ -7,26 +7,22 @@
 #include <QMenu>
 #include <QToolButton>
 
-#include <string_view>
-
 namespace ui::qt {
 namespace {
 
-// The letters of the captions, by position. The delivery details use the others of the alphabet.
-constexpr std::string_view mnemonics = "xSkLCimrH";
-static_assert(mnemonics.size() == toolbarButtons.size());
-
-QString withMnemonic(const ToolbarButton& button) {
-    auto caption = toQt(button.caption);
-    const auto letter = QChar(mnemonics.at(static_cast<std::size_t>(button.command) - 1));
-    return caption.insert(caption.indexOf(letter), '&');
+QString withMnemonic(const CommandRow& row) {
+    auto caption = toQt(row.caption);
+    return caption.insert(caption.indexOf(QChar(row.letter)), '&');
 }
 
 // A tip names the keys; where the command has none of its own, the caption's letter.
-QString tipOf(const ToolbarButton& button) {
-    const auto tip = toQt(button.tip);
-    const auto letter = QChar(mnemonics.at(static_cast<std::size_t>(button.command) - 1));
-    return tip.endsWith(')') ? tip : tip + " (Alt+" + letter.toUpper() + ")";
+QString tipOf(const CommandRow& row) {
+    const auto tip = toQt(row.tip);
+    if (tip.endsWith(')'))
+        return tip;
+    const auto keys =
+        row.shortcut.empty() ? "Alt+" + QString(QChar(row.letter)).toUpper() : toQt(row.shortcut);
+    return tip + " (" + keys + ")";
 }
 
 }
@@ -39,48 +35,51 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     const int iconSize = fontMetrics().height() * 7 / 4;
     setIconSize({iconSize, iconSize});
-    for (const auto& button : toolbarButtons) {
-        auto* item = addAction(commandIcon(button.command), toQt(button.caption));
-        item->setObjectName(toQt(button.key));
-        item->setIconText(withMnemonic(button));
-        item->setToolTip(tipOf(button));
-        connect(item, &QAction::triggered, this, [this, command = button.command] { emit clicked(command); });
-        if (auto* widget = widgetForAction(item)) {
-            widget->setObjectName(toQt(button.key));
-            widget->setFocusPolicy(Qt::TabFocus);
-        }
-        m_actions.at(static_cast<std::size_t>(button.command) - 1) = item;
-    }
-    action(Command::exit)->setShortcut(QKeySequence("Ctrl+Q"));
-    action(Command::search)->setShortcut(QKeySequence("Ctrl+F"));
-    action(Command::back)->setShortcut(QKeySequence("Alt+Left"));
-    action(Command::print)->setShortcut(QKeySequence("Ctrl+P"));
-    addPreview();
+    for (const auto& row : commands)
+        m_actions.at(indexOf(row.command)) = row.menuOf ? addEntry(row) : addButton(row);
 }
 
-void Toolbar::addPreview() {
-    m_preview = new QAction("Print pre&view...", this);
-    m_preview->setObjectName("Preview");
-    m_preview->setShortcut(QKeySequence("Ctrl+Shift+P"));
-    connect(m_preview, &QAction::triggered, this, &Toolbar::previewAsked);
-    auto* menu = new QMenu(this);
-    menu->addAction(m_preview);
-    auto* button = qobject_cast<QToolButton*>(widgetForAction(action(Command::print)));
-    button->setMenu(menu);
+QAction* Toolbar::addButton(const CommandRow& row) {
+    auto* button = addAction(commandIcon(row.command), toQt(row.caption));
+    button->setIconText(withMnemonic(row));
+    button->setToolTip(tipOf(row));
+    prepare(*button, row);
+    if (auto* widget = widgetForAction(button)) {
+        widget->setObjectName(toQt(row.key));
+        widget->setFocusPolicy(Qt::TabFocus);
+    }
+    return button;
+}
+
+// Its key is the window's, since the menu is seldom open.
+QAction* Toolbar::addEntry(const CommandRow& row) {
+    auto* entry = new QAction(withMnemonic(row), this);
+    prepare(*entry, row);
+    auto* button = qobject_cast<QToolButton*>(widgetForAction(action(*row.menuOf)));
+    if (!button->menu())
+        button->setMenu(new QMenu(this));
+    button->menu()->addAction(entry);
     button->setPopupMode(QToolButton::MenuButtonPopup);
-    parentWidget()->addAction(m_preview); // for its key
+    parentWidget()->addAction(entry);
+    return entry;
+}
+
+void Toolbar::prepare(QAction& action, const CommandRow& row) {
+    action.setObjectName(toQt(row.key));
+    if (!row.shortcut.empty())
+        action.setShortcut(QKeySequence(toQt(row.shortcut)));
+    connect(&action, &QAction::triggered, this, [this, command = row.command] { emit clicked(command); });
 }
 
 QAction* Toolbar::action(Command command) const {
-    return m_actions.at(static_cast<std::size_t>(command) - 1);
+    return m_actions.at(indexOf(command));
 }
 
 void Toolbar::show(const ToolbarState& state) {
-    for (const auto& button : toolbarButtons) {
-        action(button.command)->setEnabled(state.enabled(button.command));
-        action(button.command)->setVisible(state.visible(button.command));
+    for (const auto& row : commands) {
+        action(row.command)->setEnabled(state.enabled(row.command));
+        action(row.command)->setVisible(state.visible(row.command));
     }
-    m_preview->setEnabled(state.enabled(Command::print) && state.visible(Command::print));
 }
 
 void Toolbar::resizeEvent(QResizeEvent* event) {

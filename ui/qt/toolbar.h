@@ -9,8 +9,9 @@
 
 namespace ui::qt {
 
-/// `Toolbar1`: the nine commands. Each button's object name is its key. Where the captions have no room the
-/// buttons show their icons only; Alt with the caption's letter presses them all the same.
+/// `Toolbar1`: the commands as buttons, and the others in the menus beside them. Each one's object name is
+/// its key. Where the captions have no room the buttons show their icons only; Alt with the caption's letter
+/// presses them all the same.
 class Toolbar final : public QToolBar {
     Q_OBJECT
 
@@ -25,19 +26,17 @@ public:
 signals:
     void clicked(ui::Command command);
 
-    /// Of the menu beside "Print", which is enabled with it.
-    void previewAsked();
-
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    void addPreview();
+    QAction* addButton(const CommandRow& row);
+    QAction* addEntry(const CommandRow& row);
+    void prepare(QAction& action, const CommandRow& row);
     void fit();
 
-    std::array<QAction*, toolbarButtons.size()> m_actions{};
-    QAction* m_preview;
+    std::array<QAction*, commands.size()> m_actions{};
 };
 
 }

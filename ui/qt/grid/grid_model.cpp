@@ -50,9 +50,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(qtAlignment(column.text));
     case Qt::BackgroundRole:
-        return colour(index.row()) == order::RowColour::green ? QBrush(QColor(0x00, 0xFF, 0x00)) : QVariant();
+        return colour(index.row()) == RowColour::green ? QBrush(QColor(0x00, 0xFF, 0x00)) : QVariant();
     case Qt::ForegroundRole:
-        return colour(index.row()) == order::RowColour::green ? QBrush(Qt::black) : QVariant();
+        return colour(index.row()) == RowColour::green ? QBrush(Qt::black) : QVariant();
     case Qt::FontRole:
         return font(index.row(), column.field);
     default:
@@ -62,7 +62,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 // A group's own row reads as a heading; what is ordered stands out by its weight too, not by colour alone.
 QVariant GridModel::font(int row, Field field) const {
-    const bool ordered = field == Field::quantity && colour(row) == order::RowColour::green;
+    const bool ordered = field == Field::quantity && colour(row) == RowColour::green;
     if (!ordered && !isHeading(row))
         return {};
     QFont bold;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "order/order_grids.h"
 #include "ui/grid_columns.h"
+#include "ui/order_row.h"
 
 #include <QAbstractTableModel>
 
@@ -43,7 +43,7 @@ public:
 protected:
     [[nodiscard]] virtual std::string cell(int row, Field field) const = 0;
     [[nodiscard]] virtual bool isHeading(int row) const = 0;
-    [[nodiscard]] virtual order::RowColour colour(int row) const = 0;
+    [[nodiscard]] virtual RowColour colour(int row) const = 0;
 
 private:
     [[nodiscard]] QVariant font(int row, Field field) const;

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "catalog/catalog.h"
+#include "ui/ordering.h"
 #include "ui/qt/grid/grid_model.h"
 
 namespace ui::qt {
 
-/// The rows of `ctGrid2`, as the order view was last filled. The catalogue and the grids' contents must
+/// The rows of `ctGrid2`, as the order view was last filled. The catalogue and the ordering must
 /// outlive it.
 class OrderModel final : public GridModel {
     Q_OBJECT
 
 public:
-    OrderModel(const catalog::Catalog& catalog, const order::OrderGrids& grids, QObject* parent);
+    OrderModel(const catalog::Catalog& catalog, const Ordering& ordering, QObject* parent);
 
-    /// Calls what puts other rows in place of those there are.
-    void refill(const std::function<void()>& fill);
+    /// Other rows stand in place of those that there were.
+    void refilled();
 
     [[nodiscard]] bool takesQuantity(int) const override { return true; }
 
@@ -25,13 +26,13 @@ protected:
 
     [[nodiscard]] bool isHeading(int) const override { return false; }
 
-    [[nodiscard]] order::RowColour colour(int row) const override;
+    [[nodiscard]] RowColour colour(int row) const override;
 
 private:
-    [[nodiscard]] const order::OrderRow& at(int row) const;
+    [[nodiscard]] const OrderRow& at(int row) const;
 
     const catalog::ProductTable& m_products;
-    const order::OrderGrids& m_grids;
+    const Ordering& m_ordering;
 };
 
 }

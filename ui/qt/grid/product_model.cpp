@@ -1,13 +1,13 @@
 #include "ui/qt/grid/product_model.h"
 
-#include "ui/order_cells.h"
+#include "ui/grid_cells.h"
 
 namespace ui::qt {
 
-ProductModel::ProductModel(const catalog::Catalog& catalog, const order::OrderGrids& grids, QObject* parent)
+ProductModel::ProductModel(const catalog::Catalog& catalog, const Ordering& ordering, QObject* parent)
     : GridModel(productColumns(catalog.parameters), catalog.parameters.header().quantityDecimals(), parent),
       m_products(catalog.products),
-      m_grids(grids) {}
+      m_ordering(ordering) {}
 
 bool ProductModel::takesQuantity(int row) const {
     return m_products.at(row + 1).isProduct();
@@ -18,15 +18,15 @@ int ProductModel::rowCount(const QModelIndex& parent) const {
 }
 
 std::string ProductModel::cell(int row, Field field) const {
-    return productCell(m_products.at(row + 1), m_grids.productCells(row + 1), field);
+    return productCell(m_products.at(row + 1), m_ordering.productCells(row + 1), field);
 }
 
 bool ProductModel::isHeading(int row) const {
     return !m_products.at(row + 1).isProduct();
 }
 
-order::RowColour ProductModel::colour(int row) const {
-    return m_grids.productCells(row + 1).colour;
+RowColour ProductModel::colour(int row) const {
+    return m_ordering.productCells(row + 1).colour;
 }
 
 }

@@ -1,16 +1,17 @@
 #pragma once
 
 #include "catalog/catalog.h"
+#include "ui/ordering.h"
 #include "ui/qt/grid/grid_model.h"
 
 namespace ui::qt {
 
-/// The rows of `ctGrid1`: row = record number - 1. The catalogue and the grids' contents must outlive it.
+/// The rows of `ctGrid1`: row = record number - 1. The catalogue and the ordering must outlive it.
 class ProductModel final : public GridModel {
     Q_OBJECT
 
 public:
-    ProductModel(const catalog::Catalog& catalog, const order::OrderGrids& grids, QObject* parent);
+    ProductModel(const catalog::Catalog& catalog, const Ordering& ordering, QObject* parent);
 
     [[nodiscard]] bool takesQuantity(int row) const override;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -18,11 +19,11 @@ public:
 protected:
     [[nodiscard]] std::string cell(int row, Field field) const override;
     [[nodiscard]] bool isHeading(int row) const override;
-    [[nodiscard]] order::RowColour colour(int row) const override;
+    [[nodiscard]] RowColour colour(int row) const override;
 
 private:
     const catalog::ProductTable& m_products;
-    const order::OrderGrids& m_grids;
+    const Ordering& m_ordering;
 };
 
 }

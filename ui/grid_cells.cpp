@@ -1,5 +1,6 @@
-#include "ui/product_cells.h"
+#include "ui/grid_cells.h"
 
+#include "base/money.h"
 #include "base/numbers.h"
 
 namespace ui {
@@ -26,8 +27,10 @@ std::string_view productText(catalog::ProductRecord record, Field field) {
     }
 }
 
-std::string productCell(catalog::ProductRecord record, Field field) {
+std::string productCell(catalog::ProductRecord record, const LineCells& ordered, Field field) {
     switch (field) {
+    case Field::quantity:
+        return ordered.quantity;
     case Field::mark:
         return mark(record);
     case Field::code:
@@ -38,12 +41,21 @@ std::string productCell(catalog::ProductRecord record, Field field) {
         return record.isProduct() ? base::textOf(record.taxRate()) : "";
     case Field::price:
         return record.isProduct() ? base::textOf(record.price()) : "";
-    case Field::quantity:
     case Field::tax:
+        return ordered.tax;
     case Field::total:
-        break;
+        return ordered.amount;
     }
     return {};
+}
+
+std::string orderCell(const catalog::ProductTable& products, const OrderRow& row, Field field) {
+    const auto product = products.at(row.product());
+    if (field == Field::taxRate)
+        return base::fixedText(product.taxRate(), base::moneyDecimals);
+    if (field == Field::price)
+        return base::fixedText(product.price(), base::moneyDecimals);
+    return productCell(product, row.cells(), field);
 }
 
 }
