@@ -15,12 +15,12 @@ namespace ui::qt {
 CatalogDesk::CatalogDesk(const Surroundings& surroundings)
     : m_around(surroundings),
       m_groupLists(m_around.catalog),
-      m_links(m_around.catalog, m_around.session.folders),
-      m_browsing(m_around.session, m_around.catalog, m_around.banner, m_around.view.page()),
+      m_links(m_around.catalog, m_around.setting.folders),
+      m_browsing(m_around.setting, m_around.catalog, m_around.banner, m_around.view.page()),
       m_turner(m_around.view.page(), m_around.guard([this](int row) { showRow(row); }), nullptr) {
     m_around.view.groupBoxes().open(m_groupLists);
-    m_around.banner.confineTo(pages::pageFilesOf(m_around.session.folders));
-    m_around.view.page().confineTo(pages::pageFilesOf(m_around.session.folders));
+    m_around.banner.confineTo(pages::pageFilesOf(m_around.setting.folders));
+    m_around.view.page().confineTo(pages::pageFilesOf(m_around.setting.folders));
     connectControls();
     addPageActions();
 }

@@ -22,7 +22,7 @@ public:
     /// All of it must outlive the desk. `window` is the one that the search window lies over and that
     /// hears the page's keys.
     struct Surroundings {
-        const app::Session& session;
+        const pages::PageSetting& setting;
         const catalog::Catalog& catalog;
         const catalog::SettingsFile& userSettings;
         platform::MessageBox& messages;
