@@ -157,6 +157,18 @@ TEST_F(DataFiles, OfSeveralMissingFilesTheFirstOpenedIsNamed) {
     }
 }
 
+TEST_F(DataFiles, TheStepBetweenProductsAndGroupsIsDoneBeforeTheGroupsAreMissed) {
+    support::CatalogBuilder().writeTo(folder);
+    int done = 0;
+    const auto open = [&] { static_cast<void>(catalog::openCatalog(folder, [&] { ++done; })); };
+    std::filesystem::remove(folder / catalog::groupsFile);
+    EXPECT_THROW(open(), base::MissingFile);
+    EXPECT_EQ(done, 1);
+    std::filesystem::remove(folder / catalog::productsFile);
+    EXPECT_THROW(open(), base::MissingFile);
+    EXPECT_EQ(done, 1);
+}
+
 TEST_F(DataFiles, NamesOfDataFilesMatchInAnyLetterCase) {
     support::CatalogBuilder builder;
     builder.products = {{"A1\nBolt"}};

@@ -48,10 +48,23 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_catalogView(new CatalogView(this)),
       m_orderView(new OrderView(this)),
       m_totals(new TotalsBar(this)),
-      m_catalogDesk(
-          {m_session, m_catalog, m_userSettings, messages, guard, *m_banner, *m_catalogView, *this}),
-      m_orderScreen({m_catalog, *m_basketFile, m_userSettings, messages, guard, m_toolbarState,
-                     m_catalogView->grid(), *m_orderView, *m_totals}),
+      m_catalogDesk({.session = m_session,
+                     .catalog = m_catalog,
+                     .userSettings = m_userSettings,
+                     .messages = messages,
+                     .guard = guard,
+                     .banner = *m_banner,
+                     .view = *m_catalogView,
+                     .window = *this}),
+      m_orderScreen({.catalog = m_catalog,
+                     .basket = *m_basketFile,
+                     .userSettings = m_userSettings,
+                     .messages = messages,
+                     .guard = guard,
+                     .toolbar = m_toolbarState,
+                     .products = m_catalogView->grid(),
+                     .view = *m_orderView,
+                     .totals = *m_totals}),
       m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this) {
     setObjectName("Form1");
     m_guard.watch([this] { m_catalog.requireWhole(); });

@@ -40,10 +40,11 @@ public:
     /// The buttons. While a quantity is being typed they are those that there will be once it is taken.
     [[nodiscard]] ToolbarState toolbar() const;
 
-    /// A quantity that is still being typed is taken. False when it is not sold: then it stays as it is.
+    /// A quantity that is still being typed in either grid is taken. False when it is not sold: then its
+    /// editor stays open.
     [[nodiscard]] bool takePending();
 
-    /// The same, but where it is not sold the old one stays.
+    /// The same, but the editor closes in any case. Where the quantity is not sold, the old one stays.
     void closePending();
 
     /// Prices the order again.
@@ -65,7 +66,7 @@ public:
     void tellFailure() { m_detailsFile.tellFailure(); }
 
 signals:
-    /// What `toolbar` tells may be another now.
+    /// What `toolbar` returns may have changed.
     void toolbarChanged();
 
 private:

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace order_test {
+namespace ui_test {
 
 /// The rules of ordering told the long way: a text as index, a file of records that is read back before
 /// every step, cells that are texts. Slow and obvious; what the program does is compared with it.

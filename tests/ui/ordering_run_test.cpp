@@ -1,9 +1,9 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "catalog/catalog.h"
-#include "tests/order/reference_order.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
+#include "tests/ui/reference_order.h"
 #include "ui/grid_cells.h"
 #include "ui/ordering.h"
 #include "ui/system/disk_file.h"
@@ -14,7 +14,7 @@
 
 namespace {
 using order::TaxStatus;
-using order_test::ReferenceOrder;
+using ui_test::ReferenceOrder;
 using ui::Field;
 
 constexpr std::size_t historySize = 2;

@@ -1,4 +1,4 @@
-#include "tests/order/reference_order.h"
+#include "tests/ui/reference_order.h"
 
 #include "base/numbers.h"
 
@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace order_test {
+namespace ui_test {
 namespace {
 
 constexpr std::size_t recordLength = 17;
