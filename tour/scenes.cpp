@@ -49,6 +49,11 @@ void order(ui::qt::Grid& grid, const char* quantity) {
     QTest::keyClick(grid.editor(), Qt::Key_Return);
 }
 
+void goDown(int rows) {
+    for (int i = 0; i < rows; ++i)
+        QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
+}
+
 // The start warns of one resolution only.
 bool screenIsSmall() {
     const auto size = ui::system::PrimaryScreen().size();
@@ -65,6 +70,128 @@ void passTheWarning(Script& script) {
         script.when(
             "the warning", [] { return messageBox("Tavorine Catalog Viewer"); },
             [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Ok); });
+}
+
+bool atOnce() {
+    return true;
+}
+
+void nothing() {}
+
+void playFirstRun(Script& script, const fs::path& folder) {
+    script.when(
+        "the e-mail question", [] { return messageBox("Tavorine Catalog Viewer"); }, nothing);
+    photograph(script, folder, "1-first-run");
+    script.when(
+        "the question", [] { return messageBox("Tavorine Catalog Viewer"); },
+        [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes); });
+    passTheWarning(script);
+}
+
+void playSupplierList(Script& script, const fs::path& folder) {
+    script.when(
+        "the supplier list", [] { return shows("WebBrowser1"); }, nothing);
+    photograph(script, folder, "2-suppliers");
+    script.when("the list", atOnce, [] { clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href]"); });
+}
+
+void playWelcome(Script& script, const fs::path& folder) {
+    script.when(
+        "the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); }, nothing);
+    photograph(script, folder, "3-welcome");
+    script.when("the password entry", atOnce,
+                [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
+}
+
+void playContents(Script& script, const fs::path& folder) {
+    script.when(
+        "the main window", [] { return shows("WbPage"); }, nothing);
+    photograph(script, folder, "4-contents");
+}
+
+void playProduct(Script& script, const fs::path& folder) {
+    script.when(
+        "the product grid", [] { return visible<ui::qt::ProductGrid>("ctGrid1"); }, [] { goDown(4); });
+    script.pause(500);
+    photograph(script, folder, "5-product");
+}
+
+void playGroup(Script& script, const fs::path& folder) {
+    script.when("the group lists", atOnce, [] {
+        auto* list = visible<QComboBox>("GDB(0)");
+        list->setFocus();
+        list->showPopup();
+        QTest::keyClick(list->view(), Qt::Key_Down);
+        QTest::keyClick(list->view(), Qt::Key_Down);
+        QTest::keyClick(list->view(), Qt::Key_Return);
+    });
+    script.pause(500);
+    photograph(script, folder, "6-group");
+}
+
+void playSearch(Script& script, const fs::path& folder) {
+    script.when("the search window", atOnce,
+                [] { QTest::mouseClick(visibleWidget("Search"), Qt::LeftButton); });
+    script.when(
+        "the phrase", [] { return visibleWidget("txFind") != nullptr; },
+        [] {
+            auto* tick = visible<QCheckBox>("cbDesc");
+            if (!tick->isChecked())
+                QTest::keyClick(tick, Qt::Key_Space);
+            QTest::keyClicks(visibleWidget("txFind"), "washer");
+            QTest::mouseClick(visibleWidget("cbFirst"), Qt::LeftButton);
+        });
+    script.pause(500);
+    photograph(script, folder, "7-search");
+    script.when(
+        "the search window again", [] { return visibleWidget("Find") != nullptr; },
+        [] { QTest::keyClick(visibleWidget("Find"), Qt::Key_Escape); });
+}
+
+void playQuantities(Script& script, const fs::path& folder) {
+    script.when(
+        "the grid", [] { return visibleWidget("Find") == nullptr; },
+        [] {
+            for (const char* quantity : {"10", "4", "25", "1", "2"})
+                order(*visible<ui::qt::Grid>("ctGrid1"), quantity);
+        });
+    script.pause(500);
+    photograph(script, folder, "8-quantities");
+}
+
+void playOrder(Script& script, const fs::path& folder) {
+    script.when("checking out", atOnce, [] { QTest::mouseClick(visibleWidget("CheckOut"), Qt::LeftButton); });
+    script.when(
+        "the order view", [] { return visibleWidget("ctGrid2") != nullptr; },
+        [] {
+            fillIn({{"txOrgName", "Marlowe & Sons Joinery"},
+                    {"txAtten", "Ruth Marlowe"},
+                    {"txStreet", "3 Mill Lane"},
+                    {"txCity", "Haddon"},
+                    {"txState", "Northshire"},
+                    {"txZip", "HD2 6PL"},
+                    {"txCountry", "United Kingdom"},
+                    {"txPhone", "01632 960 118"},
+                    {"txOrdNo", "2026-117"},
+                    {"txDel(0)", "30"},
+                    {"txDel(1)", "11"},
+                    {"txDel(2)", "26"}});
+        });
+    script.pause(300);
+    photograph(script, folder, "9-order");
+}
+
+void playHelp(Script& script, const fs::path& folder) {
+    script.when(
+        "asking for help", [] { return visibleWidget("txPhone") != nullptr; },
+        [] { QTest::keyClick(visibleWidget("txPhone"), Qt::Key_F1); });
+    script.when(
+        "the help book", [] { return shows("HelpPage"); }, nothing);
+    photograph(script, folder, "10-help");
+    script.when("closing the help book", atOnce, [] {
+        visibleWidget("HelpWindow")->close();
+        visibleWidget("Form1")->activateWindow();
+    });
 }
 
 }
@@ -90,106 +217,16 @@ void photograph(Script& script, const fs::path& folder, const std::string& name)
 }
 
 void play(Script& script, const fs::path& folder) {
-    script.when(
-        "the e-mail question", [] { return messageBox("Tavorine Catalog Viewer"); }, [] {});
-    photograph(script, folder, "1-first-run");
-    script.when(
-        "the question", [] { return messageBox("Tavorine Catalog Viewer"); },
-        [] { press(*messageBox("Tavorine Catalog Viewer"), QMessageBox::Yes); });
-    passTheWarning(script);
-    script.when(
-        "the supplier list", [] { return shows("WebBrowser1"); }, [] {});
-    photograph(script, folder, "2-suppliers");
-    script.when(
-        "the list", [] { return true; },
-        [] { clickInPage(*visible<QWebEngineView>("WebBrowser1"), "a[href]"); });
-    script.when(
-        "the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); }, [] {});
-    photograph(script, folder, "3-welcome");
-    script.when(
-        "the password entry", [] { return true; },
-        [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
-    script.when(
-        "the main window", [] { return shows("WbPage"); }, [] {});
-    photograph(script, folder, "4-contents");
-    script.when(
-        "the product grid", [] { return visible<ui::qt::ProductGrid>("ctGrid1"); },
-        [] {
-            for (int i = 0; i < 4; ++i)
-                QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
-        });
-    script.pause(500);
-    photograph(script, folder, "5-product");
-    script.when(
-        "the group lists", [] { return true; },
-        [] {
-            auto* list = visible<QComboBox>("GDB(0)");
-            list->setFocus();
-            list->showPopup();
-            QTest::keyClick(list->view(), Qt::Key_Down);
-            QTest::keyClick(list->view(), Qt::Key_Down);
-            QTest::keyClick(list->view(), Qt::Key_Return);
-        });
-    script.pause(500);
-    photograph(script, folder, "6-group");
-    script.when(
-        "the search window", [] { return true; },
-        [] { QTest::mouseClick(visibleWidget("Search"), Qt::LeftButton); });
-    script.when(
-        "the phrase", [] { return visibleWidget("txFind") != nullptr; },
-        [] {
-            auto* tick = visible<QCheckBox>("cbDesc");
-            if (!tick->isChecked())
-                QTest::keyClick(tick, Qt::Key_Space);
-            QTest::keyClicks(visibleWidget("txFind"), "washer");
-            QTest::mouseClick(visibleWidget("cbFirst"), Qt::LeftButton);
-        });
-    script.pause(500);
-    photograph(script, folder, "7-search");
-    script.when(
-        "the search window again", [] { return visibleWidget("Find") != nullptr; },
-        [] { QTest::keyClick(visibleWidget("Find"), Qt::Key_Escape); });
-    script.when(
-        "the grid", [] { return visibleWidget("Find") == nullptr; },
-        [] {
-            for (const char* quantity : {"10", "4", "25", "1", "2"})
-                order(*visible<ui::qt::Grid>("ctGrid1"), quantity);
-        });
-    script.pause(500);
-    photograph(script, folder, "8-quantities");
-    script.when(
-        "checking out", [] { return true; },
-        [] { QTest::mouseClick(visibleWidget("CheckOut"), Qt::LeftButton); });
-    script.when(
-        "the order view", [] { return visibleWidget("ctGrid2") != nullptr; },
-        [] {
-            fillIn({{"txOrgName", "Marlowe & Sons Joinery"},
-                    {"txAtten", "Ruth Marlowe"},
-                    {"txStreet", "3 Mill Lane"},
-                    {"txCity", "Haddon"},
-                    {"txState", "Northshire"},
-                    {"txZip", "HD2 6PL"},
-                    {"txCountry", "United Kingdom"},
-                    {"txPhone", "01632 960 118"},
-                    {"txOrdNo", "2026-117"},
-                    {"txDel(0)", "30"},
-                    {"txDel(1)", "11"},
-                    {"txDel(2)", "26"}});
-        });
-    script.pause(300);
-    photograph(script, folder, "9-order");
-    script.when(
-        "asking for help", [] { return visibleWidget("txPhone") != nullptr; },
-        [] { QTest::keyClick(visibleWidget("txPhone"), Qt::Key_F1); });
-    script.when(
-        "the help book", [] { return shows("HelpPage"); }, [] {});
-    photograph(script, folder, "10-help");
-    script.when(
-        "closing the help book", [] { return true; },
-        [] {
-            visibleWidget("HelpWindow")->close();
-            visibleWidget("Form1")->activateWindow();
-        });
+    playFirstRun(script, folder);
+    playSupplierList(script, folder);
+    playWelcome(script, folder);
+    playContents(script, folder);
+    playProduct(script, folder);
+    playGroup(script, folder);
+    playSearch(script, folder);
+    playQuantities(script, folder);
+    playOrder(script, folder);
+    playHelp(script, folder);
 }
 
 void playSecondSupplier(Script& script, const fs::path& folder) {
@@ -201,11 +238,7 @@ void playSecondSupplier(Script& script, const fs::path& folder) {
         "the second welcome page", [] { return takesKeys(visibleWidget("txtPassword")); },
         [] { QTest::keyClick(visibleWidget("txtPassword"), Qt::Key_Return); });
     script.when(
-        "the second main window", [] { return shows("WbPage"); },
-        [] {
-            for (int i = 0; i < 5; ++i)
-                QTest::keyClick(visibleWidget("ctGrid1"), Qt::Key_Down);
-        });
+        "the second main window", [] { return shows("WbPage"); }, [] { goDown(5); });
     script.pause(500);
     photograph(script, folder, "5-second-supplier");
 }

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace ui {
 namespace {
 
-constexpr int codeWidth = 16;
-constexpr int otherColumnWidth = 12;
-constexpr int totalExtraWidth = 2;
+using catalog::ParameterText;
+using enum Alignment;
 
 struct Alignments {
     Alignment header;
@@ -18,38 +18,68 @@ struct Alignments {
 Alignments otherColumnAlignments(char letter) {
     switch (letter) {
     case 'L':
-        return {Alignment::left, Alignment::left};
+        return {left, left};
     case 'R':
-        return {Alignment::rightHeader, Alignment::right};
+        return {rightHeader, right};
     default:
-        return {Alignment::centred, Alignment::centred};
+        return {centred, centred};
     }
+}
+
+Column ofNumbers(Column column, int decimals) {
+    column.header = right;
+    column.text = right;
+    column.decimals = decimals;
+    return column;
+}
+
+Column quantityColumn(int decimals) {
+    const int narrowest = 4 + (decimals > 0 ? 1 + decimals : 0);
+    return ofNumbers({.field = Field::quantity, .caption = "Qty", .widthInUnits = 10, .narrowest = narrowest},
+                     decimals);
+}
+
+Column otherColumn(const catalog::Parameters& parameters) {
+    const auto& caption = parameters.text(ParameterText::otherCaption);
+    const auto alignments = otherColumnAlignments(parameters.header().otherColumnAlignment());
+    return {.field = Field::other,
+            .caption = caption,
+            .widthInUnits = 12,
+            .narrowest = 6,
+            .header = alignments.header,
+            .text = alignments.text,
+            .shown = !caption.empty()};
+}
+
+// What stands left of the numbers.
+std::vector<Column> describingColumns(const catalog::Parameters& parameters) {
+    const auto& code = parameters.text(ParameterText::codeCaption);
+    const auto& description = parameters.text(ParameterText::descriptionCaption);
+    return {quantityColumn(parameters.header().quantityDecimals()),
+            {.field = Field::mark,
+             .caption = "+*",
+             .widthInUnits = 3,
+             .narrowest = 3,
+             .header = centred,
+             .text = centred},
+            {.field = Field::code, .caption = code, .widthInUnits = 16, .narrowest = 12},
+            {.field = Field::description, .caption = description, .widthInUnits = 0, .narrowest = 16},
+            otherColumn(parameters)};
 }
 
 }
 
 std::vector<Column> productColumns(const catalog::Parameters& parameters) {
-    using catalog::ParameterText;
-    using enum Alignment;
-    const auto& other = parameters.text(ParameterText::otherCaption);
-    const auto& taxName = parameters.text(ParameterText::taxName);
-    const auto alignments = otherColumnAlignments(parameters.header().otherColumnAlignment());
-    const int quantityDecimals = parameters.header().quantityDecimals();
-    const int narrowestQuantity = 4 + (quantityDecimals > 0 ? 1 + quantityDecimals : 0);
-
-    std::vector<Column> columns{
-        {Field::quantity, "Qty", 10, narrowestQuantity, right, right, quantityDecimals, true},
-        {Field::mark, "+*", 3, 3, centred, centred, -1, true},
-        {Field::code, parameters.text(ParameterText::codeCaption), codeWidth, 12, left, left, -1, true},
-        {Field::description, parameters.text(ParameterText::descriptionCaption), 0, 16, left, left, -1, true},
-        {Field::other, other, otherColumnWidth, 6, alignments.header, alignments.text, -1, !other.empty()}};
+    const auto& tax = parameters.text(ParameterText::taxName);
+    const auto& price = parameters.text(ParameterText::priceCaption);
+    auto columns = describingColumns(parameters);
+    const auto add = [&](Column column) { columns.push_back(ofNumbers(std::move(column), 2)); };
     if (parameters.chargesTax())
-        columns.push_back({Field::taxRate, taxName + "%", 11, 6, right, right, 2, true});
-    columns.push_back(
-        {Field::price, parameters.text(ParameterText::priceCaption), 12, 8, right, right, 2, true});
+        add({.field = Field::taxRate, .caption = tax + "%", .widthInUnits = 11, .narrowest = 6});
+    add({.field = Field::price, .caption = price, .widthInUnits = 12, .narrowest = 8});
     if (parameters.chargesTax())
-        columns.push_back({Field::tax, taxName, 11, 8, right, right, 2, true});
-    columns.push_back({Field::total, "Total", 10 + totalExtraWidth, 9, right, right, 2, true});
+        add({.field = Field::tax, .caption = tax, .widthInUnits = 11, .narrowest = 8});
+    add({.field = Field::total, .caption = "Total", .widthInUnits = 12, .narrowest = 9});
     return columns;
 }
 

@@ -18,10 +18,10 @@ struct Column {
     std::string caption;
     int widthInUnits; ///< one unit is an average character of the grid's font; 0 takes what is left over
     int narrowest;    ///< where there is not room for all; in units, in a column of numbers in digits
-    Alignment header;
-    Alignment text;
-    int decimals; ///< shown behind the point; -1 for columns that hold no number
-    bool shown;   ///< a column without a caption keeps its number and has no visible width
+    Alignment header = Alignment::left;
+    Alignment text = Alignment::left;
+    int decimals = -1; ///< shown behind the point; -1 for columns that hold no number
+    bool shown = true; ///< a column without a caption keeps its number and has no visible width
 };
 
 /// The columns of `ctGrid1`, from the left; a column's number is its index.

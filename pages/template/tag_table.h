@@ -14,6 +14,10 @@ struct Tag {
     Value value;
 };
 
+// Compilers before the deduction of aggregates, clang 14 among them, need it.
+template <typename Value>
+Tag(std::string_view, Value) -> Tag<Value>;
+
 /// The tags of one kind of values, numbered in their order for `Fields`. Several tables serve one kind of
 /// page when each begins with the number at which the one before it ends; `areDistinct` checks that.
 template <typename Value, std::size_t Count>
