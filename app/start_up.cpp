@@ -32,14 +32,14 @@ Session startingFrom(const platform::ProgramFile& programFile) {
     return session;
 }
 
+bool isOwnPage(std::string_view target) {
+    return base::endsIgnoringCase(target, ownPageEnding);
+}
+
 std::string_view lastPart(std::string_view target) {
     return base::trim(target.substr(target.find_last_of('\\') + 1));
 }
 
-}
-
-bool isOwnPage(std::string_view target) {
-    return base::upper(target).ends_with(ownPageEnding);
 }
 
 StartUp::StartUp(Surroundings surroundings)
@@ -107,9 +107,9 @@ void StartUp::installArrived(const std::vector<fs::path>& zips) {
     showSupplierList();
 }
 
-bool StartUp::linkClicked(std::string_view target) {
+void StartUp::linkClicked(std::string_view target) {
     if (isOwnPage(target))
-        return true;
+        return;
     const auto name = lastPart(target);
     const bool isRemoval = name.starts_with('-');
     const auto supplier = findSupplier(m_markers.suppliers(), isRemoval ? name.substr(1) : name);
@@ -117,7 +117,6 @@ bool StartUp::linkClicked(std::string_view target) {
         remove(*supplier);
     else if (supplier)
         open(*supplier, m_session.programFileReadOnly);
-    return false;
 }
 
 void StartUp::open(const Supplier& supplier, bool isReadOnly) {

@@ -33,6 +33,12 @@ std::string_view firstLineOf(std::string_view text) {
     return text.substr(0, text.find_first_of("\r\n"));
 }
 
+// Of one path element that stays inside `ProgramFolder`, and no file or folder of the program's own.
+bool isFolderName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwn(name);
+}
+
 Supplier unnamed(const fs::path& marker) {
     return {folderNameOf(marker), folderNameOf(marker), folderNameOf(marker)};
 }
@@ -41,11 +47,6 @@ std::optional<Supplier> read(const fs::path& marker) {
     return parseMarker(folderNameOf(marker), firstLineOf(base::readFile(marker).value_or("")));
 }
 
-}
-
-bool isFolderName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("/\\:") == std::string_view::npos && !catalog::isProgramsOwn(name);
 }
 
 std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine) {

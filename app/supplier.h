@@ -20,10 +20,6 @@ struct Supplier {
     std::string displayName; ///< the marker's second field, cut to 100 characters
 };
 
-/// Whether a text can name a supplier's folder: one path element that stays inside `ProgramFolder` and
-/// is no file or folder of the program's own.
-[[nodiscard]] bool isFolderName(std::string_view name);
-
 /// The supplier that a marker's first line describes; nothing when it has fewer than two fields. A field in
 /// which nothing can be seen is the folder's name.
 [[nodiscard]] std::optional<Supplier> parseMarker(std::string_view folderName, std::string_view firstLine);

@@ -67,6 +67,12 @@ void moveRow(std::string& body, std::string& row) {
     row.clear();
 }
 
+int cellsPerRow(std::size_t suppliers) {
+    if (suppliers <= 3)
+        return 2;
+    return suppliers <= 5 ? 3 : 4;
+}
+
 std::string rowsOf(const Cells& cells, const std::vector<Supplier>& suppliers) {
     const int perRow = cellsPerRow(suppliers.size());
     std::string body;
@@ -88,12 +94,6 @@ std::string rowsOf(const Cells& cells, const std::vector<Supplier>& suppliers) {
     return body;
 }
 
-}
-
-int cellsPerRow(std::size_t suppliers) {
-    if (suppliers <= 3)
-        return 2;
-    return suppliers <= 5 ? 3 : 4;
 }
 
 std::string supplierPage(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes,

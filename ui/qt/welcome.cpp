@@ -177,7 +177,7 @@ void Welcome::drive(app::StartUp& startUp) {
 void Welcome::followLink(app::StartUp& startUp, const QUrl& address) {
     const auto target = pages::readAddress(address.toEncoded().toStdString());
     if (target.isFile)
-        static_cast<void>(startUp.linkClicked(target.text));
+        startUp.linkClicked(target.text);
 }
 
 void Welcome::showProgress(quint64 done, quint64 total) {
