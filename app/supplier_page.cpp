@@ -27,7 +27,7 @@ std::string programFolderText(const std::filesystem::path& folder) {
 
 Cells readCells(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes) {
     if (!base::findFile(programFolder, templateFile))
-        throw base::ProgramEnd("Terminating error", "Can not find Start.ect\nPlease re-install your program");
+        throw base::ProgramEnd("Can not find Start.ect\nPlease re-install your program");
     const auto file = pages::readTemplate(programFolder, templateFile);
     const auto text = pages::replaceLayoutSizes(file.text, sizes);
     return pages::splitAtRows(base::replaceAll(text, "{DIR}", programFolderText(programFolder)),
