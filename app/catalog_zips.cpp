@@ -8,6 +8,7 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/program_title.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "catalog/program_folders.h"
@@ -228,7 +229,7 @@ void CatalogZips::refreshLogo(const Zip& zip) {
 }
 
 void CatalogZips::complain(std::string_view text) {
-    m_messages.show(platform::Icon::exclamation, "Tavorine Catalog Viewer", text);
+    m_messages.show(platform::Icon::exclamation, base::programTitle, text);
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/program_title.h"
 #include "base/text.h"
 #include "catalog/program_folders.h"
 #include "platform/message_box.h"
@@ -81,7 +82,7 @@ std::vector<Supplier> MarkerFiles::suppliers() {
 void MarkerFiles::reportOnce(const fs::path& marker) {
     if (!m_reported.insert(marker).second)
         return;
-    m_messages.show(platform::Icon::exclamation, "Tavorine Catalog Viewer",
+    m_messages.show(platform::Icon::exclamation, base::programTitle,
                     base::textOf(marker) + " does not name a supplier\nPlease contact your supplier");
 }
 

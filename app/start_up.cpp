@@ -8,6 +8,7 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/program_title.h"
 #include "base/text.h"
 #include "catalog/parameters.h"
 #include "catalog/settings_file.h"
@@ -21,8 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view programTitle = "Tavorine Catalog Viewer";
-constexpr std::string_view endTitle = "Terminating error";
 constexpr std::string_view ownPageEnding = "\\TMP.HTM";
 
 Session startingFrom(const platform::ProgramFile& programFile) {
@@ -32,14 +31,14 @@ Session startingFrom(const platform::ProgramFile& programFile) {
     return session;
 }
 
+bool isOwnPage(std::string_view target) {
+    return base::endsIgnoringCase(target, ownPageEnding);
+}
+
 std::string_view lastPart(std::string_view target) {
     return base::trim(target.substr(target.find_last_of('\\') + 1));
 }
 
-}
-
-bool isOwnPage(std::string_view target) {
-    return base::upper(target).ends_with(ownPageEnding);
 }
 
 StartUp::StartUp(Surroundings surroundings)
@@ -58,15 +57,14 @@ void StartUp::run() {
 
 void StartUp::requireSingleInstance() {
     if (!m_out.instanceLock.acquire(m_session.folders.ProgramFolder))
-        throw base::ProgramEnd(std::string(endTitle),
-                               "Only one instance of this program can be running at one time");
+        throw base::ProgramEnd("Only one instance of this program can be running at one time");
 }
 
 void StartUp::askForEmailOnFirstRun() {
     const auto& folder = m_session.folders.ProgramFolder;
     if (base::findFile(folder, catalog::startSettingsFile))
         return;
-    const auto answer = m_out.messages.ask(platform::Icon::none, programTitle,
+    const auto answer = m_out.messages.ask(platform::Icon::none, base::programTitle,
                                            "Can emails be sent from this computer?", platform::Answer::yes);
     catalog::SettingsFile(folder / catalog::startSettingsFile)
         .write("Email", "Status", answer == platform::Answer::yes ? "Yes" : "No");
@@ -75,7 +73,7 @@ void StartUp::askForEmailOnFirstRun() {
 void StartUp::choosePageSizes() {
     const auto screen = m_out.screen.size();
     if (isSmallScreen(screen))
-        m_out.messages.show(platform::Icon::exclamation, programTitle,
+        m_out.messages.show(platform::Icon::exclamation, base::programTitle,
                             "Tavorine is best viewed at a resolution of 800 x 600 and above");
     m_session.layout = pageSizesFor(screen);
 }
@@ -85,7 +83,7 @@ void StartUp::showSupplierList() {
     const auto& folder = m_session.folders.ProgramFolder;
     if (suppliers.empty())
         throw base::ProgramEnd(
-            std::string(programTitle),
+            std::string(base::programTitle),
             "Missing Catalog files\nSave the catlog zip file emailed by your supplier to " +
                 base::textOf(folder));
     if (suppliers.size() == 1)
@@ -95,7 +93,7 @@ void StartUp::showSupplierList() {
 
 void StartUp::showList(const std::vector<Supplier>& suppliers) {
     const auto& folder = m_session.folders.ProgramFolder;
-    m_out.window.setCaption(programTitle);
+    m_out.window.setCaption(base::programTitle);
     m_out.window.hidePasswordEntry();
     showPage(folder, supplierPage(folder, m_session.layout, suppliers));
 }
@@ -107,9 +105,9 @@ void StartUp::installArrived(const std::vector<fs::path>& zips) {
     showSupplierList();
 }
 
-bool StartUp::linkClicked(std::string_view target) {
+void StartUp::linkClicked(std::string_view target) {
     if (isOwnPage(target))
-        return true;
+        return;
     const auto name = lastPart(target);
     const bool isRemoval = name.starts_with('-');
     const auto supplier = findSupplier(m_markers.suppliers(), isRemoval ? name.substr(1) : name);
@@ -117,7 +115,6 @@ bool StartUp::linkClicked(std::string_view target) {
         remove(*supplier);
     else if (supplier)
         open(*supplier, m_session.programFileReadOnly);
-    return false;
 }
 
 void StartUp::open(const Supplier& supplier, bool isReadOnly) {
@@ -141,7 +138,7 @@ std::optional<catalog::Parameters> StartUp::readParameters() {
     try {
         return catalog::Parameters(parametersPath());
     } catch (const base::ProgramEnd& unusable) {
-        m_out.messages.show(platform::Icon::critical, programTitle, unusable.text());
+        m_out.messages.show(platform::Icon::critical, base::programTitle, unusable.text());
         return std::nullopt;
     }
 }
@@ -152,8 +149,7 @@ void StartUp::showWelcomePage(const catalog::Parameters& parameters) {
     m_out.window.offerSupplierList(m_markers.suppliers().size() > 1);
     const auto path = base::filePath(folders.DataFolder, catalog::welcomeTemplate);
     if (!base::findFile(folders.DataFolder, catalog::welcomeTemplate))
-        throw base::ProgramEnd(std::string(endTitle),
-                               "Can not find " + base::textOf(path) + "\nPlease re-install your data files");
+        throw base::ProgramEnd("Can not find " + base::textOf(path) + "\nPlease re-install your data files");
     const pages::ParameterFields fields(parameters, folders, m_session.programFileReadOnly);
     showPage(folders.UserFolder,
              pages::wholePage(folders.DataFolder, catalog::welcomeTemplate, m_session.layout, fields));
@@ -179,7 +175,7 @@ void StartUp::remove(const Supplier& supplier) {
     try {
         removeSupplierFiles(m_session.folders.ProgramFolder, supplier);
     } catch (const base::FileError& error) {
-        m_out.messages.show(platform::Icon::exclamation, programTitle, error.what());
+        m_out.messages.show(platform::Icon::exclamation, base::programTitle, error.what());
     }
     showSupplierList();
 }

@@ -31,10 +31,6 @@ struct Surroundings {
     std::filesystem::path ownFolder; ///< the user's own folder, made when it is needed
 };
 
-/// Whether an address, as a person reads it, is the program's own page, the only one that the start-up
-/// browser may load.
-[[nodiscard]] bool isOwnPage(std::string_view target);
-
 /// From the program's start until the main window opens. The window calls `run` once when it loads and
 /// the others for what the user does. Every call may throw base::ProgramEnd, base::Quit or
 /// base::FileError; after a FileError the user is where he was.
@@ -52,9 +48,9 @@ public:
     void installArrived(const std::vector<std::filesystem::path>& zips);
 
     /// A link in the start-up browser, as a person reads it: escapes decoded, no "file:", separators as
-    /// backslashes. True when the browser may load it, as `isOwnPage` tells beforehand: boxes, unpacking
+    /// backslashes. It chooses or removes a supplier, or does nothing; the browser itself follows none. Boxes
     /// and another page may follow from the click, so call this outside the browser's own event.
-    [[nodiscard]] bool linkClicked(std::string_view target);
+    void linkClicked(std::string_view target);
 
     /// `cbNext` 0, with the text of `txtPassword`.
     void next(std::string_view entry);

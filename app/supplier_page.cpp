@@ -27,7 +27,7 @@ std::string programFolderText(const std::filesystem::path& folder) {
 
 Cells readCells(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes) {
     if (!base::findFile(programFolder, templateFile))
-        throw base::ProgramEnd("Terminating error", "Can not find Start.ect\nPlease re-install your program");
+        throw base::ProgramEnd("Can not find Start.ect\nPlease re-install your program");
     const auto file = pages::readTemplate(programFolder, templateFile);
     const auto text = pages::replaceLayoutSizes(file.text, sizes);
     return pages::splitAtRows(base::replaceAll(text, "{DIR}", programFolderText(programFolder)),
@@ -67,6 +67,12 @@ void moveRow(std::string& body, std::string& row) {
     row.clear();
 }
 
+int cellsPerRow(std::size_t suppliers) {
+    if (suppliers <= 3)
+        return 2;
+    return suppliers <= 5 ? 3 : 4;
+}
+
 std::string rowsOf(const Cells& cells, const std::vector<Supplier>& suppliers) {
     const int perRow = cellsPerRow(suppliers.size());
     std::string body;
@@ -88,12 +94,6 @@ std::string rowsOf(const Cells& cells, const std::vector<Supplier>& suppliers) {
     return body;
 }
 
-}
-
-int cellsPerRow(std::size_t suppliers) {
-    if (suppliers <= 3)
-        return 2;
-    return suppliers <= 5 ? 3 : 4;
 }
 
 std::string supplierPage(const std::filesystem::path& programFolder, const pages::LayoutSizes& sizes,

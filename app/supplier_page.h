@@ -9,9 +9,6 @@
 
 namespace app {
 
-/// How many suppliers stand side by side in the list.
-[[nodiscard]] int cellsPerRow(std::size_t suppliers);
-
 /// The page that lists the suppliers, from Start.ect in `ProgramFolder`. The template's head must end
 /// inside an open table row and its tail begin by closing one. A missing template throws
 /// base::ProgramEnd, one without a row's end marker base::DamagedFile.

@@ -13,6 +13,9 @@ class ProgramEnd : public std::exception {
 public:
     ProgramEnd(std::string title, std::string text);
 
+    /// Under the title "Terminating error".
+    explicit ProgramEnd(std::string text);
+
     [[nodiscard]] const std::string& title() const { return m_title; }
 
     [[nodiscard]] const std::string& text() const { return m_text; }

@@ -79,7 +79,7 @@ private:
     order::OrderWriter m_writer;
     pages::ScratchPage m_scratchPage;
     ui::qt::MessageBoxes m_messages;
-    std::vector<order::OrderRow> m_rows;
+    std::vector<ui::OrderRow> m_rows;
     order::OrderContents m_order;
     KeptPage m_page;
     QPrinter m_printer;

@@ -6,6 +6,12 @@ namespace pages {
 namespace {
 
 constexpr std::string_view tableOfContents = "TABLE OF CONTENTS";
+
+// Group number 0 means group 1.
+std::int32_t groupOf(const catalog::ProductRecord& record) {
+    return record.group() == 0 ? 1 : record.group();
+}
+
 using RecordNumbers = std::vector<std::int32_t>;
 
 RecordNumbers ownRecordsFrom(const catalog::GroupTable& groups, std::int32_t first) {
@@ -29,10 +35,6 @@ RecordNumbers productsBehind(const catalog::ProductTable& products, std::int32_t
     return numbers;
 }
 
-}
-
-std::int32_t groupOf(const catalog::ProductRecord& record) {
-    return record.group() == 0 ? 1 : record.group();
 }
 
 std::string_view groupDescription(const catalog::Catalog& catalog, const catalog::ProductRecord& record) {

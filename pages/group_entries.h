@@ -8,9 +8,6 @@
 
 namespace pages {
 
-/// The group that a record of the product list belongs to; group number 0 means group 1.
-[[nodiscard]] std::int32_t groupOf(const catalog::ProductRecord& record);
-
 /// The name that stands for {GRPDESC}: a product's group, or the parent of a group. Empty for a group
 /// without a parent.
 [[nodiscard]] std::string_view groupDescription(const catalog::Catalog& catalog,

@@ -1,6 +1,7 @@
 // Starts Tavorine in the user's own program folder, ~/Tavorine:
 //     tavorine [CATALOGUE.zip ...]
 // takes the catalogues that it is given into the folder first.
+#include "base/program_title.h"
 #include "packaging/launcher/own_program_folder.h"
 #include "ui/system/browser_start.h"
 
@@ -32,7 +33,7 @@ void tell(const char* complaint, int argc, char* argv[]) {
     if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         return;
     const QApplication application(argc, argv);
-    QMessageBox box(QMessageBox::Critical, "Tavorine Catalog Viewer", complaint);
+    QMessageBox box(QMessageBox::Critical, QString::fromUtf8(base::programTitle), complaint);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -49,10 +49,6 @@ public:
 
     [[nodiscard]] const std::filesystem::path& scratchPage() const { return m_scratchPage.path(); }
 
-    [[nodiscard]] std::int32_t currentRecord() const { return m_currentRecord; }
-
-    [[nodiscard]] TaxStatus taxStatus() const { return m_taxStatus; }
-
 private:
     void put(platform::Browser& browser, std::string_view text, std::string_view place);
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t fewestFilled = 2;
 
-// A list has no limit, and nothing to lead to for a group that has no own record.
+// A list has no limit. A group that has no own record could lead nowhere, so it is left out.
 std::vector<GroupEntry> groupsFrom(const catalog::Catalog& catalog, std::int32_t first) {
     std::vector<GroupEntry> entries;
     for (const auto number : siblingsFrom(catalog.groups, first)) {
@@ -30,11 +30,11 @@ std::vector<GroupEntry> productsFrom(const catalog::Catalog& catalog, std::int32
     return entries;
 }
 
-}
-
 std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, std::int32_t start) {
     const auto record = catalog.products.at(start);
     return record.isProduct() ? productsFrom(catalog, start) : groupsFrom(catalog, record.group());
+}
+
 }
 
 GroupLists::GroupLists(const catalog::Catalog& catalog) : m_catalog(catalog) {

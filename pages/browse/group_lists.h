@@ -17,16 +17,13 @@ struct GroupEntry {
     std::int32_t record = 0;
 };
 
-/// The entries of a list that starts at this record of Prdlst.dat: products, or groups where it is a group's
-/// own record. Groups that have no own record are left out. Damaged files end every walk.
-[[nodiscard]] std::vector<GroupEntry> listEntries(const catalog::Catalog& catalog, std::int32_t start);
-
 /// What stands in a list that a choice has prepared and nobody has opened yet. It selects nothing.
 inline constexpr std::string_view pleaseSelect = "Please Select";
 
 inline constexpr int groupListCount = 4;
 
-/// The row of group lists `GDB(0)` to `GDB(3)`, numbered from 0. The catalogue must outlive it.
+/// The row of group lists `GDB(0)` to `GDB(3)`, numbered from 0. Groups that have no own record are left out.
+/// Damaged files end every walk. The catalogue must outlive it.
 class GroupLists {
 public:
     /// Fills the first list.
@@ -51,7 +48,7 @@ public:
 private:
     struct List {
         std::vector<GroupEntry> entries;
-        std::optional<std::int32_t> start = std::nullopt; // for `listEntries`
+        std::optional<std::int32_t> start = std::nullopt; // the record that it starts at
     };
 
     static std::size_t at(int list) { return static_cast<std::size_t>(list); }

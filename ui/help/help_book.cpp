@@ -94,19 +94,8 @@ std::optional<std::string> heldPart(std::string_view page, const std::string& ph
     return holdsAll ? std::optional(words.front()) : std::nullopt;
 }
 
-}
-
-HelpPage readHelpPage(const std::string& file, std::string_view html) {
-    HelpPage page{file, file, {}, {}};
-    PageReader reader(page);
-    readHtml(
-        html, [&](const HtmlTag& tag) { reader.tag(tag); },
-        [&](std::string_view text) { reader.text(text); });
-    reader.end();
-    return page;
-}
-
-std::vector<std::string> linkedHelpPages(std::string_view html) {
+// The pages to which the navigation lists of a page lead, each once, in order.
+std::vector<std::string> linkedPages(std::string_view html) {
     std::vector<std::string> files;
     bool inNavigation = false;
     const auto onTag = [&](const HtmlTag& tag) {
@@ -122,13 +111,25 @@ std::vector<std::string> linkedHelpPages(std::string_view html) {
     return files;
 }
 
+}
+
+HelpPage readHelpPage(const std::string& file, std::string_view html) {
+    HelpPage page{file, file, {}, {}};
+    PageReader reader(page);
+    readHtml(
+        html, [&](const HtmlTag& tag) { reader.tag(tag); },
+        [&](std::string_view text) { reader.text(text); });
+    reader.end();
+    return page;
+}
+
 HelpBook::HelpBook(const fs::path& folder) {
     const auto contents = folder / helpContentsPage;
     const auto first = base::readFile(contents);
     if (!first)
         throw base::FileError("Can not find " + base::textOf(contents) + "\nPlease re-install your program");
     m_pages.push_back(readHelpPage(std::string(helpContentsPage), *first));
-    for (const auto& file : linkedHelpPages(*first))
+    for (const auto& file : linkedPages(*first))
         if (const auto html = base::readFile(folder / file); html && file != helpContentsPage)
             m_pages.push_back(readHelpPage(file, *html));
     for (const auto& page : m_pages)

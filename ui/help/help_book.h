@@ -26,9 +26,6 @@ struct HelpPage {
 /// Titles are the page's own headings.
 [[nodiscard]] HelpPage readHelpPage(const std::string& file, std::string_view html);
 
-/// The pages to which the navigation lists of a page lead, each once, in order.
-[[nodiscard]] std::vector<std::string> linkedHelpPages(std::string_view html);
-
 /// A page that holds what was searched for, and what to mark on it.
 struct HelpHit {
     std::size_t page; ///< in pages()

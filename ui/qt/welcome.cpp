@@ -1,5 +1,6 @@
 #include "ui/qt/welcome.h"
 
+#include "base/program_title.h"
 #include "pages/browse/link_address.h"
 #include "ui/qt/widgets/flow_layout.h"
 #include "ui/qt/widgets/icons.h"
@@ -64,7 +65,7 @@ Welcome::Welcome(Guard& guard)
       m_suppliers(new QPushButton("&All suppliers", this)) {
     setObjectName("Welcome");
     setAcceptDrops(true);
-    setWindowTitle("Tavorine Catalog Viewer");
+    setWindowTitle(toQt(base::programTitle));
     auto* pages = new QWidget(this);
     auto* pagesLayout = new QVBoxLayout(pages);
     pagesLayout->setContentsMargins(0, 0, 0, 0);
@@ -177,7 +178,7 @@ void Welcome::drive(app::StartUp& startUp) {
 void Welcome::followLink(app::StartUp& startUp, const QUrl& address) {
     const auto target = pages::readAddress(address.toEncoded().toStdString());
     if (target.isFile)
-        static_cast<void>(startUp.linkClicked(target.text));
+        startUp.linkClicked(target.text);
 }
 
 void Welcome::showProgress(quint64 done, quint64 total) {
