@@ -16,7 +16,7 @@ struct FindSettings {
 [[nodiscard]] FindSettings readFindSettings(const catalog::SettingsFile& settings);
 void saveFindSettings(const FindSettings& values, const catalog::SettingsFile& settings);
 
-/// One tick, under its key: "Code", "Desc" or "Other".
-void saveFindTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings);
+/// One tick, under its key: `findCode`, `findDescription` or `findOther`.
+void saveFindTick(catalog::SettingKey key, bool ticked, const catalog::SettingsFile& settings);
 
 }

@@ -124,7 +124,7 @@ void Form1::restoreSettings() {
     m_browsing.setTaxStatus(statusOf(m_details.taxExempt));
     const catalog::SettingsFile startSettings(
         base::filePath(m_session.folders.ProgramFolder, catalog::startSettingsFile));
-    m_toolbarState = openingToolbar(m_catalog.parameters, startSettings.read("Email", "Status"));
+    m_toolbarState = openingToolbar(m_catalog.parameters, startSettings.read(catalog::setting::emailStatus));
     m_ordering.setTaxStatus(statusOf(m_details.taxExempt));
     showOrder();
 }
@@ -198,7 +198,7 @@ void Form1::showEvent(QShowEvent* event) {
     if (std::exchange(m_splitterPlaced, true))
         return;
     QTimer::singleShot(0, this, [this] {
-        m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read("Split", "Top")));
+        m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read(catalog::setting::splitTop)));
     });
 }
 
@@ -448,7 +448,8 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::saveSettings() {
     closePending();
-    m_userSettings.write("Split", "Top", base::settingsText(static_cast<float>(m_catalogView->splitTop())));
+    m_userSettings.write(catalog::setting::splitTop,
+                         base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     saveDetails();
     if (m_find)
         m_find->reject(); // which saves its place
