@@ -67,7 +67,7 @@ void StartUp::askForEmailOnFirstRun() {
     const auto answer = m_out.messages.ask(platform::Icon::none, base::programTitle,
                                            "Can emails be sent from this computer?", platform::Answer::yes);
     catalog::SettingsFile(folder / catalog::startSettingsFile)
-        .write("Email", "Status", answer == platform::Answer::yes ? "Yes" : "No");
+        .write(catalog::setting::emailStatus, answer == platform::Answer::yes ? "Yes" : "No");
 }
 
 void StartUp::choosePageSizes() {

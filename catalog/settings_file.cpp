@@ -110,8 +110,8 @@ void insertLine(std::string& file, std::size_t at, std::string line) {
 
 }
 
-std::string settingIn(std::string_view file, std::string_view section, std::string_view key) {
-    const auto entry = find(file, section, key).entry;
+std::string settingIn(std::string_view file, SettingKey key) {
+    const auto entry = find(file, key.section, key.key).entry;
     if (!entry)
         return {};
     const auto line = file.substr(entry->start, entry->end - entry->start);
@@ -125,30 +125,29 @@ std::string_view settingWrittenAs(std::string_view written) {
     return base::trim(withoutQuotes(stripped(written)).substr(0, longestSetting));
 }
 
-std::string withSetting(std::string file, std::string_view section, std::string_view key,
-                        std::string_view value) {
-    const auto place = find(file, section, key);
+std::string withSetting(std::string file, SettingKey key, std::string_view value) {
+    const auto place = find(file, key.section, key.key);
     const auto written = oneLine(value);
-    const auto entry = std::string(key) + "=" + written;
+    const auto entry = std::string(key.key) + "=" + written;
     if (place.entry)
         putValue(file, *place.entry, written);
     else if (place.section)
         insertLine(file, place.insertAt, entry);
     else
-        insertLine(file, file.size(), "[" + std::string(section) + "]" + std::string(newLine) + entry);
+        insertLine(file, file.size(), "[" + std::string(key.section) + "]" + std::string(newLine) + entry);
     return file;
 }
 
-std::string SettingsFile::read(std::string_view section, std::string_view key) const {
-    return settingIn(base::readFile(m_path).value_or(std::string()), section, key);
+std::string SettingsFile::read(SettingKey key) const {
+    return settingIn(base::readFile(m_path).value_or(std::string()), key);
 }
 
-bool SettingsFile::write(std::string_view section, std::string_view key, std::string_view value) const {
+bool SettingsFile::write(SettingKey key, std::string_view value) const {
     std::error_code error;
     const auto before = base::readFile(m_path);
     if (!before && std::filesystem::exists(m_path, error))
         return false; // never replace settings that cannot be read
-    const auto after = withSetting(before.value_or(std::string()), section, key, value);
+    const auto after = withSetting(before.value_or(std::string()), key, value);
     if (after == before)
         return true;
     try {

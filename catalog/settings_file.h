@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/setting_keys.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -23,24 +25,23 @@ public:
     [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
 
     /// Trimmed, at most `longestSetting` bytes; empty where file, section or key is missing.
-    [[nodiscard]] std::string read(std::string_view section, std::string_view key) const;
+    [[nodiscard]] std::string read(SettingKey key) const;
 
     /// Changes this value and no other byte of the file; makes file, section and key as needed. The file
     /// is replaced in one step, and left alone where it holds the value already. Whether it holds it now:
     /// a failure leaves the file as it was, and most callers do without a word. A line break inside the value
     /// would start another line of the file, so it is written as a blank.
-    bool write(std::string_view section, std::string_view key, std::string_view value) const;
+    bool write(SettingKey key, std::string_view value) const;
 
 private:
     std::filesystem::path m_path;
 };
 
 /// What `SettingsFile` reads and writes, on a file's bytes.
-[[nodiscard]] std::string settingIn(std::string_view file, std::string_view section, std::string_view key);
+[[nodiscard]] std::string settingIn(std::string_view file, SettingKey key);
+[[nodiscard]] std::string withSetting(std::string file, SettingKey key, std::string_view value);
 
 /// What is read of a value that stands so behind its equals sign.
 [[nodiscard]] std::string_view settingWrittenAs(std::string_view written);
-[[nodiscard]] std::string withSetting(std::string file, std::string_view section, std::string_view key,
-                                      std::string_view value);
 
 }

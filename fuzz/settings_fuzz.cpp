@@ -10,7 +10,7 @@ namespace {
 
 /// The value as it reads on a line of its own.
 std::string readBack(std::string_view value) {
-    return catalog::settingIn(catalog::withSetting("", "S", "K", value), "S", "K");
+    return catalog::settingIn(catalog::withSetting("", {"S", "K"}, value), {"S", "K"});
 }
 
 // The bytes that a write took away and put in, where the rest of the file stayed as it was.
@@ -29,13 +29,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto end = std::min(input.find('\n'), input.size());
     const auto value = input.substr(0, end);
     const auto file = std::string(input.substr(std::min(end + 1, input.size())));
-    const auto other = catalog::settingIn(file, "S", "L");
+    const auto other = catalog::settingIn(file, {"S", "L"});
 
-    const auto written = catalog::withSetting(file, "S", "K", value);
-    fuzz::require(catalog::settingIn(written, "S", "K") == readBack(value), "another value was read");
+    const auto written = catalog::withSetting(file, {"S", "K"}, value);
+    fuzz::require(catalog::settingIn(written, {"S", "K"}) == readBack(value), "another value was read");
     fuzz::require(readBack(value).size() <= 249, "a value is too long");
-    fuzz::require(catalog::settingIn(written, "S", "L") == other, "another key changed");
-    fuzz::require(catalog::withSetting(written, "S", "K", value) == written,
+    fuzz::require(catalog::settingIn(written, {"S", "L"}) == other, "another key changed");
+    fuzz::require(catalog::withSetting(written, {"S", "K"}, value) == written,
                   "writing twice is not writing once");
     fuzz::require(changesOnePlace(file, written), "another line changed");
     return 0;

@@ -10,19 +10,22 @@
 namespace order {
 namespace {
 
-constexpr std::string_view section = "Order";
-constexpr std::string_view taxKey = "Tax";
+namespace setting = catalog::setting;
 
 struct Detail {
-    std::string_view key;
+    catalog::SettingKey key;
     std::string DeliveryDetails::*text;
 };
 
 constexpr std::array details{
-    Detail{"Attention", &DeliveryDetails::attention}, Detail{"City", &DeliveryDetails::city},
-    Detail{"Country", &DeliveryDetails::country},     Detail{"Business", &DeliveryDetails::business},
-    Detail{"Phone", &DeliveryDetails::phone},         Detail{"State", &DeliveryDetails::state},
-    Detail{"Street", &DeliveryDetails::street},       Detail{"Zip", &DeliveryDetails::zip},
+    Detail{setting::orderAttention, &DeliveryDetails::attention},
+    Detail{setting::orderCity, &DeliveryDetails::city},
+    Detail{setting::orderCountry, &DeliveryDetails::country},
+    Detail{setting::orderBusiness, &DeliveryDetails::business},
+    Detail{setting::orderPhone, &DeliveryDetails::phone},
+    Detail{setting::orderState, &DeliveryDetails::state},
+    Detail{setting::orderStreet, &DeliveryDetails::street},
+    Detail{setting::orderZip, &DeliveryDetails::zip},
 };
 
 // Reading takes off one pair of quotes, and blanks of every kind outside it. A text that has quotes of its
@@ -44,16 +47,16 @@ bool canBeKept(std::string_view text) {
 
 DeliveryDetails readDetails(const catalog::SettingsFile& settings) {
     DeliveryDetails result;
-    result.taxExempt = std::nearbyint(base::parseNumber(settings.read(section, taxKey))) == 1;
+    result.taxExempt = std::nearbyint(base::parseNumber(settings.read(setting::orderTax))) == 1;
     for (const auto& detail : details)
-        result.*detail.text = settings.read(section, detail.key);
+        result.*detail.text = settings.read(detail.key);
     return result;
 }
 
 bool saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
-    bool written = settings.write(section, taxKey, values.taxExempt ? "1" : "0");
+    bool written = settings.write(setting::orderTax, values.taxExempt ? "1" : "0");
     for (const auto& detail : details)
-        written &= settings.write(section, detail.key, quotedIfNeeded(values.*detail.text));
+        written &= settings.write(detail.key, quotedIfNeeded(values.*detail.text));
     return written;
 }
 

@@ -5,30 +5,26 @@
 #include <cmath>
 
 namespace ui {
-namespace {
-
-constexpr std::string_view section = "Find";
-
-}
+namespace setting = catalog::setting;
 
 SearchSettings readSearchSettings(const catalog::SettingsFile& settings) {
-    const auto number = [&](std::string_view key) { return base::parseNumber(settings.read(section, key)); };
-    const auto ticked = [&](std::string_view key) { return std::nearbyint(number(key)) == 1; };
-    return {static_cast<float>(number("Left")),
-            static_cast<float>(number("Top")),
-            {ticked("Code"), ticked("Desc"), ticked("Other")}};
+    const auto number = [&](catalog::SettingKey key) { return base::parseNumber(settings.read(key)); };
+    const auto ticked = [&](catalog::SettingKey key) { return std::nearbyint(number(key)) == 1; };
+    return {static_cast<float>(number(setting::findLeft)),
+            static_cast<float>(number(setting::findTop)),
+            {ticked(setting::findCode), ticked(setting::findDescription), ticked(setting::findOther)}};
 }
 
 void saveSearchSettings(const SearchSettings& values, const catalog::SettingsFile& settings) {
-    settings.write(section, "Left", base::settingsText(values.left));
-    settings.write(section, "Top", base::settingsText(values.top));
-    saveSearchTick("Code", values.columns.code, settings);
-    saveSearchTick("Desc", values.columns.description, settings);
-    saveSearchTick("Other", values.columns.other, settings);
+    settings.write(setting::findLeft, base::settingsText(values.left));
+    settings.write(setting::findTop, base::settingsText(values.top));
+    saveSearchTick(setting::findCode, values.columns.code, settings);
+    saveSearchTick(setting::findDescription, values.columns.description, settings);
+    saveSearchTick(setting::findOther, values.columns.other, settings);
 }
 
-void saveSearchTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings) {
-    settings.write(section, key, ticked ? "1" : "0");
+void saveSearchTick(catalog::SettingKey key, bool ticked, const catalog::SettingsFile& settings) {
+    settings.write(key, ticked ? "1" : "0");
 }
 
 }

@@ -16,7 +16,7 @@ struct SearchSettings {
 [[nodiscard]] SearchSettings readSearchSettings(const catalog::SettingsFile& settings);
 void saveSearchSettings(const SearchSettings& values, const catalog::SettingsFile& settings);
 
-/// One tick, under its key: "Code", "Desc" or "Other".
-void saveSearchTick(std::string_view key, bool ticked, const catalog::SettingsFile& settings);
+/// One tick, under its key: `findCode`, `findDescription` or `findOther`.
+void saveSearchTick(catalog::SettingKey key, bool ticked, const catalog::SettingsFile& settings);
 
 }

@@ -12,13 +12,13 @@ class Settings : public testing::Test {
 protected:
     std::string read(std::string_view content, std::string_view section, std::string_view key) {
         base::replaceFile(path, content);
-        return settings.read(section, key);
+        return settings.read({section, key});
     }
 
     std::string written(std::string_view content, std::string_view section, std::string_view key,
                         std::string_view value) {
         base::replaceFile(path, content);
-        settings.write(section, key, value);
+        settings.write({section, key}, value);
         return base::readFile(path).value_or("no file");
     }
 
@@ -107,15 +107,15 @@ TEST_F(Settings, AValueCanNotStartAnotherLine) {
 }
 
 TEST_F(Settings, AMissingFileReadsAsEmptyAndAnUnwritableOneIsLeftAlone) {
-    EXPECT_EQ(settings.read("Order", "City"), "");
+    EXPECT_EQ(settings.read({"Order", "City"}), "");
     const catalog::SettingsFile nowhere(path / "none" / "User.ini");
-    nowhere.write("Order", "City", "Bonn");
-    EXPECT_EQ(nowhere.read("Order", "City"), "");
+    nowhere.write({"Order", "City"}, "Bonn");
+    EXPECT_EQ(nowhere.read({"Order", "City"}), "");
 
     base::replaceFile(path, "[Order]\nCity=Rome\n");
     std::filesystem::permissions(path, std::filesystem::perms::owner_read);
-    settings.write("Order", "City", "Bonn");
-    EXPECT_EQ(settings.read("Order", "City"), "Rome");
+    settings.write({"Order", "City"}, "Bonn");
+    EXPECT_EQ(settings.read({"Order", "City"}), "Rome");
 }
 
 }

@@ -81,7 +81,7 @@ TEST_F(SearchTest, SettingsAreReadLenientlyAndWrittenOneByOne) {
     EXPECT_EQ(read.columns, (ui::SearchedColumns{true, false, true}));
 
     base::replaceFile(path, "");
-    ui::saveSearchTick("Desc", true, settings);
+    ui::saveSearchTick(catalog::setting::findDescription, true, settings);
     EXPECT_EQ(base::readFile(path), "[Find]\r\nDesc=1\r\n");
     ui::saveSearchSettings({100, -7, {true, false, true}}, settings);
     EXPECT_EQ(base::readFile(path), "[Find]\r\nDesc=0\r\nLeft= 100\r\nTop=-7\r\nCode=1\r\nOther=1\r\n");

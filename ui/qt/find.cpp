@@ -98,13 +98,13 @@ void Find::connectControls() {
     connect(m_next, &QPushButton::clicked, this, m_guard([this] { m_search.next(query()); }));
     connect(m_previous, &QPushButton::clicked, this, m_guard([this] { m_search.previous(query()); }));
     connect(m_cancel, &QPushButton::clicked, this, &Find::reject);
-    const auto saveTick = [this](QCheckBox* tick, const char* key) {
+    const auto saveTick = [this](QCheckBox* tick, catalog::SettingKey key) {
         connect(tick, &QCheckBox::clicked, this,
                 m_guard([this, key](bool ticked) { saveSearchTick(key, ticked, m_userSettings); }));
     };
-    saveTick(m_code, "Code");
-    saveTick(m_description, "Desc");
-    saveTick(m_other, "Other");
+    saveTick(m_code, catalog::setting::findCode);
+    saveTick(m_description, catalog::setting::findDescription);
+    saveTick(m_other, catalog::setting::findOther);
     const auto shortcut = [this](const QKeySequence& keys, auto work) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, m_guard(work));
     };

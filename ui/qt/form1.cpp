@@ -23,7 +23,7 @@ constexpr QSize designedSize{1000, 720};
 ToolbarState openingToolbarOf(const app::Session& session, const catalog::Parameters& parameters) {
     const catalog::SettingsFile startSettings(
         base::filePath(session.folders.ProgramFolder, catalog::startSettingsFile));
-    return openingToolbar(parameters, startSettings.read("Email", "Status"));
+    return openingToolbar(parameters, startSettings.read(catalog::setting::emailStatus));
 }
 
 QString columnsOf(const Grid& grid) {
@@ -135,7 +135,7 @@ void Form1::showEvent(QShowEvent* event) {
     if (std::exchange(m_splitterPlaced, true))
         return;
     QTimer::singleShot(0, this, [this] {
-        m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read("Split", "Top")));
+        m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read(catalog::setting::splitTop)));
     });
 }
 
@@ -249,7 +249,8 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::saveSettings() {
     m_orderScreen.closePending();
-    m_userSettings.write("Split", "Top", base::settingsText(static_cast<float>(m_catalogView->splitTop())));
+    m_userSettings.write(catalog::setting::splitTop,
+                         base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     m_orderScreen.saveDetails();
     m_catalogDesk.closeSearch();
     m_memory.save(*this);

@@ -80,7 +80,7 @@ protected:
         QTest::keyClick(find->focusWidget(), key, modifiers);
     }
 
-    [[nodiscard]] std::string saved(const char* key) const { return settings.read("Find", key); }
+    [[nodiscard]] std::string saved(const char* key) const { return settings.read({"Find", key}); }
 
     void write(const std::string& section) { base::replaceFile(folder / "User.ini", "[Find]\r\n" + section); }
 
