@@ -14,8 +14,8 @@
 
 namespace {
 using order::TaxStatus;
-using ui_test::ReferenceOrder;
 using ui::Field;
+using ui_test::ReferenceOrder;
 
 constexpr std::size_t historySize = 2;
 

@@ -142,8 +142,7 @@ TEST_F(ShrinkingFiles, PriceShowAndFindNothing) {
     EXPECT_THROW(search.first({"needle", {false, true, false}}), base::DamagedFile);
     EXPECT_THROW(search.first({"no such", {false, true, false}}), base::DamagedFile);
     EXPECT_THROW(browsing.showRecord(product), base::DamagedFile);
-    EXPECT_THROW(static_cast<void>(ui::documentRows(opened, ordering.orderRows())),
-                 base::DamagedFile);
+    EXPECT_THROW(static_cast<void>(ui::documentRows(opened, ordering.orderRows())), base::DamagedFile);
     EXPECT_THAT(journal.take(), testing::IsEmpty());
     EXPECT_EQ(ordering.orderLabel(), "30.00");
     EXPECT_EQ(base::readFile(folder / "Basket.dat"), stored);
