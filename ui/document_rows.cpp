@@ -21,7 +21,7 @@ constexpr std::array cells{
     Cell{Field::taxRate, &order::DocumentRow::taxRate},
     Cell{Field::price, &order::DocumentRow::price},
     Cell{Field::tax, &order::DocumentRow::tax},
-    Cell{Field::total, &order::DocumentRow::amount},
+    Cell{Field::amount, &order::DocumentRow::amount},
 };
 
 bool hasColumn(const std::vector<Column>& columns, Field field) {

@@ -43,7 +43,7 @@ std::string productCell(catalog::ProductRecord record, const LineCells& ordered,
         return record.isProduct() ? base::textOf(record.price()) : "";
     case Field::tax:
         return ordered.tax;
-    case Field::total:
+    case Field::amount:
         return ordered.amount;
     }
     return {};

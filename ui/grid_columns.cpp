@@ -79,7 +79,7 @@ std::vector<Column> productColumns(const catalog::Parameters& parameters) {
     add({.field = Field::price, .caption = price, .widthInUnits = 12, .narrowest = 8});
     if (parameters.chargesTax())
         add({.field = Field::tax, .caption = tax, .widthInUnits = 11, .narrowest = 8});
-    add({.field = Field::total, .caption = "Total", .widthInUnits = 12, .narrowest = 9});
+    add({.field = Field::amount, .caption = "Total", .widthInUnits = 12, .narrowest = 9});
     return columns;
 }
 

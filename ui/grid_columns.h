@@ -8,7 +8,7 @@
 namespace ui {
 
 /// What a column of the product or order grid holds.
-enum class Field { quantity, mark, code, description, other, taxRate, price, tax, total };
+enum class Field { quantity, mark, code, description, other, taxRate, price, tax, amount };
 
 /// The grids' own alignment numbers (docs/file-formats.md, "Parameter header").
 enum class Alignment { left = 0, right = 1, centred = 2, rightHeader = 3 };

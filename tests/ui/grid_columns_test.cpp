@@ -46,12 +46,12 @@ protected:
 
 TEST_F(MainWindowParts, TheGridHasNineColumnsWithTaxAndSevenWithout) {
     EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description,
-                                     Field::other, Field::taxRate, Field::price, Field::tax, Field::total}));
+                                     Field::other, Field::taxRate, Field::price, Field::tax, Field::amount}));
     EXPECT_EQ(ui::productColumns(parameters())[5].caption, "GST%");
     EXPECT_EQ(ui::productColumns(parameters())[7].caption, "GST");
     builder.taxSwitch = 'N';
     EXPECT_EQ(fields(), (std::vector{Field::quantity, Field::mark, Field::code, Field::description,
-                                     Field::other, Field::price, Field::total}));
+                                     Field::other, Field::price, Field::amount}));
 }
 
 TEST_F(MainWindowParts, TheOrderGridLeavesTheOtherColumnOutUnlessItsSwitchIsSet) {
@@ -62,13 +62,13 @@ TEST_F(MainWindowParts, TheOrderGridLeavesTheOtherColumnOutUnlessItsSwitchIsSet)
                columns.begin();
     };
     EXPECT_EQ(numberOf(Field::taxRate), 4);
-    EXPECT_EQ(numberOf(Field::total), 7);
+    EXPECT_EQ(numberOf(Field::amount), 7);
     builder.taxSwitch = 'N';
     EXPECT_EQ(numberOf(Field::price), 4);
-    EXPECT_EQ(numberOf(Field::total), 5);
+    EXPECT_EQ(numberOf(Field::amount), 5);
     builder.orderGridHasOtherColumn = true;
     EXPECT_EQ(numberOf(Field::other), 4);
-    EXPECT_EQ(numberOf(Field::total), 6);
+    EXPECT_EQ(numberOf(Field::amount), 6);
 }
 
 TEST_F(MainWindowParts, TheOtherColumnShowsOnlyWithACaptionAndAlignsByItsLetter) {

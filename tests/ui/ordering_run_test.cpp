@@ -95,7 +95,7 @@ private:
                            : ui::productCell(m_catalog.products.at(record), cells, field);
             };
             rows.push_back(
-                {0, text(Field::quantity), "", "", text(Field::tax), text(Field::total), isGreen(cells)});
+                {0, text(Field::quantity), "", "", text(Field::tax), text(Field::amount), isGreen(cells)});
         }
         return rows;
     }
@@ -108,7 +108,7 @@ private:
                 return isTax && !hasTaxColumns() ? "" : ui::orderCell(m_catalog.products, row, field);
             };
             rows.push_back({row.product(), text(Field::quantity), text(Field::taxRate), text(Field::price),
-                            text(Field::tax), text(Field::total), isGreen(row.cells())});
+                            text(Field::tax), text(Field::amount), isGreen(row.cells())});
         }
         return rows;
     }

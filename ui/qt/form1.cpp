@@ -48,7 +48,7 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_catalogView(new CatalogView(this)),
       m_orderView(new OrderView(this)),
       m_totals(new TotalsBar(this)),
-      m_catalogDesk({.session = m_session,
+      m_catalogDesk({.setting = m_session,
                      .catalog = m_catalog,
                      .userSettings = m_userSettings,
                      .messages = messages,
