@@ -45,13 +45,13 @@ public:
 
 [[noreturn]] void refuseName(const fs::path& zip) {
     throw base::FileError(base::textOf(zip) +
-                          " can not be installed, since no supplier can have this name\n"
+                          " cannot be installed, since no supplier can have this name\n"
                           "Please delete it and ask your supplier for one with another name");
 }
 
 [[noreturn]] void failWriting(const fs::path& zip) {
     throw base::FileError(base::textOf(zip) +
-                          " can not be installed\nPlease check that the disk is not full and that you may "
+                          " cannot be installed\nPlease check that the disk is not full and that you may "
                           "write to the program folder, then start the program again");
 }
 
@@ -61,7 +61,7 @@ std::string question(const CatalogIdentity& offered, const CatalogIdentity& inst
            "\n\nwith\n\n   " + installed.name + " catalog version " + offered.version;
 }
 
-/// The files that a catalogue can not do without.
+/// The files that a catalogue cannot do without.
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
 
@@ -105,7 +105,7 @@ void CatalogZips::process(const fs::path& path) {
     try {
         if (const auto N = supplierIn(path))
             install({path, *N});
-        // Deliberate: a zip that holds no catalogue goes without a word.
+        // Deliberate: a zip that holds no catalogue is deleted without a message.
     } catch (const UnusableZip& error) {
         complain(error.what());
     } catch (const base::FileError& error) {
@@ -115,7 +115,7 @@ void CatalogZips::process(const fs::path& path) {
     std::error_code error;
     fs::remove(path, error);
     if (error)
-        complain("Can not delete " + base::textOf(path) +
+        complain("Cannot delete " + base::textOf(path) +
                  "\nPlease delete it yourself, or it is tried again at every start");
 }
 

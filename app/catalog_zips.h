@@ -17,7 +17,7 @@ struct CatalogIdentity;
 
 /// Turns the zip files that lie in `ProgramFolder` into supplier folders, new or updated
 /// (docs/supplier-folders.md). An install or update is all or nothing; what goes wrong with one zip is
-/// told in one message and does not stop the others.
+/// reported in one message and does not stop the others.
 class CatalogZips {
 public:
     CatalogZips(std::filesystem::path programFolder, platform::Archive& archive,

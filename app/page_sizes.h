@@ -5,7 +5,7 @@
 
 namespace app {
 
-/// The screen on which the user is told that a larger one would be better.
+/// The screen on which the user is advised that a larger one would be better.
 [[nodiscard]] bool isSmallScreen(platform::ScreenSize screen);
 
 /// The page sizes for a screen of exactly this size; any other gets those of 1024x768.

@@ -21,7 +21,7 @@ constexpr auto markerName = "marker";
 
 [[noreturn]] void failWriting(const fs::path& folder) {
     throw base::FileError(
-        "Can not write to " + base::textOf(folder) +
+        "Cannot write to " + base::textOf(folder) +
         "\nPlease check that the disk is not full and that you may write there, then start the "
         "program again");
 }

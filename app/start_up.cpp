@@ -133,7 +133,7 @@ void StartUp::open(const Supplier& supplier, bool isReadOnly) {
         showWelcomePage(*parameters);
 }
 
-// A supplier that can not be opened must not end the program at every start.
+// A supplier that cannot be opened must not end the program at every start.
 std::optional<catalog::Parameters> StartUp::readParameters() {
     try {
         return catalog::Parameters(parametersPath());

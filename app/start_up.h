@@ -41,7 +41,7 @@ public:
     /// One instance, the e-mail question, page sizes, program folder, catalogue zips, supplier list.
     void run();
 
-    /// The suppliers to choose from; with only one its welcome page, or the list where it can not be opened.
+    /// The suppliers to choose from; with only one its welcome page, or the list where it cannot be opened.
     void showSupplierList();
 
     /// Installs zips that have been put into the program folder since `run`, then shows the list.

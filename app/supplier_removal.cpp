@@ -21,7 +21,7 @@ void removeSupplierFiles(const fs::path& programFolder, const Supplier& supplier
             failed = path;
     }
     if (!failed.empty())
-        throw base::FileError("Can not delete " + base::textOf(failed) +
+        throw base::FileError("Cannot delete " + base::textOf(failed) +
                               "\nPlease check that you may write there and that no other program uses it");
 }
 

@@ -48,7 +48,7 @@ bool writeNew(const fs::path& path, std::string_view bytes) {
 }
 
 [[noreturn]] void failWriting(const fs::path& path) {
-    throw FileError("Can not write " + textOf(path) +
+    throw FileError("Cannot write " + textOf(path) +
                     "\nPlease check that the disk is not full and that you may write there");
 }
 

@@ -11,7 +11,7 @@ namespace base {
 /// A file's bytes, mapped for reading: opening costs the same for any size, and only those pages are
 /// read from the disk that are looked at. The bytes live as long as this object. Opening a file that is
 /// missing or cannot be read throws MissingFile.
-/// Strangers may shorten the file meanwhile. The bytes that it loses can not be read any more: the system
+/// Strangers may shorten the file meanwhile. The bytes that it loses cannot be read any more: the system
 /// ends the program then, unless something puts others in their place and says so by `lost`. What was read
 /// counts only once `isWhole` has been asked after it.
 class MappedFile {

@@ -1,11 +1,10 @@
 // Typing one quantity, and pricing the whole order again, against the same change of a SQLite database in
 // WAL mode that never waits for the disk.
 
-#include "ui/ordering.h"
-
 #include "bench/database.h"
 #include "catalog/catalog.h"
 #include "tests/support/catalog_builder.h"
+#include "ui/ordering.h"
 #include "ui/system/disk_file.h"
 
 #include <benchmark/benchmark.h>

@@ -16,7 +16,7 @@ public:
         std::filesystem::create_directories(m_folder);
         const auto unpacked = ui::system::ZipExtractor().extract(TAVORINE_SAMPLE, "*", m_folder);
         if (unpacked != platform::Archive::Result::extracted)
-            std::fputs("the sample can not be unpacked\n", stderr);
+            std::fputs("the sample cannot be unpacked\n", stderr);
         session.folders = {m_folder, m_folder, m_folder};
         session.layout = {"50", "2", "3"};
     }

@@ -51,7 +51,7 @@ void storeCatalogPassword(const std::filesystem::path& path, std::string_view pa
     file.write(stored.data(), stored.size());
     file.close();
     if (!file)
-        throw base::FileError("Can not write the password to " + base::textOf(path) +
+        throw base::FileError("Cannot write the password to " + base::textOf(path) +
                               "\nPlease check that the file is not read-only and that you may change it");
 }
 

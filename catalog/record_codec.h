@@ -37,7 +37,7 @@ struct ParameterValues {
 struct ProductValues {
     bool isProduct = true; ///< else a group's header record
     std::int16_t group = 0;
-    std::string_view text; ///< code, description and other text, parted by line feeds
+    std::string_view text; ///< code, description and other text, separated by line feeds
     float taxRate = 0;
     float price = 0;
     std::string_view picture;

@@ -96,7 +96,7 @@ public:
     /// Record number in GrpIdx.idx.
     [[nodiscard]] std::int16_t group() const { return base::readNumber<std::int16_t>(m_bytes, groupOffset); }
 
-    /// Code, description and other text, parted by line feeds, padded to 100 bytes.
+    /// Code, description and other text, separated by line feeds, padded to 100 bytes.
     [[nodiscard]] std::string_view text() const {
         return base::readText(m_bytes, textField.offset, textField.width);
     }

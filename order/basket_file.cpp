@@ -58,11 +58,11 @@ void BasketFile::clear() {
 
 void BasketFile::put(std::int64_t position, std::span<const std::byte> bytes) {
     m_isWritable = m_isWritable && m_file.write(position, bytes);
-    if (m_isWritable || std::exchange(m_failureTold, true))
+    if (m_isWritable || std::exchange(m_failureReported, true))
         return;
     m_messages.show(platform::Icon::exclamation, "Order",
                     base::textOf(m_path) +
-                        " can not be written.\n"
+                        " cannot be written.\n"
                         "You can go on ordering: your order is kept until you leave the catalogue.");
 }
 

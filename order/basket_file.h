@@ -20,7 +20,7 @@ void deleteProgramFolderBasket(const std::filesystem::path& programFolder);
 
 /// Basket.dat, open for writing as long as this object lives; records are numbered from 1. Everything is
 /// on its way to the disk when a call returns. The order itself is held in memory, so a file that cannot
-/// be written is told once in a message box, is left alone until it is cleared, and nothing else happens.
+/// be written is reported once in a message box, is left alone until it is cleared, and nothing else happens.
 class BasketFile {
 public:
     /// Deletes the file of an earlier order and makes an empty one; errors show with the first write.
@@ -45,7 +45,7 @@ private:
     platform::PositionedFile& m_file;
     platform::MessageBox& m_messages;
     bool m_isWritable = false;
-    bool m_failureTold = false;
+    bool m_failureReported = false;
 };
 
 }

@@ -17,7 +17,7 @@ void DetailsFile::tellFailure() {
         return;
     m_messages.show(platform::Icon::exclamation, "Delivery details",
                     base::textOf(m_settings.path()) +
-                        " can not be written.\n"
+                        " cannot be written.\n"
                         "Please check that the disk is not full and that you may write there.\n"
                         "You can go on ordering: your delivery details are kept until you leave the "
                         "catalogue.");

@@ -6,7 +6,7 @@
 
 namespace order {
 
-/// Where the delivery details are kept between runs. What cannot be written is told once, and written the
+/// Where the delivery details are kept between runs. What cannot be written is reported once, and written the
 /// next time that there is room.
 class DetailsFile {
 public:

@@ -26,7 +26,7 @@ struct DocumentRow {
 struct OrderContents {
     DeliveryDetails details;
     std::string orderNumber;  ///< of `txOrdNo`
-    std::string comment;      ///< of `txComment`, its lines parted by CR LF
+    std::string comment;      ///< of `txComment`, its lines separated by CR LF
     std::string deliveryDate; ///< of `txDelDate`
     std::string today;        ///< in the system's short form
     TaxStatus taxStatus = TaxStatus::taxed;

@@ -18,7 +18,7 @@ public:
     ProductFields(const ParameterFields& parameters, const catalog::MemoFile& memos)
         : m_parameters(parameters), m_memos(memos) {}
 
-    /// The record whose values are told from now on; nothing may be told before. The record's bytes and
+    /// The record whose values are given from now on; nothing may be asked for before. The record's bytes and
     /// the group's name must live as long as values are asked for.
     void show(const catalog::ProductRecord& record, std::string_view groupDescription, TaxStatus tax);
 

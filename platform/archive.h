@@ -22,7 +22,7 @@ public:
         cancelled ///< the user has closed the window meanwhile
     };
 
-    /// The names of the files at the archive's top level, in the code page; nothing when it can not be read.
+    /// The names of the files at the archive's top level, in the code page; nothing when it cannot be read.
     virtual std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) = 0;
 
     /// Extracts the entries that match the mask into the folder, over files that are there already in

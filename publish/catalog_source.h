@@ -14,7 +14,7 @@ struct Product {
     std::string description = {};
     std::string other = {};           ///< the Other column
     std::string picture = {};         ///< file name; empty means the code with ".Jpg"
-    std::string longDescription = {}; ///< lines parted by line feeds; empty means none
+    std::string longDescription = {}; ///< lines separated by line feeds; empty means none
     float taxRate = 0;                ///< percent
     float price = 0;                  ///< without tax
     std::size_t line = 0;             ///< of the file that it was read from; 0 where it was not read

@@ -33,7 +33,7 @@ std::string utf8Of(const fs::path& path) {
 }
 
 [[noreturn]] void fail(const fs::path& zip, const std::string& why) {
-    throw base::FileError("Can not write " + base::textOf(zip) + ": " + why);
+    throw base::FileError("Cannot write " + base::textOf(zip) + ": " + why);
 }
 
 /// A zip being made; left as it was unless `close` is reached.
@@ -43,7 +43,7 @@ public:
         int error = 0;
         m_zip = zip_open(utf8Of(path).c_str(), ZIP_CREATE | ZIP_TRUNCATE, &error);
         if (m_zip == nullptr)
-            fail(path, "it can not be created");
+            fail(path, "it cannot be created");
     }
 
     ~ZipWriter() {
@@ -121,7 +121,7 @@ bool isSupplierId(std::string_view id) {
 
 void writeZip(const SourceFolder& source, std::string_view supplierId, const fs::path& zip) {
     if (!isSupplierId(supplierId))
-        throw base::FileError("\"" + std::string(supplierId) + "\" can not be a supplier's id");
+        throw base::FileError("\"" + std::string(supplierId) + "\" cannot be a supplier's id");
     const auto marker = std::string(supplierId) + ".sup";
     const auto markerLine = std::string(supplierId) + "|" + source.displayName + "\r\n";
     const WorkFolder work(zip);

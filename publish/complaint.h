@@ -8,7 +8,7 @@ namespace publish {
 
 /// What is wrong with a supplier's files, in words for the supplier (UTF-8).
 struct Complaint {
-    /// An error stops the catalogue; a warning is told and passes.
+    /// An error stops the catalogue; a warning is reported and passes.
     enum class Weight { warning, error };
 
     Weight weight = Weight::error;

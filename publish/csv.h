@@ -18,7 +18,7 @@ struct CsvTable {
     std::size_t unclosedQuote = 0; ///< the line whose quoted field never ends; 0 for none
 };
 
-/// Fields parted by commas, or by semicolons where the first line has more of them. A field in
+/// Fields separated by commas, or by semicolons where the first line has more of them. A field in
 /// quotation marks may hold separators, line breaks and doubled quotation marks; any other is trimmed.
 /// Line breaks may be LF or CR LF and come out as LF. A byte-order mark is passed over.
 [[nodiscard]] CsvTable parseCsv(std::string_view text);

@@ -17,7 +17,7 @@ constexpr std::int64_t memoFileLimit = std::numeric_limits<std::int32_t>::max();
 std::ofstream created(const std::filesystem::path& path) {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     if (!file)
-        throw base::FileError("Can not write " + base::textOf(path));
+        throw base::FileError("Cannot write " + base::textOf(path));
     return file;
 }
 
@@ -29,7 +29,7 @@ void append(std::ofstream& file, const std::array<std::byte, Length>& bytes) {
 void close(std::ofstream& file, const std::filesystem::path& path) {
     file.close();
     if (!file)
-        throw base::FileError("Can not write " + base::textOf(path));
+        throw base::FileError("Cannot write " + base::textOf(path));
 }
 
 }

@@ -14,7 +14,7 @@ constexpr const char* usage =
     "\n"
     "Checks the catalogue in the folder SOURCE and writes it to ZIP, whose name without \".zip\" becomes\n"
     "the supplier's id. The files of every further FOLDER (pictures, for example) go into the zip too.\n"
-    "Complaints are told by file and line; where one is an error, no zip is written.\n";
+    "Complaints are reported by file and line; where one is an error, no zip is written.\n";
 
 int publishCatalog(const std::filesystem::path& folder, const std::filesystem::path& zip,
                    const std::vector<std::filesystem::path>& further) {

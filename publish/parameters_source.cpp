@@ -132,7 +132,7 @@ std::string readLine(std::string_view line, ParametersSource& source) {
         if (base::equalIgnoringCase(key, known.key))
             return known.set(source, value)
                        ? ""
-                       : std::string(key) + " can not be \"" + std::string(utf8) + "\"" +
+                       : std::string(key) + " cannot be \"" + std::string(utf8) + "\"" +
                              (known.expected.empty() ? "" : "; it is ") + std::string(known.expected);
     return "unknown key \"" + std::string(key) + "\"";
 }

@@ -10,7 +10,7 @@ inline constexpr const char* parametersSource = "catalog.ini";
 inline constexpr const char* productsSource = "products.csv";
 inline constexpr const char* groupsSource = "groups.csv";
 
-/// Everything in the catalogue that the data files can not hold or the viewer would not show well.
+/// Everything in the catalogue that the data files cannot hold or the viewer would not show well.
 /// A source without errors can be written whole, with nothing cut.
 [[nodiscard]] Complaints checkSource(const CatalogSource& source);
 

@@ -11,7 +11,7 @@ namespace publish {
 
 /// A template, picture or other file that goes into the zip as it is.
 struct ContentFile {
-    std::string name;           ///< in the zip: UTF-8, folders parted by "/"
+    std::string name;           ///< in the zip: UTF-8, folders separated by "/"
     std::filesystem::path path; ///< where its bytes are
 };
 

@@ -211,7 +211,7 @@ void photograph(Script& script, const fs::path& folder, const std::string& name)
             if (picture.save(QString::fromStdU16String(file.u16string())))
                 std::printf("%s\n", file.string().c_str());
             else
-                std::fprintf(stderr, "can not write %s\n", file.string().c_str());
+                std::fprintf(stderr, "cannot write %s\n", file.string().c_str());
             writeDescription(folder / (name + ".txt"), describeScreen(*pages));
         });
 }

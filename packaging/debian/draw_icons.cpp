@@ -58,6 +58,6 @@ int main(int argc, char* argv[]) {
     }
     if (draw(QDir(argv[1])))
         return 0;
-    std::fprintf(stderr, "can not write the icons into %s\n", argv[1]);
+    std::fprintf(stderr, "cannot write the icons into %s\n", argv[1]);
     return 1;
 }

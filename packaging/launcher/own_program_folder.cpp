@@ -20,7 +20,7 @@ constexpr int patienceMs = 30000;
 constexpr auto written = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
 
 [[noreturn]] void fail(const std::string& what, const fs::path& path, const std::string& reason) {
-    throw CanNotStart(what + " " + path.string() + ": " + reason);
+    throw CannotStart(what + " " + path.string() + ": " + reason);
 }
 
 // The path in the folder, in the letter case in which the user's copy of it may be stored.
@@ -42,7 +42,7 @@ void copyFile(const fs::path& from, const fs::path& to) {
     if (!error)
         return;
     fs::remove(beside, ignored);
-    fail("Can not write", to, error.message());
+    fail("Cannot write", to, error.message());
 }
 
 bool hasEverything(const fs::path& folder, const fs::path& installed) {
@@ -55,7 +55,7 @@ bool hasEverything(const fs::path& folder, const fs::path& installed) {
 bool isUpToDate(const fs::path& folder, const fs::path& installed) {
     const auto program = base::readFile(installed / programFile);
     if (!program)
-        fail("Can not read", installed / programFile, "Please install Tavorine again");
+        fail("Cannot read", installed / programFile, "Please install Tavorine again");
     return base::readFile(folder / programFile) == program && hasEverything(folder, installed);
 }
 
@@ -74,7 +74,7 @@ void copyProgramFiles(const fs::path& folder, const fs::path& installed) {
 }
 
 [[noreturn]] void failWriting(const fs::path& folder, const std::string& reason) {
-    fail("Can not write to the folder", folder, reason);
+    fail("Cannot write to the folder", folder, reason);
 }
 
 // Whoever comes second finds the work done.
@@ -93,7 +93,7 @@ void renewProgramFolder(const fs::path& folder, const fs::path& installed) {
     std::error_code error;
     fs::create_directory(folder, error);
     if (error)
-        fail("Can not make the folder", folder, error.message());
+        fail("Cannot make the folder", folder, error.message());
     if (isUpToDate(folder, installed))
         return;
     try {
@@ -108,7 +108,7 @@ void deliverCatalogue(const fs::path& zip, const fs::path& folder) {
     if (!base::equalIgnoringCase(zip.extension().string(), ".zip"))
         fail("This is not a catalogue's zip file:", zip, "Please choose the file that your supplier sent");
     if (!fs::is_regular_file(zip, error))
-        fail("Can not read", zip, error ? error.message() : "It is not a file");
+        fail("Cannot read", zip, error ? error.message() : "It is not a file");
     const auto target = copyIn(folder, zip.filename());
     if (!fs::equivalent(zip, target, error))
         copyFile(zip, target);
@@ -116,7 +116,7 @@ void deliverCatalogue(const fs::path& zip, const fs::path& folder) {
 
 void becomeProgram(const fs::path& folder) {
     const auto path = folder / programFile;
-    fail("Can not start", path, ui::system::replaceProcess(path));
+    fail("Cannot start", path, ui::system::replaceProcess(path));
 }
 
 }

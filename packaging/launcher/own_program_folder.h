@@ -9,7 +9,7 @@
 namespace launcher {
 
 /// What hinders the start, in a sentence for the user, UTF-8.
-class CanNotStart : public std::runtime_error {
+class CannotStart : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
@@ -19,14 +19,14 @@ public:
 /// that may only be read serves as well. Otherwise the catalogues and settings in it stay as they are, a
 /// program that runs there goes on with the file it was started from, and of two that renew the same
 /// folder one waits for the other. A program file that its user has made read-only stays read-only.
-/// Throws CanNotStart.
+/// Throws CannotStart.
 void renewProgramFolder(const std::filesystem::path& folder, const std::filesystem::path& installed);
 
 /// Copies a catalogue's zip into the program folder, where the next start of the program installs it.
-/// Throws CanNotStart for what is no zip file or cannot be copied.
+/// Throws CannotStart for what is no zip file or cannot be copied.
 void deliverCatalogue(const std::filesystem::path& zip, const std::filesystem::path& folder);
 
-/// Puts the folder's program file in this process's place, so it returns only by throwing CanNotStart.
+/// Puts the folder's program file in this process's place, so it returns only by throwing CannotStart.
 [[noreturn]] void becomeProgram(const std::filesystem::path& folder);
 
 }

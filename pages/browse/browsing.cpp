@@ -39,7 +39,7 @@ void Browsing::put(platform::Browser& browser, std::string_view text, std::strin
         failure = error;
     }
     browser.show(m_scratchPage.path(), text, place);
-    if (failure && !std::exchange(m_failureTold, true))
+    if (failure && !std::exchange(m_failureReported, true))
         throw base::FileError(*failure);
 }
 

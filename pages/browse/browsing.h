@@ -61,7 +61,7 @@ private:
     std::int32_t m_currentRecord = 1;
     History m_history;
     bool m_recordIsUp = false;
-    bool m_failureTold = false;
+    bool m_failureReported = false;
 };
 
 }

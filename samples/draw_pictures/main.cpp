@@ -46,7 +46,7 @@ public:
     void save(const QImage& picture, const QString& name) {
         const auto path = m_folder.filePath(name);
         if (!m_folder.mkpath(QFileInfo(name).path()) || !picture.save(path, "JPEG", pictureQuality)) {
-            std::fprintf(stderr, "Can not write %s\n", qUtf8Printable(path));
+            std::fprintf(stderr, "Cannot write %s\n", qUtf8Printable(path));
             m_failed = true;
         }
     }
@@ -91,7 +91,7 @@ publish::Group readContents(const QDir& source) {
     const auto read = [&](const char* name) {
         return base::readFile(std::filesystem::path(source.filePath(name).toStdU16String())).value_or("");
     };
-    publish::Complaints complaints; // told by tavorine-publish, which reads the same files
+    publish::Complaints complaints; // reported by tavorine-publish, which reads the same files
     return publish::readProducts(read(publish::productsSource), read(publish::groupsSource), complaints);
 }
 

@@ -40,7 +40,7 @@ protected:
                " is damaged and was not installed\nPlease ask your supplier to send it again";
     }
 
-    /// What can not be undone any more is left as it was before.
+    /// What cannot be undone any more is left as it was before.
     void expectUntouched() const {
         EXPECT_EQ(installedVersion("ACME"), "00001");
         EXPECT_EQ(contents("ACME/logo.jpg"), "missing");
@@ -137,7 +137,7 @@ TEST_F(CatalogZips, WithoutTheirMarkerAreDeletedWithoutAWord) {
     EXPECT_TRUE(fs::is_empty(program)) << "a name is no mask";
 }
 
-TEST_F(CatalogZips, ThatCanNotBeReadAreToldOnceAndDeleted) {
+TEST_F(CatalogZips, ThatCannotBeReadAreToldOnceAndDeleted) {
     catalogZip("Cut", "00001").writeTo(program / "Cut.zip");
     fs::resize_file(program / "Cut.zip", fs::file_size(program / "Cut.zip") / 2);
     put("Empty.zip", "");
@@ -152,7 +152,7 @@ TEST_F(CatalogZips, ThatCanNotBeReadAreToldOnceAndDeleted) {
     EXPECT_TRUE(fs::is_empty(program));
 }
 
-TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndTold) {
+TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("help/index.html", "the book");
     put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
     put("readme.txt", "mine");
@@ -164,7 +164,7 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndTold) {
     const auto lines = installAll();
     ASSERT_EQ(lines.size(), names.size());
     for (const auto& line : lines)
-        EXPECT_THAT(line, HasSubstr("can not be installed, since no supplier can have this name"));
+        EXPECT_THAT(line, HasSubstr("cannot be installed, since no supplier can have this name"));
     for (const auto& name : names) {
         EXPECT_TRUE(fs::exists(program / base::pathOf(name + ".zip"))) << name;
         EXPECT_FALSE(exists("Help.jpg") || exists("Install.tmp"));
@@ -270,7 +270,7 @@ TEST_F(CatalogZips, NeverReplaceTheUsersOwnFiles) {
 
 TEST_F(CatalogZips, StayForTheNextStartWhenTheDiskIsFull) {
     const auto complaint = "exclamation [Tavorine Catalog Viewer] " + base::textOf(program / "ACME.zip") +
-                           " can not be installed\nPlease check that the disk is not full and that you may "
+                           " cannot be installed\nPlease check that the disk is not full and that you may "
                            "write to the program folder, "
                            "then start the program again";
     install("ACME");
@@ -300,7 +300,7 @@ TEST_F(CatalogZips, ThatAreTooLargeAreRefusedWithOneMessage) {
     EXPECT_FALSE(exists("ACME"));
 }
 
-TEST_F(CatalogZips, ThatCanNotBeDeletedAreProcessedAndReportedOnce) {
+TEST_F(CatalogZips, ThatCannotBeDeletedAreProcessedAndReportedOnce) {
     if (!support::foldersCanBeReadOnly)
         GTEST_SKIP() << "every folder can be written here";
     put("Note.zip", "no archive");
@@ -308,7 +308,7 @@ TEST_F(CatalogZips, ThatCanNotBeDeletedAreProcessedAndReportedOnce) {
     const support::ReadOnlyFolder folder(program);
     const support::OrdinaryUser user;
     const auto complaint = [&](const char* name) {
-        return "exclamation [Tavorine Catalog Viewer] Can not delete " + base::textOf(program / name) +
+        return "exclamation [Tavorine Catalog Viewer] Cannot delete " + base::textOf(program / name) +
                "\nPlease delete it yourself, or it is tried again at every start";
     };
     EXPECT_THAT(installAll(),

@@ -70,7 +70,7 @@ TEST_F(StagedFolder, AFailureOnTheWayPutsEverythingBack) {
         fs::create_directories(staged.folder() / "y" / "z");
         fs::create_directory(staged.folder() / "PrdPrm.dat"); // a folder in the parameters' place comes last,
         base::replaceFile(staged.folder() / "PrdPrm.dat" / "c.jpg",
-                          "new"); // behind this, which can not go anywhere
+                          "new"); // behind this, which cannot go anywhere
         EXPECT_THROW(staged.moveIn("PrdPrm.dat"), base::FileError);
         EXPECT_THAT(contents("ACME/a.jpg"), "old");
     }

@@ -195,7 +195,7 @@ TEST_F(StartUp, EndsWithItsMessageWhereAFileIsMissing) {
               "[Terminating error] Can not find Start.ect\nPlease re-install your program");
 }
 
-TEST_F(StartUp, AnOnlySupplierThatCanNotBeOpenedIsListedSoThatItCanBeRemoved) {
+TEST_F(StartUp, AnOnlySupplierThatCannotBeOpenedIsListedSoThatItCanBeRemoved) {
     startedBefore();
     put("Start.ect", "<R1>{SUPPID};</R1>");
     install("ACME");
@@ -232,7 +232,7 @@ TEST_F(StartUp, InAReadOnlyProgramFolderSaysSoAndGoesOnWithWhatIsInstalled) {
     fs::permissions(root, fs::perms::all);
     const support::OrdinaryUser user;
     const auto lines = run();
-    EXPECT_THAT(lines, Contains("exclamation [Tavorine Catalog Viewer] Can not write to " +
+    EXPECT_THAT(lines, Contains("exclamation [Tavorine Catalog Viewer] Cannot write to " +
                                 base::textOf(program / "Install.tmp" / "BETA") +
                                 "\nPlease check that the disk is not full and that you may write there, then "
                                 "start the program again"));
@@ -396,7 +396,7 @@ TEST_F(PasswordStep, ADifferentConfirmationOffersAnotherTryAndBlanksCount) {
     EXPECT_EQ(contents("ACME/PrdPrm.dat"), before);
 }
 
-TEST_F(PasswordStep, WhereThePasswordCanNotBeWrittenTheUserStaysAndLosesNothing) {
+TEST_F(PasswordStep, WhereThePasswordCannotBeWrittenTheUserStaysAndLosesNothing) {
     open("", "RESET");
     fs::permissions(program / "ACME" / "PrdPrm.dat", fs::perms::owner_read);
     EXPECT_THROW(confirm("abc", "abc"), base::FileError);

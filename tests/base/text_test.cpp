@@ -43,7 +43,7 @@ TEST(CodePage, CharactersOutsideItAreHeldAsReferencesAndShownAgain) {
     EXPECT_EQ(base::shownAsUtf8("&#55296; &#; &#x3c0; &#99999999; &"), "&#55296; &#; &#x3c0; &#99999999; &");
 }
 
-TEST(CodePage, WellFormedUtf8IsTold) {
+TEST(CodePage, WellFormedUtf8IsRecognised) {
     for (const char* text : {"", "plain", "\u00e9 \u20ac \U0001F600"})
         EXPECT_TRUE(base::isUtf8(text)) << text;
     for (const char* text : {"caf\xE9", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\x80"})

@@ -102,7 +102,7 @@ TEST_F(Settings, WritingChangesOneValueAndNoOtherByte) {
         EXPECT_EQ(written(c.before, "Order", "City", "Bonn"), c.after) << c.what;
 }
 
-TEST_F(Settings, AValueCanNotStartAnotherLine) {
+TEST_F(Settings, AValueCannotStartAnotherLine) {
     EXPECT_EQ(written("", "Order", "City", "a\r\n[Find]\nTop=9"), "[Order]\r\nCity=a  [Find] Top=9\r\n");
 }
 

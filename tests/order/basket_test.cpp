@@ -170,7 +170,7 @@ TEST_F(Basket, GoesOnInMemoryWhenTheDiskIsFull) {
     }
     EXPECT_EQ(journal.take(),
               std::vector{"exclamation [Order] " + (folder / "Basket.dat").string() +
-                          " can not be written.\nYou can go on ordering: your order is kept until you leave "
+                          " cannot be written.\nYou can go on ordering: your order is kept until you leave "
                           "the catalogue."});
 }
 #endif

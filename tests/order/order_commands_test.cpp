@@ -140,7 +140,7 @@ TEST_F(OrderCommands, AnAddressThatIsNoneFailsBeforeAnythingIsPromised) {
     EXPECT_THAT(email(), ElementsAre(notSent));
 }
 
-TEST_F(OrderCommands, AMailThatDoesNotLeaveIsTold) {
+TEST_F(OrderCommands, AMailThatDoesNotLeaveIsReported) {
     mailer.outcome = Mailer::Outcome::failed;
     EXPECT_THAT(email(), ElementsAre(outbox, testing::StartsWith("mail to "), notSent));
 }

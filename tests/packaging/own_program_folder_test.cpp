@@ -14,7 +14,7 @@
 
 namespace {
 namespace fs = std::filesystem;
-using launcher::CanNotStart;
+using launcher::CannotStart;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::ThrowsMessage;
@@ -133,20 +133,20 @@ TEST_F(OwnProgramFolder, ServesAsItIsWhenItMayOnlyBeRead) {
     EXPECT_NO_THROW(renew());
 }
 
-TEST_F(OwnProgramFolder, ThatCanNotBeWrittenIsTold) {
+TEST_F(OwnProgramFolder, ThatCannotBeWrittenIsReported) {
     fs::create_directory(folder);
     {
         const support::ReadOnlyFolder readOnly(folder);
         const support::OrdinaryUser user;
-        EXPECT_THAT([&] { renew(); }, ThrowsMessage<CanNotStart>("Can not write to the folder " +
+        EXPECT_THAT([&] { renew(); }, ThrowsMessage<CannotStart>("Cannot write to the folder " +
                                                                  folder.string() + ": Permission denied"));
     }
     fs::remove(folder);
     put(folder, "a file");
     EXPECT_THAT([&] { renew(); },
-                ThrowsMessage<CanNotStart>("Can not make the folder " + folder.string() + ": File exists"));
+                ThrowsMessage<CannotStart>("Cannot make the folder " + folder.string() + ": File exists"));
     folder = place / "nowhere" / "Tavorine";
-    EXPECT_THAT([&] { renew(); }, ThrowsMessage<CanNotStart>(HasSubstr("No such file or directory")));
+    EXPECT_THAT([&] { renew(); }, ThrowsMessage<CannotStart>(HasSubstr("No such file or directory")));
 }
 
 TEST_F(OwnProgramFolder, TakesInCataloguesAndNothingElse) {
@@ -160,16 +160,16 @@ TEST_F(OwnProgramFolder, TakesInCataloguesAndNothingElse) {
     put(place / "mail" / "letter.txt", "");
     for (const auto* name : {"letter.txt", "gone.zip"})
         EXPECT_THAT([&] { launcher::deliverCatalogue(place / "mail" / name, folder); },
-                    ThrowsMessage<CanNotStart>(HasSubstr(name)));
+                    ThrowsMessage<CannotStart>(HasSubstr(name)));
     EXPECT_EQ(found().size(), 4U);
 }
 
-TEST_F(OwnProgramFolder, ThatMayStartNoProgramsIsTold) {
+TEST_F(OwnProgramFolder, ThatMayStartNoProgramsIsReported) {
     renew();
     fs::permissions(folder / "Tavorine", fs::perms(0644));
-    EXPECT_THAT([&] { launcher::becomeProgram(folder); },
-                ThrowsMessage<CanNotStart>("Can not start " + (folder / "Tavorine").string() +
-                                           ": Permission denied"));
+    EXPECT_THAT(
+        [&] { launcher::becomeProgram(folder); },
+        ThrowsMessage<CannotStart>("Cannot start " + (folder / "Tavorine").string() + ": Permission denied"));
 }
 
 }

@@ -10,7 +10,7 @@
 #include <filesystem>
 
 /// Each folder of golden/ is a template, what is shown with it and the bytes that must come out.
-/// Columns of the text files are parted by " | "; lines that begin with "#" are remarks.
+/// Columns of the text files are separated by " | "; lines that begin with "#" are remarks.
 namespace {
 
 namespace fs = std::filesystem;

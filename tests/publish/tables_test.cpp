@@ -41,7 +41,7 @@ TEST(Csv, FieldsAreReadAsSpreadsheetsWriteThem) {
         EXPECT_EQ(fieldsOf(c.csv), c.rows) << c.what;
 }
 
-TEST(Csv, RowsKnowTheirLinesAndAnOpenQuoteIsTold) {
+TEST(Csv, RowsKnowTheirLinesAndAnOpenQuoteIsReported) {
     const auto table = publish::parseCsv("a\n\"b\nc\"\n\nd\n\"e\nf");
     std::vector<std::size_t> lines;
     for (const auto& row : table.rows)

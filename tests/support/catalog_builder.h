@@ -14,7 +14,7 @@ namespace support {
 
 /// A record of Prdlst.dat; the defaults make a product without a picture name and a long description.
 struct Product {
-    std::string text = {}; ///< code, description and other text, parted by line feeds
+    std::string text = {}; ///< code, description and other text, separated by line feeds
     float price = 0;
     float taxRate = 0;
     std::int16_t group = 1;

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-/// What the file system of the tests can do; a test of what it can not is skipped.
+/// What the file system of the tests can do; a test of what it cannot is skipped.
 namespace support {
 
 /// Whether names that differ in letter case only are different files.

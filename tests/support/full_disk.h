@@ -7,7 +7,7 @@
 
 namespace support {
 
-/// While it lives, files can not grow beyond this size, as on a full disk.
+/// While it lives, files cannot grow beyond this size, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN)) {

@@ -6,9 +6,9 @@ namespace support {
 
 /// A message as another program reads it; texts in UTF-8.
 struct ReadMail {
-    std::string headers; ///< their names, parted by commas
+    std::string headers; ///< their names, separated by commas
     std::string from;
-    std::string to; ///< the addresses, parted by commas
+    std::string to; ///< the addresses, separated by commas
     std::string subject;
     std::string date;
     std::string messageId;

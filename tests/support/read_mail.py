@@ -1,4 +1,4 @@
-"""Reads a message with Python's own parser and writes its parts, in UTF-8 and parted by lines of "--"."""
+"""Reads a message with Python's own parser and writes its parts, in UTF-8 and separated by lines of "--"."""
 
 import email
 import email.policy

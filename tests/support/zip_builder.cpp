@@ -37,7 +37,7 @@ void ZipBuilder::writeTo(const std::filesystem::path& path) const {
         const auto index = isFolder ? zip_dir_add(archive, entry.name.c_str(), ZIP_FL_ENC_GUESS)
                                     : zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_GUESS);
         if (index < 0)
-            throw std::logic_error("entry " + entry.name + " can not be added");
+            throw std::logic_error("entry " + entry.name + " cannot be added");
         const auto at = static_cast<zip_uint64_t>(index);
         if (isFolder)
             zip_source_free(source);
@@ -49,7 +49,7 @@ void ZipBuilder::writeTo(const std::filesystem::path& path) const {
             zip_set_file_compression(archive, at, ZIP_CM_STORE, 0);
     }
     if (zip_close(archive) != 0)
-        throw std::logic_error("archive can not be written");
+        throw std::logic_error("archive cannot be written");
 }
 
 }

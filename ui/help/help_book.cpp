@@ -127,7 +127,7 @@ HelpBook::HelpBook(const fs::path& folder) {
     const auto contents = folder / helpContentsPage;
     const auto first = base::readFile(contents);
     if (!first)
-        throw base::FileError("Can not find " + base::textOf(contents) + "\nPlease re-install your program");
+        throw base::FileError("Cannot find " + base::textOf(contents) + "\nPlease re-install your program");
     m_pages.push_back(readHelpPage(std::string(helpContentsPage), *first));
     for (const auto& file : linkedPages(*first))
         if (const auto html = base::readFile(folder / file); html && file != helpContentsPage)

@@ -75,8 +75,11 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
     m_catalogDesk.open();
 }
 
-// The catalogue closes before the widgets go.
+// The catalogue closes before the widgets go. A window that nobody has closed goes with the program, after a
+// message; what was typed into the details is kept then too.
 Form1::~Form1() {
+    if (isVisible())
+        m_orderScreen.saveDetails();
     m_guard.watch([] {});
 }
 

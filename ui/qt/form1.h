@@ -24,7 +24,7 @@ public:
           platform::Mailer& mailer);
     ~Form1() override;
 
-    /// Saves what closing saves. A failure is not told.
+    /// Saves what closing saves. A failure is not reported.
     void saveSettings();
 
     /// Closes without waiting for an order that is being printed.

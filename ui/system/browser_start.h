@@ -11,7 +11,7 @@ void prepareBrowser();
 
 /// What to tell the system administrator then, one line.
 inline constexpr const char* refusalOfThisUser =
-    "Tavorine can not run as root: start it as an ordinary user, or in a container set "
+    "Tavorine cannot run as root: start it as an ordinary user, or in a container set "
     "QTWEBENGINE_DISABLE_SANDBOX=1.\n";
 
 }

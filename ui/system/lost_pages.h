@@ -10,7 +10,7 @@ namespace ui::system {
 
 /// Keeps the program alive when mapped files lose bytes while they are open: a file that was shortened, a
 /// disk that was pulled out. Whoever reads them gets zeros, and the file's `lost` is set. Stands in for at
-/// most 16 files at a time; the files must outlive it. On Windows a mapped file can not be shortened, and
+/// most 16 files at a time; the files must outlive it. On Windows a mapped file cannot be shortened, and
 /// nothing is done.
 class LostPages {
 public:

@@ -61,7 +61,7 @@ TEST_F(Browsing, AnotherPageOfTheSuppliersIsLeftAloneByTheTaxStatus) {
     EXPECT_FALSE(browsing->recordIsUp());
 }
 
-TEST_F(Browsing, PagesThatCanNotBeWrittenAreShownAllTheSameAndToldOnce) {
+TEST_F(Browsing, PagesThatCannotBeWrittenAreShownAllTheSameAndToldOnce) {
     std::filesystem::create_directories(folder / "Tmp.htm");
     EXPECT_THROW(browsing->showRecord(1), base::FileError);
     EXPECT_EQ(page.page, "A 11.00\r\n");

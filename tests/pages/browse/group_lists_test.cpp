@@ -30,7 +30,7 @@ protected:
     }
 
     const catalog::Catalog& open() {
-        opened.reset(); // a file that is mapped can not be replaced everywhere
+        opened.reset(); // a file that is mapped cannot be replaced everywhere
         builder.writeTo(folder);
         opened.emplace(catalog::openCatalog(folder));
         return *opened;

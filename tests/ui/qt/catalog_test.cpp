@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSplitter>
 #include <QTest>
 
@@ -219,6 +220,7 @@ TEST_F(ProgramTest, ADataFileThatIsCutWhileItIsOpenEndsTheProgramWithItsMessage)
     script.when(
         "the table of contents", [] { return shows(page(), "Contents"); },
         [&] {
+            visibleWidget("Form1")->findChild<QLineEdit*>("txOrgName")->setText("Marlowe");
             std::filesystem::resize_file(products, 10);
             auto* grid = visible<ProductGrid>("ctGrid1");
             grid->scrollToBottom(); // rows are painted that nobody has asked for yet
@@ -232,6 +234,7 @@ TEST_F(ProgramTest, ADataFileThatIsCutWhileItIsOpenEndsTheProgramWithItsMessage)
             press(*messageBox("Terminating error"), QMessageBox::Ok);
         });
     EXPECT_TRUE(play());
+    EXPECT_NE(readFile("ACME/User.ini").find("Business=Marlowe"), std::string::npos);
 }
 
 }

@@ -154,7 +154,7 @@ TEST_F(WindowsTest, RememberTheColumnsThatTheUserHasMade) {
     EXPECT_TRUE(play());
 }
 
-TEST_F(WindowsTest, DoNotMindAFolderThatCanNotBeWritten) {
+TEST_F(WindowsTest, DoNotMindAFolderThatCannotBeWritten) {
     writeFile("a file", "");
     const QString before =
         QFileInfo(QSettings(QSettings::IniFormat, QSettings::UserScope, "x").fileName()).path();

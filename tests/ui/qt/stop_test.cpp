@@ -146,7 +146,7 @@ TEST_F(StopTest, ThatMayStillBeCalledOffSavesAndGoesOn) {
     EXPECT_THAT(readFile("ACME/User.ini"), HasSubstr("Business=Marlowe Ltd\r\n"));
 }
 
-TEST_F(StopTest, TellsOfDetailsThatCanNotBeKeptUnlessItIsAskedFor) {
+TEST_F(StopTest, TellsOfDetailsThatCannotBeKeptUnlessItIsAskedFor) {
     const auto inTheWay = [this] { return folder / "ACME" / "User.ini"; };
     start();
     openOrder();

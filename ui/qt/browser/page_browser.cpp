@@ -138,7 +138,7 @@ void PageBrowser::finish() {
         emit loaded();
 }
 
-// A load in flight is told to have ended right after this, or not at all.
+// A load in flight is reported to have ended right after this, or not at all.
 void PageBrowser::loseProcess() {
     if (!m_next && m_restored++ < mostRestored)
         m_next = m_current;

@@ -96,7 +96,7 @@ private:
     int m_restored = 0;         // times that the current page has come back
     bool m_loading = false;
     bool m_overdue = false;       // the page being loaded counts as up
-    bool m_losingProcess = false; // until its end has been told
+    bool m_losingProcess = false; // until its end has been reported
     bool m_scripts = true;
 };
 

@@ -5,7 +5,7 @@
 namespace ui::qt {
 
 /// A web view with a context menu of its own: copying, and the actions of the widget that it lies in; none
-/// of the browser's navigation. Ctrl with the wheel and the mouse's back button are told, not followed.
+/// of the browser's navigation. Ctrl with the wheel and the mouse's back button are reported, not followed.
 class PageView final : public QWebEngineView {
     Q_OBJECT
 

@@ -85,7 +85,7 @@ bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const Q
     auto filled = option;
     initStyleOption(&filled, index);
     const bool cutOff = sizeHint(option, index).width() > option.rect.width();
-    if (cutOff) // a tip is rich text unless it is told otherwise
+    if (cutOff) // a tip is rich text unless it says otherwise
         QToolTip::showText(event->globalPos(),
                            "<p style='white-space:pre-wrap'>" + filled.text.toHtmlEscaped() + "</p>", view,
                            option.rect);

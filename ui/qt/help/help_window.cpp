@@ -184,7 +184,7 @@ void HelpWindow::step(int by) {
     moveTo(std::move(trail));
 }
 
-// A page that is missing is told before anything has changed.
+// A page that is missing is reported before anything has changed.
 void HelpWindow::moveTo(HelpTrail trail) {
     const auto page = trail.current().page;
     const auto bytes = page == m_page ? std::string() : readPage(page);
@@ -200,7 +200,7 @@ std::string HelpWindow::readPage(const std::string& page) const {
     const auto path = m_folder / page;
     auto bytes = base::readFile(path);
     if (!bytes)
-        throw base::FileError("Can not find " + base::textOf(path) + "\nPlease re-install your program");
+        throw base::FileError("Cannot find " + base::textOf(path) + "\nPlease re-install your program");
     return std::move(*bytes);
 }
 

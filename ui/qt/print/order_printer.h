@@ -17,7 +17,7 @@ namespace ui::qt {
 
 /// Prints the order's page, or shows it as it will be printed. While one order is being prepared another is
 /// refused with a look at the first. The window stays usable meanwhile, and a small one with "Cancel" comes
-/// up when it takes long. What goes wrong is told, and the order can be printed again.
+/// up when it takes long. What goes wrong is reported, and the order can be printed again.
 class OrderPrinter final : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,8 @@
 namespace ui::qt {
 
 /// The one place where what the core throws is caught: every slot passes through it. ProgramEnd shows its
-/// message and ends the program, Quit ends it without a word, anything else is told and the program goes on.
+/// message and ends the program, Quit ends it without a message, anything else is shown in a message and the
+/// program goes on.
 class Guard {
 public:
     explicit Guard(platform::MessageBox& messages) : m_messages(messages) {}

@@ -9,7 +9,7 @@ namespace ui::qt {
 
 /// Where windows stood and how wide columns were, kept in the platform's configuration folder. What is
 /// remembered never puts a window off the screen; nothing remembered leaves everything as designed. A folder
-/// that can not be written is as good as none: nothing is remembered, and nobody is told.
+/// that cannot be written is as good as none: nothing is remembered, and nobody is told.
 class WindowMemory {
 public:
     /// This large at an ordinary font, larger with a larger font, and never a small spot on a large screen.

@@ -22,7 +22,7 @@ void copyWhole(const fs::path& from, const fs::path& to) {
     if (!error)
         return;
     fs::remove(part, ignored);
-    throw base::FileError(base::textOf(from) + " can not be copied to " + base::textOf(to.parent_path()) +
+    throw base::FileError(base::textOf(from) + " cannot be copied to " + base::textOf(to.parent_path()) +
                           "\nPlease check that the disk is not full and that you may write to that folder");
 }
 

@@ -160,7 +160,7 @@ TEST_F(HelpTest, AMissingBookIsToldAndTheProgramGoesOn) {
     askAbout("ctGrid1", "Typing quantities");
     closeMainWindow();
     EXPECT_TRUE(play());
-    EXPECT_EQ(boxTexts.back().toStdString(), "Can not find " + (folder / "help" / "index.html").string() +
+    EXPECT_EQ(boxTexts.back().toStdString(), "Cannot find " + (folder / "help" / "index.html").string() +
                                                  "\nPlease re-install your program");
 }
 

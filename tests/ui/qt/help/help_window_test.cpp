@@ -186,7 +186,7 @@ TEST_F(HelpWindowTest, StaysInTheBook) {
     ASSERT_TRUE(isAt("First"));
     clickInPage(page(), "#gone");
     ASSERT_TRUE(waitUntil([&] { return !isQuiet(); }));
-    EXPECT_THAT(told, ElementsAre("critical [Tavorine] Can not find " + (folder / "help/gone.html").string() +
+    EXPECT_THAT(told, ElementsAre("critical [Tavorine] Cannot find " + (folder / "help/gone.html").string() +
                                   "\nPlease re-install your program"));
     told.clear();
     clickInPage(page(), "#out");

@@ -81,7 +81,7 @@ TEST(DeliveryDateEntry, LeadsThroughTheBoxesAndGivesTheDateThatTheyShow) {
     }
 }
 
-TEST(DeliveryDateEntry, KeepsTheFocusOnceInTheBoxThatCanNotBeLeft) {
+TEST(DeliveryDateEntry, KeepsTheFocusOnceInTheBoxThatCannotBeLeft) {
     const struct {
         const char *what, *keys, *boxes, *focus, *goOn, *corrected;
     } cases[] = {

@@ -252,7 +252,7 @@ TEST_F(OrderTest, IsHandedToTheMailSystemOnceItIsComplete) {
     EXPECT_THAT(mail, testing::HasSubstr("Order of Marlowe\n2.0 x B1\nTotal 22.50\nRing\ntwice\n15/08/06"));
 }
 
-TEST_F(OrderTest, ThatCanNotBeMailedStaysAsItWas) {
+TEST_F(OrderTest, ThatCannotBeMailedStaysAsItWas) {
     deliver("ACME", catalog, {{"EmlOrd.ect", "<R1>{QTY} x {CODE}\n</R1>"}});
     const StandInSendmail sendmail(folder / "bin", "cat > /dev/null\nexit 75");
     const auto state = [this] {

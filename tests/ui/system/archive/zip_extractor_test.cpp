@@ -212,7 +212,7 @@ TEST_F(ZipExtractor, TellsHowFarItHasComeAndLeavesNothingWhenCancelled) {
     EXPECT_THAT(found(), IsEmpty());
 }
 
-TEST_F(ZipExtractor, SaysWhenTheFolderCanNotBeWritten) {
+TEST_F(ZipExtractor, SaysWhenTheFolderCannotBeWritten) {
     ZipBuilder().add("a", "a").writeTo(archive);
     EXPECT_EQ(ui::system::ZipExtractor().extract(archive, "*", folder / "none"), Result::notWritten);
     EXPECT_EQ(ui::system::ZipExtractor().extract(archive, "*", archive), Result::notWritten);
