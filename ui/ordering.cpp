@@ -107,10 +107,16 @@ void Ordering::forgetLines() {
 }
 
 void Ordering::showTotals() {
-    const auto totals = m_basket.totals();
-    m_orderLabel = base::groupedText(totals.order);
-    m_taxLabel = base::groupedText(totals.tax);
-    m_toolbar = afterOrderChange(m_toolbar, m_view, totals.order);
+    m_shownTotals = m_basket.totals();
+    m_toolbar = afterOrderChange(m_toolbar, m_view, m_shownTotals.order);
+}
+
+std::string Ordering::orderLabel() const {
+    return base::groupedText(m_shownTotals.order);
+}
+
+std::string Ordering::taxLabel() const {
+    return base::groupedText(m_shownTotals.tax);
 }
 
 }

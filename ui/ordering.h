@@ -45,9 +45,8 @@ public:
     [[nodiscard]] const std::vector<OrderRow>& orderRows() const { return m_rows; }
 
     /// The texts of `lbTotOrd` and `lbTotTax`.
-    [[nodiscard]] const std::string& orderLabel() const { return m_orderLabel; }
-
-    [[nodiscard]] const std::string& taxLabel() const { return m_taxLabel; }
+    [[nodiscard]] std::string orderLabel() const;
+    [[nodiscard]] std::string taxLabel() const;
 
     /// A quantity cell's editor of the product grid has finished; an empty text means 0. Nothing comes of
     /// the text that is there already, and of a group's own row.
@@ -89,8 +88,7 @@ private:
     std::unordered_map<std::int32_t, Typed> m_typed; // by product
     std::vector<OrderRow> m_rows;
     ViewMode m_view = ViewMode::catalogue;
-    std::string m_orderLabel;
-    std::string m_taxLabel;
+    order::Totals m_shownTotals; // by the labels
 };
 
 }
