@@ -33,7 +33,11 @@ Edit Ordering::editProduct(std::int32_t product, std::string_view text) {
     if (quantity == (row == m_typed.end() ? std::string() : row->second.quantity))
         return {};
     const auto change = m_basket.update(product, order::typedQuantity(quantity));
-    m_typed[product] = {std::move(quantity), colourOf(change.line)};
+    Typed typed{std::move(quantity), colourOf(change.line)};
+    if (row == m_typed.end())
+        m_typed.emplace(product, std::move(typed));
+    else
+        row->second = std::move(typed);
     if (change.changed)
         showTotals();
     return {.product = product};
