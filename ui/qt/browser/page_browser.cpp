@@ -126,6 +126,15 @@ void PageBrowser::load() {
     }
 }
 
+// Called by the event loop, through which nothing may be thrown, long after the page was asked for. Where a
+// page cannot be loaded the one before it stays.
+void PageBrowser::loadInTurn() {
+    try {
+        load();
+    } catch (const base::FileError&) { // the load has been finished
+    }
+}
+
 void PageBrowser::finish() {
     m_patience.stop();
     m_loading = false;
@@ -133,7 +142,7 @@ void PageBrowser::finish() {
     m_loader->finish();
     m_page->history()->clear();
     if (m_next)
-        load();
+        loadInTurn();
     else if (!wasUp)
         emit loaded();
 }
@@ -179,7 +188,7 @@ void PageBrowser::restoreAfterBlank(const QUrl& url) {
         if (!idle() || m_loading)
             return;
         m_next = m_current;
-        load();
+        loadInTurn();
     });
 }
 

@@ -70,6 +70,7 @@ private:
 
     void makeView();
     void load();
+    void loadInTurn();
     void finish();
     void loseProcess();
     void losePatience();

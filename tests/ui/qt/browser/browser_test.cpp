@@ -252,6 +252,16 @@ TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
 }
 
+// A large page is read from a copy beside it, for which there may be no room.
+TEST_F(BrowserTest, APageThatCannotBeCopiedWhenItsTurnComesEndsNothing) {
+    fs::create_directories(folder / "ACME" / "Tmp.copy.htm" / "in the way");
+    browser.show(folder / "ACME" / "Tmp.htm", "<p>one</p>");
+    browser.show(folder / "ACME" / "Tmp.htm", std::string(3'000'000, 'x')); // queued
+    ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 20000));
+    show("<p>three</p>");
+    EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
+}
+
 class StuckPageTest : public BrowserTest {
 protected:
     StuckPageTest() : BrowserTest(std::chrono::milliseconds(1000)) {}
