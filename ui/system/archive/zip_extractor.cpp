@@ -2,11 +2,13 @@
 
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
+#include "base/text.h"
 #include "ui/system/archive/zip_reader.h"
 
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <set>
 #include <system_error>
 #include <vector>
 
@@ -21,12 +23,25 @@ fs::path pathOf(const EntryPath& entry) {
     return {std::u8string(entry.path.begin(), entry.path.end())};
 }
 
+/// Whether a path, in whatever letter case, is a file's and a folder's too, which no disk can hold.
+bool holdsFileThatIsFolder(const std::vector<ZipEntry>& entries) {
+    std::set<std::string> files;
+    std::set<std::string> folders;
+    for (const auto& [index, size, where] : entries) {
+        const auto path = base::upper(base::fromUtf8(where.path));
+        (where.isFolder ? folders : files).insert(path);
+        for (auto end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
+            folders.insert(path.substr(0, end));
+    }
+    return std::any_of(files.begin(), files.end(), [&](const auto& file) { return folders.contains(file); });
+}
+
 /// Makes the folders in which entries go. A link in the way is not followed: nothing goes there.
 class TargetFolders {
 public:
     enum class State { ready, link, blocked };
 
-    explicit TargetFolders(const fs::path& root) {
+    TargetFolders(const fs::path& root, std::vector<fs::path>& made) : m_made(made) {
         m_known.emplace((root / "x").parent_path(), State::ready); // spelled like the parent of any entry
     }
 
@@ -41,15 +56,20 @@ public:
     }
 
 private:
-    static State makeOne(const fs::path& folder) {
+    State makeOne(const fs::path& folder) {
         std::error_code error;
         const auto type = fs::symlink_status(folder, error).type();
         if (type == fs::file_type::symlink)
             return State::link;
-        const bool isThere = type == fs::file_type::directory || fs::create_directory(folder, error);
-        return isThere ? State::ready : State::blocked;
+        if (type == fs::file_type::directory)
+            return State::ready;
+        if (!fs::create_directory(folder, error))
+            return State::blocked;
+        m_made.push_back(folder);
+        return State::ready;
     }
 
+    std::vector<fs::path>& m_made;
     std::map<fs::path, State> m_known;
 };
 
@@ -138,15 +158,17 @@ private:
 
     Result moveToPlace(const std::vector<ZipEntry>& entries) {
         base::CaselessTree places(m_folder);
-        TargetFolders folders(m_folder);
+        TargetFolders folders(m_folder, m_made);
         bool moved = false;
         for (const auto& entry : entries) {
             const auto place = places.place(pathOf(entry.where));
             const auto state = folders.make(entry.where.isFolder ? place : place.parent_path());
             if (state == TargetFolders::State::link)
                 continue;
-            if (state == TargetFolders::State::blocked || !move(entry, place))
+            if (state == TargetFolders::State::blocked || !move(entry, place)) {
+                takeBack();
                 return Result::notWritten;
+            }
             moved = true;
         }
         return moved ? Result::extracted : Result::nothingMatched;
@@ -154,9 +176,19 @@ private:
 
     bool move(const ZipEntry& entry, const fs::path& place) {
         std::error_code error;
-        if (!entry.where.isFolder)
-            fs::rename(partOf(entry), place, error);
+        if (entry.where.isFolder)
+            return true;
+        const bool isNew = fs::symlink_status(place, error).type() == fs::file_type::not_found;
+        fs::rename(partOf(entry), place, error);
+        if (!error && isNew)
+            m_made.push_back(place);
         return !error;
+    }
+
+    void takeBack() const {
+        std::error_code ignored;
+        std::for_each(m_made.rbegin(), m_made.rend(),
+                      [&](const fs::path& made) { fs::remove(made, ignored); });
     }
 
     const ZipReader& m_zip;
@@ -166,6 +198,7 @@ private:
     std::uint64_t m_done = 0;
     std::uint64_t m_total = 0;
     fs::path m_parts;
+    std::vector<fs::path> m_made; // folders and files that were not there before
     std::vector<std::byte> m_buffer = std::vector<std::byte>(std::size_t{1} << 20U);
 };
 
@@ -192,6 +225,8 @@ Result ZipExtractor::extract(const fs::path& archive, std::string_view mask, con
     const auto entries = zip.entries(mask);
     if (entries.empty())
         return Result::nothingMatched;
+    if (holdsFileThatIsFolder(entries))
+        return Result::failed;
     return Extraction(zip, folder, m_limits.bytes, progress).run(entries);
 }
 

@@ -35,8 +35,9 @@ public:
     [[nodiscard]] static std::optional<std::vector<std::string>>
     topLevelFiles(const std::filesystem::path& archive);
 
-    /// Nothing of a cancelled or failed extraction stays: what is unpacked waits in a folder of its own
-    /// inside the target, which must be there, and moves to its place when all of it is complete.
+    /// Nothing new of a cancelled or failed extraction stays: what is unpacked waits in a folder of its own
+    /// inside the target, which must be there, and moves to its place when all of it is complete. A path that
+    /// is a file's and a folder's too makes it fail.
     [[nodiscard]] Result extract(const std::filesystem::path& archive, std::string_view mask,
                                  const std::filesystem::path& folder,
                                  ExtractionProgress* progress = nullptr) const;

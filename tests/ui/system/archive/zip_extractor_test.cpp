@@ -99,6 +99,22 @@ TEST_F(ZipExtractor, OfNamesThatDifferInLetterCaseOnlyTheLastWins) {
     EXPECT_THAT(found(), ElementsAre("A.JPG=last", "X/", "X/1=1", "X/2=2"));
 }
 
+TEST_F(ZipExtractor, ANameThatIsAFilesAndAFoldersTooIsDamageAndNothingIsExtracted) {
+    for (const auto* other : {"A/b", "a/b/c", "a/"}) {
+        EXPECT_EQ(extract(ZipBuilder().add("1", "1").add("A", "file").add(other)), Result::failed) << other;
+        EXPECT_EQ(extract(ZipBuilder().add("1", "1").add(other).add("A", "file")), Result::failed) << other;
+    }
+    EXPECT_THAT(found(), IsEmpty());
+}
+
+TEST_F(ZipExtractor, WhenOneFileCannotBeMovedToItsPlaceTheOthersDoNotStay) {
+    put("kept", "kept");
+    fs::create_directory(target / "blocked");
+    const auto zip = ZipBuilder().add("a", "1").add("new/b", "2").add("blocked", "3");
+    EXPECT_EQ(extract(zip), Result::notWritten);
+    EXPECT_THAT(found(), ElementsAre("blocked/", "kept=kept"));
+}
+
 TEST_F(ZipExtractor, PassesOverEntriesThatLeaveTheFolderAndExtractsTheRest) {
     const auto zip = ZipBuilder()
                          .add("../out.txt", "x")
