@@ -1,5 +1,4 @@
 #include "base/files.h"
-#include "base/text.h"
 #include "catalog/catalog.h"
 #include "fuzz/require.h"
 #include "fuzz/scratch_folder.h"
@@ -9,6 +8,7 @@
 #include "publish/source_folder.h"
 
 #include <array>
+#include <map>
 #include <string>
 
 namespace {
@@ -28,21 +28,32 @@ void writeSource(const fs::path& folder, const std::array<std::string_view, 5>& 
         base::overwriteFile(folder / name, page);
 }
 
-void checkProduct(const publish::Product& product, const catalog::Catalog& catalog) {
-    const auto record = catalog.products.at(catalog.codes.find(product.code));
-    fuzz::require(base::trim(record.code()) == product.code, "a product is not found under its code");
+void checkProduct(const publish::Product& product, catalog::ProductRecord record) {
     fuzz::require(record.descriptionLine() == product.description, "a description reads otherwise");
+    fuzz::require(record.other() == product.other, "another text reads otherwise");
     fuzz::require(record.price() == product.price, "a price reads otherwise");
-    fuzz::require(catalog.memos.text(record.memoPosition(), record.memoLength()).size() >=
-                      product.longDescription.size(),
+    fuzz::require(record.taxRate() == product.taxRate, "a tax rate reads otherwise");
+    fuzz::require(record.memoLength() >= static_cast<std::int64_t>(product.longDescription.size()),
                   "a long description was cut");
 }
 
-void checkGroup(const publish::Group& group, const catalog::Catalog& catalog) {
-    for (const auto& product : group.products)
-        checkProduct(product, catalog);
+using Records =
+    std::map<std::string, std::int32_t, std::less<>>; // by key; of equal codes the first one counts
+
+void checkEntry(const publish::Product& product, const catalog::Catalog& catalog, Records& seen) {
+    const auto record = catalog.codes.find(product.code);
+    fuzz::require(record >= 1 && record <= catalog.products.count(), "a code is not found");
+    const auto key = catalog::indexKey(product.code);
+    if (seen.try_emplace({key.begin(), key.end()}, record).second)
+        checkProduct(product, catalog.products.at(record));
+}
+
+void checkGroup(const publish::Group& group, const catalog::Catalog& catalog, Records& seen) {
+    checkEntry(group.header, catalog, seen);
     for (const auto& child : group.groups)
-        checkGroup(child, catalog);
+        checkGroup(child, catalog, seen);
+    for (const auto& product : group.products)
+        checkEntry(product, catalog, seen);
 }
 
 }
@@ -61,6 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (publish::holdsError(complaints))
         return 0;
     publish::writeDataFiles(source.catalog, catalogFolder);
-    checkGroup(source.catalog.contents, catalog::openCatalog(catalogFolder));
+    Records seen;
+    checkGroup(source.catalog.contents, catalog::openCatalog(catalogFolder), seen);
     return 0;
 }

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t wholeParameters = catalog::ParameterHeader::length * catalog::Parameters::recordCount;
-constexpr std::int32_t mostRecords = 24; // of which one input shows the pages
+constexpr std::int32_t mostRecords = 8; // of which one input shows the pages
 
 // A file that is too short is refused before anything is read of it, so there is nothing to find.
 std::string whole(std::string_view parameters) {
