@@ -147,6 +147,13 @@ std::string shownAsUtf8(std::string_view text) {
     return out;
 }
 
+std::string utf8Of(char32_t character) {
+    constexpr char32_t unknown = 0xFFFD;
+    std::string out;
+    appendUtf8(out, isCharacter(character) ? character : unknown);
+    return out;
+}
+
 std::string textOf(const std::filesystem::path& path) {
     const auto utf8 = path.u8string();
     return fromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});

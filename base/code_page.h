@@ -18,6 +18,9 @@ namespace base {
 /// Whether the whole text is well-formed UTF-8.
 [[nodiscard]] bool isUtf8(std::string_view text);
 
+/// One character of Unicode; of a number that is none, the sign for a character that cannot be shown.
+[[nodiscard]] std::string utf8Of(char32_t character);
+
 /// As `toUtf8`, with the references that `fromUtf8` made turned back into their characters.
 /// References to characters that the code page has are left as text.
 [[nodiscard]] std::string shownAsUtf8(std::string_view text);

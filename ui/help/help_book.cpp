@@ -3,8 +3,8 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/html.h"
 #include "base/text.h"
-#include "ui/help/help_html.h"
 
 #include <algorithm>
 #include <array>
@@ -24,12 +24,27 @@ bool isInline(std::string_view name) {
     return std::find(inlineTags.begin(), inlineTags.end(), name) != inlineTags.end();
 }
 
+// As it is read: white space drawn together and none of it at the ends.
+std::string plainText(std::string_view html) {
+    constexpr std::string_view space = " \t\r\n\f";
+    constexpr std::string_view noBreakSpace = "\xC2\xA0";
+    std::string together;
+    for (const char c : html) {
+        if (space.find(c) == none)
+            together += c;
+        else if (!together.empty() && together.back() != ' ')
+            together += ' ';
+    }
+    const auto text = base::replaceAll(base::withoutReferences(together), noBreakSpace, " ");
+    return base::fromUtf8(base::trim(text));
+}
+
 /// Gathers a page's headings and its text while its tags and texts go by.
 class PageReader {
 public:
     explicit PageReader(HelpPage& page) : m_page(page) {}
 
-    void tag(const HtmlTag& tag) {
+    void tag(const base::HtmlTag& tag) {
         if (tag.name == "head" || tag.name == "nav")
             m_passingOver = !tag.closing;
         else if (tag.name == "h1" || tag.name == "h2")
@@ -48,7 +63,7 @@ public:
     void end() { m_page.text = plainText(m_text); }
 
 private:
-    void heading(const HtmlTag& tag) {
+    void heading(const base::HtmlTag& tag) {
         if (!tag.closing) {
             m_heading.clear();
             m_anchor = tag.attribute("id");
@@ -98,7 +113,7 @@ std::optional<std::string> heldPart(std::string_view page, const std::string& ph
 std::vector<std::string> linkedPages(std::string_view html) {
     std::vector<std::string> files;
     bool inNavigation = false;
-    const auto onTag = [&](const HtmlTag& tag) {
+    const auto onTag = [&](const base::HtmlTag& tag) {
         if (tag.name == "nav")
             inNavigation = !tag.closing;
         const auto link = tag.attribute("href");
@@ -107,7 +122,7 @@ std::vector<std::string> linkedPages(std::string_view html) {
             std::find(files.begin(), files.end(), file) == files.end())
             files.push_back(file);
     };
-    readHtml(html, onTag, [](std::string_view) {});
+    base::readHtml(html, onTag, [](std::string_view) {});
     return files;
 }
 
@@ -116,8 +131,8 @@ std::vector<std::string> linkedPages(std::string_view html) {
 HelpPage readHelpPage(const std::string& file, std::string_view html) {
     HelpPage page{file, file, {}, {}};
     PageReader reader(page);
-    readHtml(
-        html, [&](const HtmlTag& tag) { reader.tag(tag); },
+    base::readHtml(
+        html, [&](const base::HtmlTag& tag) { reader.tag(tag); },
         [&](std::string_view text) { reader.text(text); });
     reader.end();
     return page;

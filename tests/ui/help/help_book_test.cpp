@@ -1,8 +1,8 @@
 #include "base/errors.h"
 #include "base/files.h"
+#include "base/html.h"
 #include "tests/support/test_folder.h"
 #include "ui/help/help_book.h"
-#include "ui/help/help_html.h"
 #include "ui/help/help_topics.h"
 #include "ui/help/help_trail.h"
 
@@ -100,9 +100,9 @@ protected:
 
     template <typename Visit>
     void each(const std::string& page, std::string_view attribute, Visit visit) const {
-        ui::readHtml(
+        base::readHtml(
             m_pages.at(page),
-            [&](const ui::HtmlTag& tag) {
+            [&](const base::HtmlTag& tag) {
                 if (const auto value = tag.attribute(attribute); !value.empty())
                     visit(std::string(value));
             },

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-/// Just enough of HTML to read the help book, which is well-formed UTF-8. Whatever else it is given, it
-/// comes to an end and makes no more of it than text.
-namespace ui {
+/// HTML as a row of tags and texts, in UTF-8. It is read once from beginning to end, so whatever it is, that
+/// takes as long as it is long.
+namespace base {
 
 struct HtmlTag {
     std::string_view name; ///< as written, without the "/" of a closing tag
@@ -17,12 +17,12 @@ struct HtmlTag {
     [[nodiscard]] std::string_view attribute(std::string_view key) const;
 };
 
-/// Calls for every tag and for every text between two, in order. Comments and declarations are passed over.
+/// Calls for every tag and for every text between two, in order; a text may come in several pieces.
+/// Comments, declarations and what stands inside styles and scripts are passed over.
 void readHtml(std::string_view html, const std::function<void(const HtmlTag&)>& onTag,
               const std::function<void(std::string_view)>& onText);
 
-/// The text as it is read: Windows-1252, character references resolved, white space drawn together and
-/// none of it at the ends.
-[[nodiscard]] std::string plainText(std::string_view htmlText);
+/// A text with its character references resolved, those of HTML 4 and numbers.
+[[nodiscard]] std::string withoutReferences(std::string_view text);
 
 }
