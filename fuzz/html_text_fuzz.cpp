@@ -1,43 +1,36 @@
+#include "base/code_page.h"
 #include "fuzz/require.h"
 #include "fuzz/sections.h"
-#include "ui/system/mail/plain_text.h"
+#include "ui/system/mail/html_text.h"
 
-#include <QGuiApplication>
-
+#include <algorithm>
 #include <string>
 
 namespace {
 
-// Texts are laid out with the fonts of a screen, which need not be there.
-void startToolkit() {
-    static int count = 1;
-    static char name[] = "html_text_fuzz";
-    static char* arguments[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const QGuiApplication application(count, arguments);
-}
+constexpr std::size_t mostRepeated = 16'000;
 
-// "NUMBER<" repeats what stands between it and the next section's end, so that a small input can be deep.
-std::string repeated(std::string_view text) {
-    constexpr std::size_t most = 32'000;
-    const auto times = static_cast<unsigned char>(text.empty() ? '\0' : text.front());
-    std::string out;
-    for (std::size_t i = 0; i < std::size_t{1} << (times % 12U) && out.size() + text.size() < most; ++i)
-        out += text.substr(std::min<std::size_t>(1, text.size()));
-    return out;
+// What stands before the first section's end comes as many times as its first byte says, so that a small
+// input can be nested deep.
+std::string messageOf(std::string_view input) {
+    auto nested = fuzz::takeSection(input);
+    const std::size_t doublings = nested.empty() ? 0 : static_cast<unsigned char>(nested.front()) % 14U;
+    nested.remove_prefix(std::min<std::size_t>(1, nested.size()));
+    std::string html;
+    for (std::size_t i = 0; i < std::size_t{1} << doublings && html.size() < mostRepeated; ++i)
+        html += nested;
+    return html.append(input);
 }
 
 }
 
-// An HTML message: it has a plain text, in no time, and the plain text no markup's control characters.
+// An HTML message has a text that is hardly longer than itself, that ends in a line end, and that is UTF-8
+// where the message is.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    startToolkit();
-    auto input = fuzz::textOf(data, size);
-    auto body = repeated(fuzz::takeSection(input));
-    body += input;
-    const auto text = ui::system::plainText({.body = body, .isHtml = true});
-    fuzz::require(!text.contains(QChar::ObjectReplacementCharacter), "a picture's stand-in is in the text");
-    fuzz::require(text.endsWith('\n'), "the text does not end its last line");
-    fuzz::require(!text.contains('\r'), "a line ends in CR LF");
+    const auto html = messageOf(fuzz::textOf(data, size));
+    const auto text = ui::system::textOfHtml(html);
+    fuzz::require(text.ends_with('\n'), "the text does not end its last line");
+    fuzz::require(text.size() <= 2 * html.size() + 1, "the text is longer than the message");
+    fuzz::require(base::isUtf8(text) || !base::isUtf8(html), "half a character is left");
     return 0;
 }
