@@ -23,11 +23,12 @@ constexpr unsigned decidedFields = 10'000;
 
 void decideBlocks(MarkedText& text, const pages::Fields& fields, pages::DecidedValues& decided,
                   pages::RenderGuard& guard) {
-    while (auto block = pages::firstBlock(text, guard)) {
+    std::size_t from = 0;
+    while (auto block = pages::firstBlock(text, from, guard)) {
         const auto field = fieldOfTag(block->tag, fields);
         const auto value =
             decided.keeps(field, fields) ? MarkedText(1, pages::markOf(field + decidedFields)) : MarkedText();
-        pages::settleBlock(text, *std::move(block), value, guard);
+        from = pages::settleBlock(text, *std::move(block), value, guard);
     }
 }
 
@@ -83,9 +84,10 @@ DocumentPart::Piece DocumentPart::stored(std::string_view value) {
     return {std::nullopt, m_texts.size() - value.size(), value.size()};
 }
 
-void DocumentPart::append(const pages::Fields& fields, std::string& out,
-                          const pages::RenderGuard& guard) const {
+void DocumentPart::append(const pages::Fields& fields, std::string& out, pages::RenderGuard& guard) const {
+    constexpr std::size_t costOfPiece = 4;
     for (const auto& piece : m_pieces) {
+        guard.countReading(costOfPiece);
         const auto before = out.size();
         if (!piece.field) {
             out.append(m_texts, piece.start, piece.size);
@@ -100,7 +102,7 @@ void DocumentPart::append(const pages::Fields& fields, std::string& out,
 }
 
 void checkDocumentSize(const std::string& document, const pages::RenderGuard& guard) {
-    constexpr std::size_t mostBytes = std::size_t{256} * 1024 * 1024;
+    constexpr std::size_t mostBytes = std::size_t{64} * 1024 * 1024;
     if (document.size() > mostBytes)
         guard.damaged();
 }

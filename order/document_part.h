@@ -35,7 +35,7 @@ public:
     [[nodiscard]] std::size_t textSize() const { return m_texts.size(); }
 
     /// Appends the filled text. Reports the template as damaged when the document grows beyond all sense.
-    void append(const pages::Fields& fields, std::string& out, const pages::RenderGuard& guard) const;
+    void append(const pages::Fields& fields, std::string& out, pages::RenderGuard& guard) const;
 
 private:
     struct Piece {

@@ -85,7 +85,7 @@ MarkedText takePageBreak(MarkedText& header, RenderGuard& guard) {
 }
 
 void appendPages(std::string& out, const OrderContents& order, unsigned placesTaken, const DocumentPart& row,
-                 const std::string& pageBreak, OrderFields& fields, const RenderGuard& guard) {
+                 const std::string& pageBreak, OrderFields& fields, RenderGuard& guard) {
     constexpr unsigned placesOnPage = 50;
     bool first = true;
     for (const auto& cells : order.rows) {
@@ -97,6 +97,7 @@ void appendPages(std::string& out, const OrderContents& order, unsigned placesTa
         row.append(fields, out, guard);
         if (++placesTaken >= placesOnPage) {
             out += pageBreak;
+            checkDocumentSize(out, guard);
             placesTaken = 0;
         }
     }
@@ -109,7 +110,7 @@ void reserveRows(std::string& out, const DocumentPart& row, std::size_t rows) {
     out.reserve(out.size() + std::min(most, rows * (row.textSize() + bytesOfValues)));
 }
 
-std::string filled(const DocumentPart& part, const OrderFields& fields, const RenderGuard& guard) {
+std::string filled(const DocumentPart& part, const OrderFields& fields, RenderGuard& guard) {
     std::string text;
     part.append(fields, text, guard);
     return text;

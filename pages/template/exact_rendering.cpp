@@ -22,6 +22,7 @@ public:
           m_guard(guard) {}
 
     void add(const Fields& entry) {
+        m_guard.countComparison(0);
         addCell(m_firstLine, m_first, entry);
         addCell(m_secondLine, m_second, entry);
         if (++m_count == m_columns)
@@ -34,16 +35,21 @@ public:
     }
 
 private:
-    void addCell(std::string& line, const std::string& cell, const Fields& entry) {
-        line += cell;
+    struct Line {
+        std::string text;
+        std::size_t resolved = 0; ///< up to here no tag can begin
+    };
+
+    void addCell(Line& line, const std::string& cell, const Fields& entry) {
+        line.text += cell;
         if (!cell.empty())
-            resolveTags(line, valuesOf(entry), m_guard);
+            line.resolved = resolveTags(line.text, line.resolved, valuesOf(entry), m_guard);
     }
 
     void emit() {
         for (auto* line : {&m_firstLine, &m_secondLine}) {
-            m_out.append("\r\n").append(*line).append("\r\n");
-            line->clear();
+            m_out.append("\r\n").append(line->text).append("\r\n");
+            *line = {};
         }
         m_guard.checkSize(m_out.size());
         m_count = 0;
@@ -54,8 +60,8 @@ private:
     std::size_t m_columns;
     std::string& m_out;
     RenderGuard& m_guard;
-    std::string m_firstLine;
-    std::string m_secondLine;
+    Line m_firstLine;
+    Line m_secondLine;
     std::size_t m_count = 0;
 };
 
@@ -70,7 +76,7 @@ void renderExactly(const std::filesystem::path& path, std::string text, RowBlock
         parts.header = std::move(text);
     else
         parts = splitAtRows(text, guard);
-    resolveTags(parts.header, valuesOf(fields), guard);
+    resolveTags(parts.header, 0, valuesOf(fields), guard);
     out += parts.header;
     if (parts.hasRows && rows == RowBlocks::repeated) {
         Rows lines(parts, columns, out, guard);
@@ -78,7 +84,7 @@ void renderExactly(const std::filesystem::path& path, std::string text, RowBlock
             lines.add(entries.entry(i));
         lines.finish();
     }
-    resolveTags(parts.trailer, valuesOf(fields), guard);
+    resolveTags(parts.trailer, 0, valuesOf(fields), guard);
     out += parts.trailer;
     guard.checkSize(out.size());
 }

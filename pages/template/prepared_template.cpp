@@ -100,7 +100,8 @@ std::optional<PreparedTemplate::Variant> PreparedTemplate::compile(const Fields&
     RenderGuard guard(m_path);
     Variant variant;
     auto text = markedText(m_text);
-    while (auto block = firstBlock(text, guard)) {
+    std::size_t from = 0;
+    while (auto block = firstBlock(text, from, guard)) {
         variant.exactOnly = std::any_of(block->tag.begin(), block->tag.end(), isMark);
         if (variant.exactOnly)
             return variant;
@@ -110,7 +111,8 @@ std::optional<PreparedTemplate::Variant> PreparedTemplate::compile(const Fields&
             return std::nullopt; // what follows depends on the value
         if (field != 0)
             variant.decisions.push_back({field, kept});
-        settleBlock(text, *std::move(block), kept ? MarkedText(1, markOf(field)) : MarkedText(), guard);
+        from =
+            settleBlock(text, *std::move(block), kept ? MarkedText(1, markOf(field)) : MarkedText(), guard);
         ++variant.blocks;
     }
     variant.exactOnly = m_rows != RowBlocks::none && marksFollowMarkerStart(text);
@@ -164,6 +166,7 @@ void PreparedTemplate::appendRows(const Variant& variant, Entries& entries, std:
 void PreparedTemplate::appendCell(const Variant& variant, const Fields& entry, std::string& out,
                                   RenderGuard& guard) {
     const auto start = out.size();
+    guard.countComparison(0);
     variant.firstRow.append(entry, m_decided, out, guard);
     if (variant.rowsAreEqual) {
         guard.countReplacements(variant.firstRow.replacements());

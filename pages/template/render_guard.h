@@ -28,18 +28,21 @@ public:
             damaged();
     }
 
-    /// Bytes gone through. A huge page may repeat its searches within both limits above and still keep
-    /// the user waiting for a minute; pages up to 200 KB never come near this one.
-    void countWork(std::size_t bytes) {
+    /// Bytes gone through or moved. A page may repeat its searches within both limits above and still keep
+    /// the user waiting for a minute. The limit is some 0.1 seconds; a page of 500 KB comes nowhere near it.
+    void countReading(std::size_t bytes) {
         m_work += bytes;
         if (m_work > mostWork)
             damaged();
     }
 
+    /// A place looked at more closely: that costs as much as going through this many bytes.
+    void countComparison(std::size_t bytes) { countReading(16 + bytes / 8); }
+
     [[noreturn]] void damaged() const;
 
 private:
-    static constexpr std::size_t mostWork = std::size_t{2} * 1024 * 1024 * 1024 - 1;
+    static constexpr std::size_t mostWork = std::size_t{256} * 1024 * 1024;
 
     const std::filesystem::path& m_path;
     std::size_t m_replacements = 0;

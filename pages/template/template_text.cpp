@@ -46,22 +46,25 @@ unsigned takeColumnCount(std::string& text) {
 }
 
 void resolveBlocks(std::string& text, const ValueOf& valueOf, RenderGuard& guard) {
-    while (auto block = firstBlock(text, guard)) {
+    std::size_t from = 0;
+    while (auto block = firstBlock(text, from, guard)) {
         const auto value = valueOf(block->tag);
-        settleBlock(text, *std::move(block), value, guard);
+        from = settleBlock(text, *std::move(block), value, guard);
     }
 }
 
-void resolveTags(std::string& text, const ValueOf& valueOf, RenderGuard& guard) {
+std::size_t resolveTags(std::string& text, std::size_t start, const ValueOf& valueOf, RenderGuard& guard) {
     // Nothing in front of `open` holds a "{", so going on there is as good as starting again.
-    for (auto open = text.find('{'); open != std::string::npos; open = text.find('{', open)) {
+    for (auto open = text.find('{', start); open != std::string::npos; open = text.find('{', open)) {
         const auto close = text.find('}', open);
+        guard.countReading(std::min(close, text.size()) - open);
         if (close == std::string::npos)
-            return;
+            return open;
         guard.countReplacements(1);
         const auto tag = text.substr(open, close - open + 1);
         replaceEvery(text, tag, valueOf(tag), open, guard);
     }
+    return text.size();
 }
 
 }

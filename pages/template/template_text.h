@@ -4,6 +4,7 @@
 #include "pages/template/marked_text.h"
 #include "pages/template/render_guard.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -38,23 +39,36 @@ using ValueOf = std::function<std::string(std::string_view)>;
 /// Resolves the conditional blocks, from the first to the last. What a kept value holds is read again.
 void resolveBlocks(std::string& text, const ValueOf& valueOf, RenderGuard& guard);
 
-/// Replaces every tag by its value, also the tags that a value brings along. A "}" with no "{" before it
-/// and a "{" with no "}" behind it stay.
-void resolveTags(std::string& text, const ValueOf& valueOf, RenderGuard& guard);
+/// Replaces every tag behind `start` by its value, also the tags that a value brings along. A "}" with no
+/// "{" before it and a "{" with no "}" behind it stay. Gives the place of that "{", or the text's end: more
+/// text may be appended, and be resolved from there on.
+std::size_t resolveTags(std::string& text, std::size_t start, const ValueOf& valueOf, RenderGuard& guard);
+
+/// As `text.find(what, start)`, with its work counted. `what` is not empty.
+template <typename Text>
+[[nodiscard]] std::size_t find(const Text& text, const Text& what, std::size_t start, RenderGuard& guard) {
+    for (;;) {
+        const auto found = text.find(what.front(), start);
+        guard.countReading((std::min(found, text.size()) - start) * sizeof(what.front()));
+        if (found == Text::npos || text.compare(found, what.size(), what) == 0)
+            return found;
+        guard.countComparison(what.size());
+        start = found + 1;
+    }
+}
 
 /// Replaces every occurrence behind `start`; what is put in is not looked at again.
 template <typename Text>
 void replaceEvery(Text& text, const Text& from, const Text& to, std::size_t start, RenderGuard& guard) {
-    guard.countWork(text.size());
-    Text result(text, 0, start);
-    for (auto found = text.find(from, start); found != Text::npos; found = text.find(from, start)) {
-        result.append(text, start, found - start).append(to);
-        guard.checkSize(result.size());
-        start = found + from.size();
+    Text replaced;
+    auto at = start;
+    for (auto found = find(text, from, at, guard); found != Text::npos; found = find(text, from, at, guard)) {
+        replaced.append(text, at, found - at).append(to);
+        guard.checkSize(start + replaced.size());
+        at = found + from.size();
     }
-    result.append(text, start);
-    guard.checkSize(result.size());
-    text = std::move(result);
+    text.replace(start, at - start, replaced);
+    guard.checkSize(text.size());
 }
 
 /// A conditional block in its text.
@@ -66,15 +80,14 @@ struct Block {
     Text tag;          ///< the first tag inside, which decides
 };
 
-/// The first block of the text. Reports the template as damaged where a block is not closed, is closed
-/// before it is opened or has no tag inside.
+/// The first block of the text behind `from`, before which there must be none and no closing braces. Reports
+/// the template as damaged where a block is not closed, is closed before it is opened or has no tag inside.
 template <typename Text>
-[[nodiscard]] std::optional<Block<Text>> firstBlock(const Text& text, RenderGuard& guard) {
-    guard.countWork(text.size());
-    const auto start = text.find(Text(2, '{'));
+[[nodiscard]] std::optional<Block<Text>> firstBlock(const Text& text, std::size_t from, RenderGuard& guard) {
+    const auto start = find(text, Text(2, '{'), from, guard);
     if (start == Text::npos)
         return std::nullopt;
-    const auto end = text.find(Text(2, '}'));
+    const auto end = find(text, Text(2, '}'), from, guard);
     if (end == Text::npos || end < start)
         guard.damaged();
     auto inner = text.substr(start + 2, end - start - 2);
@@ -87,16 +100,19 @@ template <typename Text>
 }
 
 /// Puts the block's inner text, with the value in place of its first tag, in the block's place; an empty
-/// value drops the block. The other tags of the block stay.
+/// value drops the block. The other tags of the block stay. Gives the place from which to look for the next
+/// block: the text put in may go on with a brace that stood before it.
 template <typename Text>
-void settleBlock(Text& text, Block<Text> block, const Text& value, RenderGuard& guard) {
+std::size_t settleBlock(Text& text, Block<Text> block, const Text& value, RenderGuard& guard) {
     guard.countReplacements(1);
     if (value.empty())
         block.inner.clear();
     else
         replaceEvery(block.inner, block.tag, value, 0, guard);
+    guard.countReading(text.size() - block.start);
     text.replace(block.start, block.end + 2 - block.start, block.inner);
     guard.checkSize(text.size());
+    return block.start - std::min<std::size_t>(block.start, 1);
 }
 
 /// A text cut at its row markers.

@@ -1,6 +1,7 @@
 #include "ui/system/mail/draft_mailer.h"
 
 #include "base/code_page.h"
+#include "ui/system/background_work.h"
 #include "ui/system/mail/mail_message.h"
 #include "ui/system/mail/plain_text.h"
 #include "ui/system/waiting_process.h"
@@ -52,9 +53,8 @@ bool openAddress(const platform::Mail& mail, const QString& text, const QUrl& ad
            QDesktopServices::openUrl(address);
 }
 
-bool openFile(const platform::Mail& mail) {
+bool openFile(const QByteArray& message) {
     QTemporaryFile file(QDir::temp().filePath(QStringLiteral("Order-XXXXXX.eml")));
-    const auto message = QByteArray::fromStdString(draftMessage(mail));
     if (!file.open() || file.write(message) != message.size() || !file.flush())
         return false;
     file.close();
@@ -63,13 +63,29 @@ bool openFile(const platform::Mail& mail) {
     return !file.autoRemove();
 }
 
+/// A draft in both of its forms; the address is empty where it would grow too long.
+struct Draft {
+    QString text;
+    QUrl address;
+    QByteArray message;
+};
+
+Draft draftOf(const platform::Mail& mail, qsizetype longestAddress) {
+    Draft draft{plainText(mail), {}, {}};
+    if (draft.text.size() <= longestAddress)
+        draft.address = mailtoUrl(mail, draft.text);
+    if (draft.address.isEmpty() || draft.address.toEncoded().size() > longestAddress)
+        draft = {{}, {}, QByteArray::fromStdString(draftMessage(mail))};
+    return draft;
+}
+
 }
 
 platform::Mailer::Outcome DraftMailer::send(const platform::Mail& mail) {
-    const auto text = plainText(mail);
-    const auto address = mailtoUrl(mail, text);
+    Draft draft;
+    runInBackground([&] { draft = draftOf(mail, m_longestAddress); }, QEventLoop::ExcludeUserInputEvents);
     const bool opened =
-        address.toEncoded().size() <= m_longestAddress ? openAddress(mail, text, address) : openFile(mail);
+        draft.address.isEmpty() ? openFile(draft.message) : openAddress(mail, draft.text, draft.address);
     return opened ? Outcome::draftOpened : Outcome::failed;
 }
 

@@ -12,10 +12,14 @@ platform::Mailer::Outcome MapiMailer::send(const platform::Mail& mail) {
     const auto text = [](const std::string& shown) {
         return QString::fromStdString(base::shownAsUtf8(shown)).toStdU16String();
     };
-    const mapi::Note note{text(mail.to), text(mail.subject),
-                          plainText(mail).replace("\n", "\r\n").toStdU16String()};
     auto result = mapi::failure;
-    runInBackground([&] { result = mapi::send(m_functions, note); }, QEventLoop::ExcludeUserInputEvents);
+    runInBackground(
+        [&] {
+            const mapi::Note note{text(mail.to), text(mail.subject),
+                                  plainText(mail).replace("\n", "\r\n").toStdU16String()};
+            result = mapi::send(m_functions, note);
+        },
+        QEventLoop::ExcludeUserInputEvents);
     return result == mapi::success ? Outcome::placed : Outcome::failed;
 }
 

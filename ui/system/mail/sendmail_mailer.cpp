@@ -1,5 +1,6 @@
 #include "ui/system/mail/sendmail_mailer.h"
 
+#include "ui/system/background_work.h"
 #include "ui/system/mail/mail_message.h"
 #include "ui/system/mail/mail_stamp.h"
 #include "ui/system/waiting_process.h"
@@ -26,7 +27,10 @@ platform::Mailer::Outcome SendmailMailer::send(const platform::Mail& mail) {
     process.setProgram(m_command);
     // A line with a single dot does not end the message (-oi); its head names the recipients (-t).
     process.setArguments({QStringLiteral("-oi"), QStringLiteral("-t")});
-    const auto message = QByteArray::fromStdString(mailMessage(mail, mailStamp()));
+    QByteArray message;
+    runInBackground(
+        [&, stamp = mailStamp()] { message = QByteArray::fromStdString(mailMessage(mail, stamp)); },
+        QEventLoop::ExcludeUserInputEvents);
     return runToSuccess(process, message, m_timeLimit) ? Outcome::placed : Outcome::failed;
 }
 
