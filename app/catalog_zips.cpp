@@ -61,6 +61,15 @@ std::string question(const CatalogIdentity& offered, const CatalogIdentity& inst
            "\n\nwith\n\n   " + installed.name + " catalog version " + offered.version;
 }
 
+std::string updateStatus(const std::string& N) {
+    return "Update Data Folder for " + N + "This may take a few minutes";
+}
+
+// Deliberate: the label names the catalogue that was updated last, not the new one.
+std::string addStatus(const fs::path& lastInstalledParameters) {
+    return "Add Data Folder for " + base::textOf(lastInstalledParameters) + "This may take a few minutes";
+}
+
 /// The files that a catalogue cannot do without.
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
@@ -86,7 +95,10 @@ CatalogZips::CatalogZips(fs::path programFolder, platform::Archive& archive, pla
     : m_programFolder(std::move(programFolder)), m_archive(archive), m_messages(messages), m_window(window) {}
 
 void CatalogZips::installAll() {
-    StagedFolder::recover(m_programFolder);
+    for (const auto& N : StagedFolder::recover(m_programFolder))
+        complain("An update of " + base::textOf(m_programFolder / base::pathOf(N)) +
+                 " was interrupted and cannot be undone\nPlease check that you may write there and that no "
+                 "other program uses it, then start the program again");
     while (const auto path = nextZip()) {
         m_processed.insert(*path);
         process(*path);
@@ -121,7 +133,8 @@ void CatalogZips::process(const fs::path& path) {
 
 std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     const auto isFree = [this](const std::string& name) {
-        return name.empty() || (catalog::canNameSupplier(name) && !base::findFile(m_programFolder, name));
+        return name.empty() || (catalog::canNameSupplier(name) && !base::findFile(m_programFolder, name) &&
+                                !fs::is_directory(base::folderPath(m_programFolder, markerOf(name))));
     };
     auto name = base::textOf(zip.filename());
     name.resize(name.size() - zipEnding.size());
@@ -138,31 +151,26 @@ std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     return N;
 }
 
-// The marker comes last: a catalogue that did not come in leaves the one that was there.
 void CatalogZips::install(const Zip& zip) {
     StagedFolder staged(m_programFolder, zip.N);
-    if (!extract(zip, markerOf(zip.N), staged.markerFolder()))
+    if (!extract(zip, markerOf(zip.N), staged.besideFolder()))
         refuseDamaged(zip.path);
     const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
-    if (installed)
-        update(zip, *installed, staged);
+    if (installed && !isUpdate(zip, *installed, staged))
+        staged.leaveOutFolder();
     else
-        add(zip, staged);
-    placeMarker(zip, staged);
+        unpackInto(zip, installed ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters), staged);
+    staged.moveIn(catalog::parametersFile);
 }
 
-void CatalogZips::update(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
+bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
     if (!extract(zip, "*PrdPrm.dat", staged.folder()) || !areParametersWhole(staged.folder()))
         refuseDamaged(zip.path);
     const auto offered = readIdentity(base::filePath(staged.folder(), catalog::parametersFile));
     if (!offered)
         refuseDamaged(zip.path);
     m_lastInstalledParameters = installedParameters;
-    const auto installed = readIdentity(installedParameters).value_or(CatalogIdentity{});
-    if (!isWanted(*offered, installed))
-        return;
-    m_window.setStatus("Update Data Folder for " + zip.N + "This may take a few minutes");
-    unpackInto(zip, staged);
+    return isWanted(*offered, readIdentity(installedParameters).value_or(CatalogIdentity{}));
 }
 
 bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed) {
@@ -172,32 +180,17 @@ bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity
                           platform::Answer::yes) == platform::Answer::yes;
 }
 
-void CatalogZips::add(const Zip& zip, StagedFolder& staged) {
-    // Deliberate: the label names the catalogue that was updated last, not the new one.
-    m_window.setStatus("Add Data Folder for " + base::textOf(m_lastInstalledParameters) +
-                       "This may take a few minutes");
-    unpackInto(zip, staged);
-}
-
-void CatalogZips::unpackInto(const Zip& zip, StagedFolder& staged) {
+void CatalogZips::unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged) {
+    m_window.setStatus(status);
     if (!extract(zip, "*", staged.folder()))
         refuseDamaged(zip.path);
     for (const auto file : usersFiles)
         staged.leaveOut(file);
     const bool isWhole = std::all_of(dataFiles.begin(), dataFiles.end(),
-                                     [&](std::string_view file) { return staged.willHold(file); });
+                                     [&](std::string_view file) { return staged.comingFile(file); });
     if (!isWhole || !areParametersWhole(staged.folder()))
         refuseDamaged(zip.path);
-    staged.moveIn(catalog::parametersFile);
-    refreshLogo(zip);
-}
-
-void CatalogZips::placeMarker(const Zip& zip, const StagedFolder& staged) const {
-    const auto marker = base::filePath(staged.markerFolder(), markerOf(zip.N));
-    std::error_code error;
-    fs::rename(marker, base::filePath(m_programFolder, base::textOf(marker.filename())), error);
-    if (error)
-        failWriting(zip.path);
+    addLogo(zip, staged);
 }
 
 bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path& folder) {
@@ -217,12 +210,14 @@ bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path&
     throw base::Quit();
 }
 
-void CatalogZips::refreshLogo(const Zip& zip) {
-    const auto logo = base::readFile(base::filePath(base::folderPath(m_programFolder, zip.N), "logo.jpg"));
-    if (!logo)
+void CatalogZips::addLogo(const Zip& zip, const StagedFolder& staged) const {
+    const auto name = zip.N + ".jpg";
+    const auto source = staged.comingFile("logo.jpg");
+    const auto logo = source ? base::readFile(*source) : std::nullopt;
+    if (!logo || fs::is_directory(base::folderPath(m_programFolder, name))) // perhaps another supplier's
         return;
     try {
-        base::replaceFile(base::filePath(m_programFolder, zip.N + ".jpg"), *logo);
+        base::replaceFile(staged.besideFolder() / base::pathOf(name), *logo);
     } catch (const base::FileError&) {
         // Deliberate: a catalogue is complete without its logo.
     }

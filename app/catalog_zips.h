@@ -37,13 +37,12 @@ private:
     void process(const std::filesystem::path& path);
     [[nodiscard]] std::optional<std::string> supplierIn(const std::filesystem::path& zip) const;
     void install(const Zip& zip);
-    void add(const Zip& zip, StagedFolder& staged);
-    void update(const Zip& zip, const std::filesystem::path& installedParameters, StagedFolder& staged);
+    [[nodiscard]] bool isUpdate(const Zip& zip, const std::filesystem::path& installedParameters,
+                                StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
-    void unpackInto(const Zip& zip, StagedFolder& staged);
+    void unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged);
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
-    void placeMarker(const Zip& zip, const StagedFolder& staged) const;
-    void refreshLogo(const Zip& zip);
+    void addLogo(const Zip& zip, const StagedFolder& staged) const;
     void complain(std::string_view text);
 
     std::filesystem::path m_programFolder;

@@ -156,9 +156,10 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("help/index.html", "the book");
     put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
     put("readme.txt", "mine");
-    const std::vector<std::string> names{".",          "ACME ",     "ACME.",     "ACME.zip",    "COM1",
-                                         "COM\xB9.x",  "Help",      "Help (1)",  "Install.tmp", "nul",
-                                         "README.TXT", "Start.ini", "start.ECT", "Tavorine",    "Tmp.htm"};
+    put("Taken.SUP/PrdPrm.dat", "another supplier's, where the marker would go");
+    const std::vector<std::string> names{
+        ".",           "ACME ", "ACME.",      "ACME.zip",  "COM1",      "COM\xB9.x", "Help",     "Help (1)",
+        "Install.tmp", "nul",   "README.TXT", "Start.ini", "start.ECT", "Taken",     "Tavorine", "Tmp.htm"};
     for (const auto& name : names)
         drop(name + ".zip", catalogZip(name == "Help (1)" ? "Help" : name, "00001"));
     const auto lines = installAll();
@@ -170,6 +171,7 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
         EXPECT_FALSE(exists("Help.jpg") || exists("Install.tmp"));
     }
     EXPECT_EQ(contents("help/index.html"), "the book");
+    EXPECT_TRUE(exists("Taken.SUP/PrdPrm.dat"));
     EXPECT_THAT(app::MarkerFiles(program, box).suppliers(), IsEmpty());
 }
 
@@ -334,7 +336,8 @@ TEST_F(CatalogZips, ReplaceAnInstalledCatalogWhoseParametersAreDamaged) {
 TEST_F(CatalogZips, AnInterruptedUpdateIsTakenBackAndThenRepeated) {
     install("ACME", "00001");
     put("ACME/a.jpg", "half new");
-    put("Install.tmp/ACME/old/a.jpg", "old");
+    put("Install.tmp/ACME/added", "");
+    put("Install.tmp/ACME/old/ACME/a.jpg", "old");
     drop("ACME.zip", catalogZip("ACME", "00002").add("b.jpg", "new"));
     installAll();
     EXPECT_EQ(installedVersion("ACME"), "00002");
