@@ -2,6 +2,7 @@
 
 #include "app/catalog_identity.h"
 #include "app/staged_folder.h"
+#include "app/supplier_removal.h"
 #include "app/welcome_window.h"
 #include "app/zip_files.h"
 #include "base/caseless_tree.h"
@@ -95,6 +96,8 @@ CatalogZips::CatalogZips(fs::path programFolder, platform::Archive& archive, pla
     : m_programFolder(std::move(programFolder)), m_archive(archive), m_messages(messages), m_window(window) {}
 
 void CatalogZips::installAll() {
+    for (const auto& failure : finishRemovals(m_programFolder))
+        complain(failure);
     for (const auto& N : StagedFolder::recover(m_programFolder))
         complain("An update of " + base::textOf(m_programFolder / base::pathOf(N)) +
                  " was interrupted and cannot be undone\nPlease check that you may write there and that no "
@@ -213,14 +216,12 @@ bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path&
 void CatalogZips::addLogo(const Zip& zip, const StagedFolder& staged) const {
     const auto name = zip.N + ".jpg";
     const auto source = staged.comingFile("logo.jpg");
-    const auto logo = source ? base::readFile(*source) : std::nullopt;
-    if (!logo || fs::is_directory(base::folderPath(m_programFolder, name))) // perhaps another supplier's
+    if (!source || fs::is_directory(base::folderPath(m_programFolder, name))) // perhaps another supplier's
         return;
-    try {
-        base::replaceFile(staged.besideFolder() / base::pathOf(name), *logo);
-    } catch (const base::FileError&) {
-        // Deliberate: a catalogue is complete without its logo.
-    }
+    std::error_code error;
+    fs::copy_file(*source, staged.besideFolder() / base::pathOf(name), error);
+    if (error)
+        failWriting(zip.path);
 }
 
 void CatalogZips::complain(std::string_view text) {

@@ -23,7 +23,8 @@ public:
     CatalogZips(std::filesystem::path programFolder, platform::Archive& archive,
                 platform::MessageBox& messages, WelcomeWindow& window);
 
-    /// Puts an installation that was interrupted back to what it was, then takes the zips one by one.
+    /// Puts an installation that was interrupted back to what it was and goes on with an interrupted
+    /// removal, then takes the zips one by one.
     /// Throws base::Quit when the user closes the window meanwhile.
     void installAll();
 

@@ -1,5 +1,6 @@
 #include "app/staged_folder.h"
 
+#include "app/supplier_removal.h"
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
 #include "base/errors.h"
@@ -186,7 +187,7 @@ void StagedFolder::writeJournal(const std::vector<Move>& moves) const {
     for (const auto& move : moves)
         if (!isThere(move.to))
             added += move.to.lexically_relative(m_program).u8string() + u8'\n';
-    base::replaceFile(m_area / journalName, std::string(added.begin(), added.end()));
+    base::replaceFileDurably(m_area / journalName, std::string(added.begin(), added.end()));
 }
 
 void StagedFolder::moveEntries(const std::vector<Move>& moves) const {
@@ -218,7 +219,7 @@ std::vector<std::string> StagedFolder::recover(const fs::path& programFolder) {
     const auto areas = programFolder / area;
     std::vector<std::string> failed;
     for (const auto& supplier : entriesOf(areas))
-        if (!clear(supplier, programFolder))
+        if (!isThere(supplier / removalMark) && !clear(supplier, programFolder))
             failed.push_back(base::textOf(supplier.filename()));
     std::error_code ignored;
     fs::remove(areas, ignored);
