@@ -60,11 +60,7 @@ public:
                ExtractionProgress* progress)
         : m_zip(zip), m_folder(folder), m_byteLimit(byteLimit), m_progress(progress) {}
 
-    ~Extraction() {
-        std::error_code ignored;
-        if (!m_parts.empty())
-            fs::remove_all(m_parts, ignored);
-    }
+    ~Extraction() { static_cast<void>(clear()); }
 
     Extraction(const Extraction&) = delete;
     Extraction& operator=(const Extraction&) = delete;
@@ -77,10 +73,19 @@ public:
         for (const auto& entry : entries)
             if (const auto result = unpack(entry); result != Result::extracted)
                 return result;
-        return moveToPlace(entries);
+        const auto result = moveToPlace(entries);
+        return clear() ? result : Result::notWritten;
     }
 
 private:
+    // What stays of the parts would pass for something that was extracted.
+    bool clear() {
+        std::error_code error;
+        if (!m_parts.empty())
+            fs::remove_all(m_parts, error);
+        return !error;
+    }
+
     // A new folder under a name that no entry uses.
     bool makePartsFolder(const std::vector<ZipEntry>& entries) {
         constexpr int attempts = 1000;
