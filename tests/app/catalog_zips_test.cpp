@@ -203,6 +203,8 @@ TEST_F(CatalogZips, ThatAreDamagedChangeNothingAndSaySoOnce) {
         {"parameters too short", whole().add("prdprm.dat", tooShort)},
         {"parameters below a folder",
          support::ZipBuilder().add("ACME.sup", "ACME|N").add("x/PrdPrm.dat", tooShort)},
+        {"a name that fits on no disk", whole().add(std::string(256, 'n'), "x")},
+        {"a file that is a folder too", whole().add("pics", "x").add("Pics/a.jpg", "x")},
         {"a folder named like a data file", support::ZipBuilder()
                                                 .add("ACME.sup", "ACME|N")
                                                 .add("PrdPrm.dat", parameters("ACME", "00002", ""))

@@ -24,7 +24,7 @@ fs::path pathOf(const EntryPath& entry) {
 /// Makes the folders in which entries go. A link in the way is not followed: nothing goes there.
 class TargetFolders {
 public:
-    enum class State { ready, link, blocked };
+    enum class State { ready, link, blocked, tooLong };
 
     explicit TargetFolders(const fs::path& root) {
         m_known.emplace((root / "x").parent_path(), State::ready); // spelled like the parent of any entry
@@ -47,7 +47,9 @@ private:
         if (type == fs::file_type::symlink)
             return State::link;
         const bool isThere = type == fs::file_type::directory || fs::create_directory(folder, error);
-        return isThere ? State::ready : State::blocked;
+        if (isThere)
+            return State::ready;
+        return error == std::errc::filename_too_long ? State::tooLong : State::blocked;
     }
 
     std::map<fs::path, State> m_known;
@@ -150,18 +152,22 @@ private:
             const auto state = folders.make(entry.where.isFolder ? place : place.parent_path());
             if (state == TargetFolders::State::link)
                 continue;
-            if (state == TargetFolders::State::blocked || !move(entry, place))
+            if (state == TargetFolders::State::tooLong)
+                return Result::failed;
+            if (state == TargetFolders::State::blocked)
                 return Result::notWritten;
+            if (const auto error = move(entry, place))
+                return error == std::errc::filename_too_long ? Result::failed : Result::notWritten;
             moved = true;
         }
         return moved ? Result::extracted : Result::nothingMatched;
     }
 
-    bool move(const ZipEntry& entry, const fs::path& place) {
+    std::error_code move(const ZipEntry& entry, const fs::path& place) {
         std::error_code error;
         if (!entry.where.isFolder)
             fs::rename(partOf(entry), place, error);
-        return !error;
+        return error;
     }
 
     const ZipReader& m_zip;
@@ -178,7 +184,7 @@ private:
 
 std::optional<std::vector<std::string>> ZipExtractor::topLevelFiles(const fs::path& archive) {
     const ZipReader zip(archive);
-    if (!zip.isOpen())
+    if (!zip.isOpen() || !zip.isSound(ExtractionLimits().entries))
         return std::nullopt;
     std::vector<std::string> names;
     for (const auto& entry : zip.entries("*"))
@@ -194,6 +200,8 @@ Result ZipExtractor::extract(const fs::path& archive, std::string_view mask, con
         return Result::failed;
     if (zip.entryCount() > m_limits.entries || zip.unpackedSize() > m_limits.bytes)
         return Result::tooLarge;
+    if (!zip.isSound(m_limits.entries))
+        return Result::failed;
     const auto entries = zip.entries(mask);
     if (entries.empty())
         return Result::nothingMatched;
