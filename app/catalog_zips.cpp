@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <system_error>
 
 namespace app {
@@ -37,6 +38,13 @@ public:
 [[noreturn]] void refuseDamaged(const fs::path& zip) {
     throw UnusableZip(base::textOf(zip) +
                       " is damaged and was not installed\nPlease ask your supplier to send it again");
+}
+
+[[noreturn]] void refuseUnreadable(const fs::path& zip) {
+    throw base::FileError(
+        base::textOf(zip) +
+        " cannot be read\nPlease check that you may read it and that no other program uses it, then "
+        "start the program again");
 }
 
 [[noreturn]] void refuseTooLarge(const fs::path& zip) {
@@ -144,6 +152,8 @@ std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     if (!isFree(name))
         refuseName(zip);
     const auto files = m_archive.topLevelFiles(zip);
+    if (!files && !std::ifstream(zip, std::ios::binary))
+        refuseUnreadable(zip);
     if (!files)
         refuseDamaged(zip);
     const auto N = supplierOf(name, *files);

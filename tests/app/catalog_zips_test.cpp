@@ -152,6 +152,23 @@ TEST_F(CatalogZips, ThatCannotBeReadAreToldOnceAndDeleted) {
     EXPECT_TRUE(fs::is_empty(program));
 }
 
+TEST_F(CatalogZips, ThatMayNotBeReadAreToldAndKept) {
+    if (!support::foldersCanBeReadOnly)
+        GTEST_SKIP() << "every file can be read here";
+    drop("ACME.zip", catalogZip("ACME", "00001"));
+    fs::permissions(program / "ACME.zip", fs::perms::none);
+    fs::permissions(program, fs::perms::all);
+    {
+        const support::OrdinaryUser user;
+        EXPECT_THAT(
+            installAll(),
+            ElementsAre("exclamation [Tavorine Catalog Viewer] " + base::textOf(program / "ACME.zip") +
+                        " cannot be read\nPlease check that you may read it and that no other program uses "
+                        "it, then start the program again"));
+    }
+    EXPECT_TRUE(exists("ACME.zip"));
+}
+
 TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("help/index.html", "the book");
     put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
