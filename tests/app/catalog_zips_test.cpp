@@ -310,6 +310,24 @@ TEST_F(CatalogZips, StayForTheNextStartWhenTheDiskIsFull) {
     EXPECT_EQ(installedVersion("BETA"), "00001");
 }
 
+TEST_F(CatalogZips, StayForTheNextStartWhereTheCatalogFolderIsReadOnly) {
+    if (!support::foldersCanBeReadOnly)
+        GTEST_SKIP() << "every folder can be written here";
+    install("ACME");
+    drop("ACME.zip", catalogZip("ACME", "00002").add("new.jpg", "new"));
+    fs::permissions(program, fs::perms::all);
+    {
+        const support::ReadOnlyFolder folder(program / "ACME");
+        const support::OrdinaryUser user;
+        EXPECT_THAT(installAll().back(),
+                    HasSubstr("Cannot write to " + base::textOf(program / "ACME") + "\n"));
+    }
+    expectUntouched();
+    EXPECT_FALSE(exists("ACME/new.jpg") || exists("ACME.jpg"));
+    installAll();
+    EXPECT_EQ(installedVersion("ACME"), "00002");
+}
+
 TEST_F(CatalogZips, ThatAreTooLargeAreRefusedWithOneMessage) {
     drop("ACME.zip", catalogZip("ACME", "00001"));
     archive.results = {{"ACME.sup", Result::tooLarge}};

@@ -108,6 +108,7 @@ TEST_F(StagedFolder, AnInterruptedInstallationIsTakenBackAtTheNextStart) {
     put("Install.tmp/ACME/old/ACME.sup", "old");
     put("Install.tmp/ACME/new/ACME/d.jpg", "new");
     put("Install.tmp/BETA/new/half.jpg", "new");
+    put("Install.tmp/GAMMA.zip", "half of a zip that was dropped");
     EXPECT_THAT(app::StagedFolder::recover(program), IsEmpty());
     EXPECT_THAT(found(), ElementsAre("ACME.sup=old", "ACME/PrdPrm.dat=old", "ACME/a.jpg=old",
                                      "ACME/own/my=own", "ACME/x/inside.txt=old", "ACME/y=old"));

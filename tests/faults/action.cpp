@@ -221,6 +221,12 @@ Files filesIn(const fs::path& folder) {
 
 const std::vector<Action>& actions() {
     static const std::vector<Action> all{
+        {"FirstStart",
+         [](const fs::path& program) {
+             prepareInstalled(program);
+             fs::remove(program / "Start.ini");
+         },
+         [](const fs::path& program) { return !startIn(program).empty(); }},
         {"FirstInstall",
          [](const fs::path& program) {
              prepareStarted(program);
