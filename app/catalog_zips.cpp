@@ -83,8 +83,9 @@ std::string addStatus(const fs::path& lastInstalledParameters) {
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
 
-/// The files of the user's own, which stand among the catalogue's.
-constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile};
+/// The files of the user's own, which stand among the catalogue's, and one that must not stand there.
+constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile,
+                                catalog::probeFile};
 
 bool areParametersWhole(const fs::path& folder) {
     std::error_code error;
@@ -197,8 +198,10 @@ void CatalogZips::unpackInto(const Zip& zip, std::string_view status, StagedFold
     m_window.setStatus(status);
     if (!extract(zip, "*", staged.folder()))
         refuseDamaged(zip.path);
-    for (const auto file : usersFiles)
+    for (const auto file : usersFiles) {
         staged.leaveOut(file);
+        staged.leaveOut(std::string(file).append(base::unfinishedEnding));
+    }
     const bool isWhole = std::all_of(dataFiles.begin(), dataFiles.end(),
                                      [&](std::string_view file) { return staged.comingFile(file); });
     if (!isWhole || !areParametersWhole(staged.folder()))

@@ -72,9 +72,12 @@ void restore(const fs::path& kept, const fs::path& place, std::error_code& error
 
 std::vector<fs::path> journalPaths(std::string_view journal) {
     std::vector<fs::path> paths;
-    for (const auto line : base::split(journal, '\n'))
-        if (!line.empty())
-            paths.emplace_back(std::u8string(line.begin(), line.end()));
+    for (const auto line : base::split(journal, '\n')) {
+        const fs::path path(std::u8string(line.begin(), line.end()));
+        const bool leadsOut = path.is_absolute() || std::find(path.begin(), path.end(), "..") != path.end();
+        if (!path.empty() && !leadsOut)
+            paths.push_back(path);
+    }
     return paths;
 }
 

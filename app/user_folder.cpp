@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 #include "base/files.h"
+#include "catalog/program_folders.h"
 #include "catalog/settings_file.h"
 
 #include <system_error>
@@ -12,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isWritable(const fs::path& folder) {
-    const auto probe = folder / "Write.tmp";
+    const auto probe = folder / catalog::probeFile;
     try {
         base::replaceFile(probe, {});
     } catch (const base::FileError&) {

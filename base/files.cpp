@@ -51,7 +51,7 @@ bool writeNew(const fs::path& path, std::string_view bytes) {
 }
 
 fs::path unfinished(const fs::path& target) {
-    return fs::path(target).concat(".new");
+    return fs::path(target).concat(unfinishedEnding);
 }
 
 // What is mapped can be flushed without the system's own calls. On a file system that maps no file for
@@ -145,6 +145,12 @@ void replaceFile(const fs::path& path, std::string_view bytes) {
 
 void replaceFileDurably(const fs::path& path, std::string_view bytes) {
     replace(path, bytes, [&](const fs::path& written) { return isOnDisk(written, bytes.size()); });
+}
+
+std::string_view withoutUnfinishedEnding(std::string_view name) {
+    if (endsIgnoringCase(name, unfinishedEnding))
+        name.remove_suffix(unfinishedEnding.size());
+    return name;
 }
 
 void removeUnfinished(const fs::path& path) {

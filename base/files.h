@@ -38,6 +38,12 @@ void replaceFile(const std::filesystem::path& path, std::string_view bytes);
 /// or the new one too. Takes as long as the disk does: some milliseconds.
 void replaceFileDurably(const std::filesystem::path& path, std::string_view bytes);
 
+/// What stands beside a file while it is being replaced: its name with this ending.
+inline constexpr std::string_view unfinishedEnding = ".new";
+
+/// A name without that ending, in any letter case.
+[[nodiscard]] std::string_view withoutUnfinishedEnding(std::string_view name);
+
 /// Deletes what a `replaceFile` that was killed has left beside the file.
 void removeUnfinished(const std::filesystem::path& path);
 

@@ -175,8 +175,9 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("readme.txt", "mine");
     put("Taken.SUP/PrdPrm.dat", "another supplier's, where the marker would go");
     const std::vector<std::string> names{
-        ".",           "ACME ", "ACME.",      "ACME.zip",  "COM1",      "COM\xB9.x", "Help",     "Help (1)",
-        "Install.tmp", "nul",   "README.TXT", "Start.ini", "start.ECT", "Taken",     "Tavorine", "Tmp.htm"};
+        ".",         "ACME ",       "ACME.",    "ACME.zip",   "COM1",      "COM\xB9.x",     "Help",
+        "Help (1)",  "Install.tmp", "nul",      "README.TXT", "Start.ini", "start.INI.new", "Write.tmp",
+        "start.ECT", "Taken",       "Tavorine", "Tmp.htm"};
     for (const auto& name : names)
         drop(name + ".zip", catalogZip(name == "Help (1)" ? "Help" : name, "00001"));
     const auto lines = installAll();
@@ -275,10 +276,13 @@ TEST_F(CatalogZips, WithoutADataFileAreDamagedUnlessTheInstalledCatalogHasIt) {
 TEST_F(CatalogZips, NeverReplaceTheUsersOwnFiles) {
     auto zip = catalogZip("ACME", "00002");
     zip.add("user.ini", "theirs").add("BASKET.DAT", "theirs").add("Tmp.htm/a.txt", "theirs");
+    for (const auto* inTheWay : {"User.ini.NEW/a", "write.tmp/a", "Write.tmp.new/a"})
+        zip.add(inTheWay, "theirs");
     drop("ACME.zip", zip);
     installAll();
     EXPECT_EQ(installedVersion("ACME"), "00002");
     EXPECT_FALSE(exists("ACME/user.ini") || exists("ACME/BASKET.DAT") || exists("ACME/Tmp.htm"));
+    EXPECT_FALSE(exists("ACME/User.ini.NEW") || exists("ACME/write.tmp") || exists("ACME/Write.tmp.new"));
 
     for (const auto* file : {"User.ini", "Basket.dat", "Tmp.htm"})
         put(fs::path("ACME") / file, "mine");

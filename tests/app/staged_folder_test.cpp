@@ -99,9 +99,10 @@ TEST_F(StagedFolder, AnInterruptedInstallationIsTakenBackAtTheNextStart) {
     put("ACME/own/my", "own"); // came into a folder that was added
     put("ACME/PrdPrm.dat", "old");
     put("ACME.sup", "new");
+    base::replaceFile(root / "outside", "mine");
     put("ACME.jpg", "added");
-    put("Install.tmp/ACME/added",
-        "ACME/b.jpg\nACME/deep\nACME/deep/c.jpg\nACME/own\nACME/y/z\nACME/not/yet\nACME.jpg\n");
+    put("Install.tmp/ACME/added", "ACME/b.jpg\nACME/deep\nACME/deep/c.jpg\nACME/own\n../outside\nACME/../../"
+                                  "outside\nACME/y/z\nACME/not/yet\nACME.jpg\n");
     put("Install.tmp/ACME/old/ACME/a.jpg", "old");
     put("Install.tmp/ACME/old/ACME/x/inside.txt", "old");
     put("Install.tmp/ACME/old/ACME/y", "old");
@@ -113,6 +114,7 @@ TEST_F(StagedFolder, AnInterruptedInstallationIsTakenBackAtTheNextStart) {
     EXPECT_THAT(found(), ElementsAre("ACME.sup=old", "ACME/PrdPrm.dat=old", "ACME/a.jpg=old",
                                      "ACME/own/my=own", "ACME/x/inside.txt=old", "ACME/y=old"));
     EXPECT_FALSE(exists("ACME/deep") || exists("Install.tmp"));
+    EXPECT_TRUE(fs::exists(root / "outside"));
 }
 
 TEST_F(StagedFolder, ACompleteInstallationIsNotTakenBack) {
