@@ -4,6 +4,7 @@
 // not to be seen whole.
 #include "tour/look.h"
 #include "tour/order_scenes.h"
+#include "tour/program_folder.h"
 #include "tour/scenes.h"
 #include "ui/qt/program.h"
 #include "ui/qt/widgets/icons.h"
@@ -20,28 +21,6 @@
 
 namespace {
 namespace fs = std::filesystem;
-
-class TourProgramFile final : public platform::ProgramFile {
-public:
-    explicit TourProgramFile(fs::path path) : m_path(std::move(path)) {}
-
-    [[nodiscard]] fs::path path() const override { return m_path; }
-
-    [[nodiscard]] bool isReadOnly() const override { return false; }
-
-private:
-    fs::path m_path;
-};
-
-void prepareProgramFolder(const fs::path& folder) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    for (const char* part : {"Start.ect", "help"})
-        fs::copy(fs::path(TAVORINE_PROGRAM_FOLDER) / part, folder / part, fs::copy_options::recursive);
-    for (const auto& entry : fs::directory_iterator(TAVORINE_SAMPLES_FOLDER))
-        if (entry.path().extension() == ".zip")
-            fs::copy_file(entry.path(), folder / entry.path().filename());
-}
 
 struct Arguments {
     tour::Look look;
@@ -72,14 +51,14 @@ int main(int argc, char* argv[]) {
     const auto wanted = readArguments();
     tour::apply(wanted.look);
     const auto& folder = wanted.folder;
-    prepareProgramFolder(folder / "program");
+    tour::prepareProgramFolder(folder / "program");
     fs::remove_all(folder / "config");
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                        QString::fromStdU16String((folder / "config").u16string()));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(ui::qt::programIcon());
 
-    TourProgramFile programFile(folder / "program" / "Tavorine");
+    tour::ProgramFile programFile(folder / "program" / "Tavorine");
     ui::system::PrimaryScreen screen;
     ui::system::FileInstanceLock instanceLock;
     const auto run = [&](tour::Script& script) {

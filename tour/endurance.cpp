@@ -1,0 +1,149 @@
+// A customer at the real windows for as long as you like:
+//     endurance [--minutes 60] [--seed 1] FOLDER
+// makes a program folder in FOLDER and prints the memory of all processes once a minute. At the end it fails
+// when the program ended or stood still for longer than a second, when an order did not add up, or when the
+// memory lay more than 5 % above that of the tenth minute.
+#include "tour/customer.h"
+#include "tour/heartbeat.h"
+#include "tour/process_memory.h"
+#include "tour/program_folder.h"
+#include "ui/qt/program.h"
+#include "ui/system/browser_start.h"
+#include "ui/system/file_instance_lock.h"
+#include "ui/system/primary_screen.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDesktopServices>
+#include <QSettings>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+
+namespace {
+namespace fs = std::filesystem;
+using std::chrono::minutes;
+
+constexpr minutes reference(10);
+
+struct Arguments {
+    minutes length;
+    std::uint32_t seed;
+    fs::path folder;
+};
+
+Arguments readArguments() {
+    QCommandLineParser parser;
+    const QCommandLineOption length("minutes", "How long it goes on.", "minutes", "60");
+    const QCommandLineOption seed("seed", "Another one gives another customer.", "number", "1");
+    parser.addOptions({length, seed});
+    parser.addHelpOption();
+    parser.addPositionalArgument("FOLDER", "Where the program folder goes.");
+    parser.process(*QApplication::instance());
+    if (parser.positionalArguments().size() != 1)
+        parser.showHelp(2);
+    return {minutes(parser.value(length).toInt()), parser.value(seed).toUInt(),
+            fs::absolute(parser.positionalArguments().front().toStdString())};
+}
+
+// Nothing of the system is to be started: mails go nowhere, addresses are not opened.
+class Elsewhere final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Elsewhere(const fs::path& folder) {
+        const auto command = folder / "bin" / "sendmail";
+        fs::create_directories(command.parent_path());
+        std::ofstream(command) << "#!/bin/sh\ncat >/dev/null\n";
+        fs::permissions(command, fs::perms::owner_all);
+        qputenv("PATH", QByteArray::fromStdString((folder / "bin").string()) + ":" + qgetenv("PATH"));
+        for (const char* scheme : schemes)
+            QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+
+public slots:
+
+    void open(const QUrl&) {}
+
+private:
+    static constexpr std::array<const char*, 3> schemes{"http", "https", "mailto"};
+};
+
+/// Prints the memory once a minute and remembers that of the tenth.
+class Ledger {
+public:
+    void note(qint64 minute, std::size_t actions) {
+        const auto kinds = tour::memoryByKind();
+        m_last = tour::total(kinds);
+        if (minute <= reference.count())
+            m_reference = m_last;
+        std::printf("minute %lld: %zu actions, %zu MB (", static_cast<long long>(minute), actions,
+                    m_last / 1024);
+        for (const auto& [kind, kilobytes] : kinds)
+            std::printf(" %s %zu", kind.c_str(), kilobytes / 1024);
+        std::printf(" )\n");
+        static_cast<void>(std::fflush(stdout));
+    }
+
+    [[nodiscard]] double growth() const {
+        return static_cast<double>(m_last) / static_cast<double>(m_reference) - 1;
+    }
+
+private:
+    std::size_t m_reference = 1;
+    std::size_t m_last = 0;
+};
+
+bool endure(const Arguments& wanted) {
+    constexpr std::chrono::milliseconds longestPause(1000);
+    constexpr double mostGrowth = 0.05;
+
+    tour::Heartbeat heartbeat(longestPause);
+    tour::Customer customer(wanted.seed, wanted.folder, heartbeat);
+    Ledger ledger;
+    qint64 minute = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        ledger.note(++minute, customer.actions());
+        if (minute >= wanted.length.count()) {
+            customer.stop();
+            QApplication::exit(42);
+        }
+    });
+    clock.start(minutes(1));
+    customer.start();
+    const bool lasted = QApplication::exec() == 42;
+    for (const auto& pause : heartbeat.pauses())
+        std::printf("stood still for %lld ms while %s\n", static_cast<long long>(pause.length.count()),
+                    pause.doing.c_str());
+    std::printf("%s after %lld minutes and %zu actions; %zu faults, longest pause %lld ms, memory %+.1f %%\n",
+                lasted ? "over" : "THE PROGRAM ENDED", static_cast<long long>(minute), customer.actions(),
+                customer.faults(), static_cast<long long>(heartbeat.longest().count()),
+                ledger.growth() * 100);
+    return lasted && customer.faults() == 0 && heartbeat.pauses().empty() && ledger.growth() <= mostGrowth;
+}
+
+}
+
+int main(int argc, char* argv[]) {
+    ui::system::prepareBrowser();
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Tavorine endurance");
+    QApplication::setQuitOnLastWindowClosed(false);
+    const auto wanted = readArguments();
+    fs::remove_all(wanted.folder);
+    tour::prepareProgramFolder(wanted.folder / "program");
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       QString::fromStdU16String((wanted.folder / "config").u16string()));
+    Elsewhere elsewhere(wanted.folder);
+    tour::ProgramFile programFile(wanted.folder / "program" / "Tavorine");
+    ui::system::PrimaryScreen screen;
+    ui::system::FileInstanceLock instanceLock;
+    ui::qt::Program program({programFile, screen, instanceLock, wanted.folder / "own"});
+    program.start();
+    return endure(wanted) ? 0 : 1;
+}
+
+#include "endurance.moc"
