@@ -20,6 +20,7 @@ namespace {
 using order::OrderContents;
 using order::OrderWriter;
 using Text = std::optional<std::string>;
+using Write = std::function<std::string(const OrderContents&)>;
 
 constexpr std::string_view mark = "\x01M\x02"; // stands for a value that no template text is in
 
@@ -76,26 +77,23 @@ Text filled(const std::function<std::string()>& fill) {
 
 // What a detail holds is text and never read as a tag or a marker: one in which none could be meant gives the
 // same document, but for itself.
-void checkDetailIsText(const std::string& page, std::string_view text, const OrderContents& order,
-                       const std::function<std::string(const OrderContents&)>& write) {
+void checkDetailIsText(const std::string& document, const OrderContents& order, const Write& write) {
     const auto& detail = order.details.city;
-    if (detail.empty() || base::trim(detail) != detail || text.find('\x01') != std::string_view::npos)
+    if (detail.empty() || base::trim(detail) != detail || document.find(mark.front()) != std::string::npos)
         return;
-    const auto neutral = orderOf(mark, order.comment, {});
     auto other = order;
-    other.details = neutral.details;
-    const auto document = filled([&] { return write(other); });
-    fuzz::require(document && base::replaceAll(*document, mark, detail) == page,
+    other.details = orderOf(mark, {}, {}).details;
+    const auto neutral = filled([&] { return write(other); });
+    fuzz::require(neutral && base::replaceAll(*neutral, mark, detail) == document,
                   "a detail was read as a template");
 }
 
 void checkDocuments(const pages::TemplateFile& file, const OrderWriter& writer, const OrderContents& order) {
-    const auto page = [&](const OrderContents& shown) { return writer.page(file, shown); };
-    const auto mail = [&](const OrderContents& shown) { return writer.mailText(file, shown); };
-    for (const auto& write : {std::function<std::string(const OrderContents&)>(page),
-                              std::function<std::string(const OrderContents&)>(mail)})
+    const Write page = [&](const OrderContents& shown) { return writer.page(file, shown); };
+    const Write mail = [&](const OrderContents& shown) { return writer.mailText(file, shown); };
+    for (const auto& write : {page, mail})
         if (const auto document = filled([&] { return write(order); }))
-            checkDetailIsText(*document, file.text, order, write);
+            checkDetailIsText(*document, order, write);
 }
 
 std::string decodedQuotedPrintable(std::string_view text) {
