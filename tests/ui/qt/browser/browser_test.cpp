@@ -1,6 +1,7 @@
 #include "base/files.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/browser/page_browser.h"
+#include "ui/system/end_process.h"
 #include "ui/zoom.h"
 
 #include <QApplication>
@@ -28,7 +29,7 @@ protected:
         picture.fill(Qt::red);
         picture.save(QString::fromStdString((folder / "ACME/Bolt.PNG").string()));
         picture.save(QString::fromStdString((folder / "outside.png").string()));
-        browser.confineTo(pages::PageFiles({folder / "ACME"}));
+        browser.confineTo(pages::PageFiles({folder / "ACME", folder / "ACME/Tmp.htm", {}}));
         browser.resize(400, 300);
         static_cast<QWidget&>(browser).show();
     }
@@ -36,7 +37,7 @@ protected:
     // Shows a page and waits until it is up.
     void show(const std::string& page) {
         browser.show(folder / "ACME" / "Tmp.htm", page);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 20000));
     }
 
     // A page that is stuck may answer when the test has long gone on.
@@ -252,6 +253,21 @@ TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
 }
 
+TEST_F(BrowserTest, APageThatKeepsDyingIsLeftAloneUntilTheNextOneComes) {
+    const auto process = [&] { return browser.view()->page()->renderProcessPid(); };
+    show("<p>one</p>");
+    for (int lives = 4; lives > 0; --lives) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle() && process() != 0; }, 20000)) << lives;
+        const auto former = process();
+        ui::system::endProcess(former);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return process() != former; }, 20000));
+    }
+    QTest::qWait(500);
+    EXPECT_EQ(process(), 0);
+    show("<p>two</p>");
+    EXPECT_TRUE(becomes("document.body.innerText.trim() === 'two'"));
+}
+
 // A large page is read from a copy beside it, for which there may be no room.
 TEST_F(BrowserTest, APageThatCannotBeCopiedWhenItsTurnComesEndsNothing) {
     fs::create_directories(folder / "ACME" / "Tmp.copy.htm" / "in the way");
@@ -282,6 +298,18 @@ TEST_F(StuckPageTest, AScriptThatNeverEndsHoldsUpNoOtherPage) {
         show("<p>next</p>");
         EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
     }
+}
+
+TEST_F(StuckPageTest, APageThatNeverComesToItsEndIsShownWithoutItsScripts) {
+    show("<p>stuck<script>for (;;);</script><p>end");
+    const auto text = [&] { return tour::pageText(*browser.view()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text().contains("end"); }, 20000));
+    // Where the machine is slow this one may count as such a page too.
+    const auto scriptsRun = [&] {
+        show("<p>next<script>document.write('<p>scripts run')</script>");
+        return QTest::qWaitFor([&] { return text().contains("scripts run"); }, 2000);
+    };
+    EXPECT_TRUE(QTest::qWaitFor(scriptsRun, 20000));
 }
 
 TEST_F(StuckPageTest, OfPagesShownBehindAStuckOneTheLastIsLoaded) {
