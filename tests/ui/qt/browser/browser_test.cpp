@@ -2,6 +2,7 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/browser/page_browser.h"
 #include "ui/system/end_process.h"
+#include "ui/system/process_memory.h"
 #include "ui/zoom.h"
 
 #include <QApplication>
@@ -10,6 +11,7 @@
 #include <QTcpServer>
 #include <QTest>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -317,6 +319,36 @@ TEST_F(StuckPageTest, OfPagesShownBehindAStuckOneTheLastIsLoaded) {
         browser.show(folder / "ACME" / "Tmp.htm", page);
     ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
     EXPECT_TRUE(becomes("document.body.innerText.trim() === 'last'"));
+}
+
+// Each would take 3.5 GB.
+TEST_F(BrowserTest, APageThatWantsAllMemoryGetsLittleOfItAndTheNextOneShows) {
+    const char* greeds[] = {
+        "for (var a = []; a.length < 56;) a.push(new Uint8Array(1 << 26).fill(1));",
+        "for (var a = []; a.length < 56;) a.push(new Array(1 << 23).fill(a.length + 0.5));",
+        "for (var a = []; a.length < 56;) { var c = document.createElement('canvas'); c.width = c.height = "
+        "4096;"
+        " c.getContext('2d').fillRect(0, 0, 4096, 4096); a.push(c); }"};
+    constexpr std::uint64_t mostEver = 1U << 30U;
+
+    for (const char* greed : greeds) {
+        SCOPED_TRACE(greed);
+        show("<body>greedy");
+        const auto process = browser.view()->page()->renderProcessPid();
+        std::uint64_t most = 0;
+        evaluate(QString("setTimeout(function () { try {%1} finally { document.title = 'done' } }, 0)")
+                     .arg(greed));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                most = std::max(most, ui::system::memoryOf(process));
+                return browser.view()->page()->renderProcessPid() != process ||
+                       browser.view()->title() == "done";
+            },
+            20000));
+        EXPECT_LT(most, mostEver);
+        show("<p>next</p>");
+        EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
+    }
 }
 
 TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {
