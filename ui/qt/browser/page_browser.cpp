@@ -19,6 +19,7 @@ namespace {
 
 constexpr int frameWidth = 2;
 constexpr int mostRestored = 3;
+constexpr int overduePatience = 5; // as many times more of it for a page that counts as up
 
 }
 
@@ -67,7 +68,6 @@ void PageBrowser::onLink(LinkHandler handler) {
 void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
     m_next = Page{file, std::string(bytes), std::string(place)};
     m_restored = 0;
-    calm(false);
     if (m_overdue)
         endProcess();
     else if (!m_loading && !m_losingProcess)
@@ -109,7 +109,7 @@ void PageBrowser::leaveView() {
     m_patience.stop();
     m_loader.reset();
     m_next.reset();
-    m_loading = m_overdue = m_losingProcess = m_calmed = false;
+    m_loading = m_overdue = m_losingProcess = false;
     m_view->disconnect(this);
     m_view->hide();
     layout()->removeWidget(m_view);
@@ -157,13 +157,6 @@ void PageBrowser::load() {
     }
 }
 
-// The browser takes settings up once the event is over, so this comes before the load is due.
-void PageBrowser::calm(bool on) {
-    if (std::exchange(m_calmed, on) != on)
-        m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled,
-                                         m_scripts == Scripts::on && !on);
-}
-
 // Called by the event loop, through which nothing may be thrown, long after the page was asked for. Where a
 // page cannot be loaded the one before it stays.
 void PageBrowser::loadInTurn() {
@@ -199,16 +192,21 @@ void PageBrowser::finishLostProcess() {
 }
 
 void PageBrowser::losePatience() {
-    if (!m_next && (m_overdue || waitsForFormerPage())) {
-        calm(m_overdue);
+    if (m_overdue)
+        return giveUp();
+    if (!m_next && waitsForFormerPage())
         m_next = m_current;
-    }
     if (m_next)
         return endProcess();
     m_overdue = true;
-    if (!m_calmed) // else it is large, and will come to its end
-        m_patience.start(2 * m_patienceTime);
+    m_patience.start(overduePatience * m_patienceTime);
     emit loaded();
+}
+
+// It would keep the processor busy as long as nothing else is shown.
+void PageBrowser::giveUp() {
+    m_restored = mostRestored;
+    endProcess();
 }
 
 // A page is entered in the history when it takes the place of the one before, in whose process it is made.

@@ -21,14 +21,14 @@ namespace ui::qt {
 ///
 /// No page's script holds up the pages after it, whether it never ends while the page loads, later, or when
 /// the page is left: then the browser's process is ended and the next page loaded in a new one. A page that
-/// never comes to its end is shown without its scripts in the end. A page whose process dies by itself comes
-/// back, a few times.
+/// never comes to its end is taken away in the end. A page whose process dies by itself comes back, a few
+/// times.
 class PageBrowser final : public QWidget, public platform::Browser {
     Q_OBJECT
 
 public:
     /// `name` becomes the view's object name. A page that takes longer than `patience` to load counts as up,
-    /// and is ended as soon as another is shown, or after twice as long again.
+    /// and is ended as soon as another is shown, or after five times as long again.
     PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent,
                 std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~PageBrowser() override;
@@ -74,12 +74,12 @@ private:
     void leaveView();
     void later(void (PageBrowser::*act)());
     void load();
-    void calm(bool on);
     void loadInTurn();
     void finish();
     void loseProcess();
     void finishLostProcess();
     void losePatience();
+    void giveUp();
     [[nodiscard]] bool waitsForFormerPage() const;
     void endProcess();
     void restoreAfterBlank(const QUrl& url);
@@ -107,7 +107,6 @@ private:
     bool m_loading = false;
     bool m_overdue = false;       // the page being loaded counts as up
     bool m_losingProcess = false; // until its end has been reported
-    bool m_calmed = false;        // the current page is to be shown without its scripts
 };
 
 }
