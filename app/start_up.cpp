@@ -96,6 +96,7 @@ void StartUp::showList(const std::vector<Supplier>& suppliers) {
     const auto& folder = m_session.folders.ProgramFolder;
     m_out.window.setCaption(base::programTitle);
     m_out.window.hidePasswordEntry();
+    m_out.window.confineToProgram(folder);
     showPage(folder, supplierPage(folder, m_session.layout, suppliers));
 }
 
@@ -152,6 +153,7 @@ void StartUp::showWelcomePage(const catalog::Parameters& parameters) {
     if (!base::findFile(folders.DataFolder, catalog::welcomeTemplate))
         throw base::ProgramEnd("Can not find " + base::textOf(path) + "\nPlease re-install your data files");
     const pages::ParameterFields fields(parameters, folders, m_session.programFileReadOnly);
+    m_out.window.confineToSupplier(folders);
     showPage(folders.UserFolder,
              pages::wholePage(folders.DataFolder, catalog::welcomeTemplate, m_session.layout, fields));
     m_out.window.focusPasswordOncePageIsUp();

@@ -11,6 +11,13 @@ class WelcomeWindow {
 public:
     virtual ~WelcomeWindow() = default;
 
+    /// `WebBrowser1` shows the program's own page from now on: it runs no scripts and has the logos that lie
+    /// in `ProgramFolder`, nothing else.
+    virtual void confineToProgram(const std::filesystem::path& programFolder) = 0;
+
+    /// It shows a supplier's pages, among the supplier's files.
+    virtual void confineToSupplier(const catalog::Folders& folders) = 0;
+
     virtual void setCaption(std::string_view caption) = 0;
 
     /// The status label's text; seen before the call returns, since unpacking follows.

@@ -120,7 +120,7 @@ void rowChangeToLoadedPage(benchmark::State& state) {
     const auto catalog = catalog::openCatalog(sample.session.folders.DataFolder);
     ui::qt::PageBrowser banner("wbBanner", "Banner", nullptr);
     ui::qt::PageBrowser page("WbPage", "Page", nullptr);
-    page.confineTo(pages::PageFiles({sample.session.folders.DataFolder}));
+    page.confineTo(pages::pageFilesOf(sample.session.folders));
     page.resize(900, 500);
     static_cast<QWidget&>(page).show();
     pages::Browsing browsing(sample.session, catalog, banner, page);

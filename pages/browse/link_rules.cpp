@@ -103,7 +103,7 @@ LinkEnd LinkRules::toProduct(std::string_view code, bool slashesUncertain) const
 LinkEnd LinkRules::toPage(std::string_view encodedAddress) const {
     const auto hash = std::min(encodedAddress.find('#'), encodedAddress.size());
     const auto page = readAddress(encodedAddress.substr(0, hash));
-    if (auto file = m_files.find(asPath(page.text), Resource::page))
+    if (auto file = m_files.find(asPath(page.text), Resource::link))
         return LeadsToPage{std::move(*file), std::string(encodedAddress.substr(hash))};
     return LeadsNowhere{};
 }

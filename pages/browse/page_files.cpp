@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "pages/scratch_page.h"
 
 #include <algorithm>
 #include <array>
@@ -13,11 +14,39 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<std::string_view, 7> privateEndings = {".ini", ".dat", ".idx", ".ect",
-                                                            ".sup", ".zip", ".exe"};
+constexpr std::array<std::string_view, 4> pageEndings{".htm", ".html", ".xhtml", ".xht"};
+constexpr std::array<std::string_view, 13> pictureEndings{".gif",  ".jpg",  ".jpeg", ".jpe", ".jfif",
+                                                          ".png",  ".apng", ".bmp",  ".svg", ".webp",
+                                                          ".avif", ".ico",  ".cur"};
+constexpr std::array<std::string_view, 1> styleEndings{".css"};
+constexpr std::array<std::string_view, 2> scriptEndings{".js", ".mjs"};
+constexpr std::array<std::string_view, 5> fontEndings{".ttf", ".otf", ".ttc", ".woff", ".woff2"};
+constexpr std::array<std::string_view, 16> mediaEndings{".mp3", ".wav", ".ogg", ".oga", ".opus", ".flac",
+                                                        ".aac", ".m4a", ".mid", ".mp4", ".m4v",  ".ogv",
+                                                        ".mov", ".mpg", ".avi", ".webm"};
+constexpr std::array<std::string_view, 2> documentEndings{".pdf", ".txt"};
 
-bool isPrivate(const fs::path& path) {
-    return base::holdsName(privateEndings, base::textOf(path.extension()));
+bool isOfKind(std::string_view ending, Resource resource) {
+    switch (resource) {
+    case Resource::link:
+        return base::holdsName(pageEndings, ending);
+    case Resource::frame:
+        return base::holdsName(pageEndings, ending) || base::holdsName(pictureEndings, ending) ||
+               base::holdsName(mediaEndings, ending) || base::holdsName(documentEndings, ending);
+    case Resource::picture:
+        return base::holdsName(pictureEndings, ending);
+    case Resource::style:
+        return base::holdsName(styleEndings, ending);
+    case Resource::script:
+        return base::holdsName(scriptEndings, ending);
+    case Resource::font:
+        return base::holdsName(fontEndings, ending);
+    case Resource::media:
+        return base::holdsName(mediaEndings, ending);
+    case Resource::other:
+        return false;
+    }
+    return false;
 }
 
 bool isInside(const fs::path& path, const fs::path& folder) {
@@ -52,40 +81,96 @@ std::optional<fs::path> descend(const fs::path& folder, const fs::path& relative
     return at;
 }
 
+// What does not exist, or is not to be had, is empty.
+fs::path canonicalOrNone(const fs::path& path) {
+    std::error_code error;
+    auto real = path.empty() ? fs::path() : fs::canonical(path, error);
+    return error ? fs::path() : real;
 }
 
-PageFiles::PageFiles(const std::vector<fs::path>& folders) {
-    std::error_code error;
-    for (const auto& folder : folders)
-        if (auto path = fs::canonical(folder, error); !error)
-            m_folders.push_back(std::move(path));
+// The part of the path behind the folder, which may be named in any letter case.
+std::optional<fs::path> partBehind(const fs::path& folder, const fs::path& path) {
+    const auto same = [](const fs::path& a, const fs::path& b) {
+        return a == b || base::equalIgnoringCase(base::textOf(a), base::textOf(b));
+    };
+    auto [end, behind] = std::mismatch(folder.begin(), folder.end(), path.begin(), path.end(), same);
+    if (folder.empty() || end != folder.end())
+        return std::nullopt;
+    fs::path part;
+    for (; behind != path.end(); ++behind)
+        part /= *behind;
+    return part;
 }
+
+// The scratch page need not be there yet.
+fs::path canonicalFile(const fs::path& path) {
+    const auto folder = canonicalOrNone(path.parent_path());
+    return folder.empty() ? fs::path() : folder / path.filename();
+}
+
+}
+
+PageFiles::PageFiles(const PagePlaces& places)
+    : m_places{canonicalOrNone(places.folder), canonicalFile(places.scratchPage),
+               canonicalOrNone(places.pictureFolder)} {}
 
 bool PageFiles::contains(const fs::path& path) const {
     std::error_code error;
     const auto real = fs::weakly_canonical(path, error);
-    return !error && std::any_of(m_folders.begin(), m_folders.end(),
-                                 [&](const fs::path& folder) { return isInside(real, folder); });
+    return !error && !m_places.folder.empty() && isInside(real, m_places.folder);
 }
 
 std::optional<fs::path> PageFiles::find(const fs::path& asked, Resource resource) const {
-    if (resource == Resource::other)
-        return std::nullopt;
     std::error_code error;
     const auto plain = fs::weakly_canonical(asked, error);
-    for (const auto& folder : m_folders) {
-        if (!isInside(plain, folder))
-            continue;
-        const auto found = descend(folder, plain.lexically_relative(folder));
-        const auto real = found ? fs::canonical(*found, error) : fs::path();
-        if (found && !error && contains(real) && fs::is_regular_file(real, error) && !isPrivate(real))
-            return real;
-    }
-    return std::nullopt;
+    if (error)
+        return std::nullopt;
+    auto found = inFolder(plain);
+    if (!found && resource == Resource::link)
+        found = scratchPage(plain);
+    if (!found && resource == Resource::picture)
+        found = programPicture(plain);
+    if (!found || !fs::is_regular_file(*found, error) ||
+        !isOfKind(base::textOf(found->extension()), resource))
+        return std::nullopt;
+    return resource == Resource::link || !isScratch(*found) ? found : std::nullopt;
+}
+
+std::optional<fs::path> PageFiles::inFolder(const fs::path& plain) const {
+    const auto part = partBehind(m_places.folder, plain);
+    const auto found = part ? descend(m_places.folder, *part) : std::nullopt;
+    const auto real = found ? canonicalOrNone(*found) : fs::path();
+    return contains(real) ? std::optional(real) : std::nullopt;
+}
+
+std::optional<fs::path> PageFiles::scratchPage(const fs::path& plain) const {
+    const auto& own = m_places.scratchPage;
+    const auto part = partBehind(own.parent_path(), plain);
+    const bool isAsked = part && base::equalIgnoringCase(base::textOf(*part), base::textOf(own.filename()));
+    return isAsked ? std::optional(own) : std::nullopt;
+}
+
+std::optional<fs::path> PageFiles::programPicture(const fs::path& plain) const {
+    const auto& folder = m_places.pictureFolder;
+    const auto part = partBehind(folder, plain);
+    const auto found = part && !part->has_parent_path() ? descend(folder, *part) : std::nullopt;
+    const auto real = found ? canonicalOrNone(*found) : fs::path();
+    return !real.empty() && real.parent_path() == folder ? std::optional(real) : std::nullopt;
+}
+
+// The scratch page of this run, of an earlier one with another folder for it, and copies of them.
+bool PageFiles::isScratch(const fs::path& real) const {
+    const auto folder = real.parent_path();
+    return (folder == m_places.folder || folder == m_places.scratchPage.parent_path()) &&
+           base::startsIgnoringCase(base::textOf(real.filename()), "Tmp.");
 }
 
 PageFiles pageFilesOf(const catalog::Folders& folders) {
-    return PageFiles({folders.DataFolder, folders.UserFolder, folders.ProgramFolder});
+    return PageFiles({folders.DataFolder, ScratchPage(folders.UserFolder).path(), folders.ProgramFolder});
+}
+
+PageFiles pageFilesOfProgram(const fs::path& programFolder) {
+    return PageFiles({{}, {}, programFolder});
 }
 
 }

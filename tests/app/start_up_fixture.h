@@ -24,6 +24,13 @@ public:
     explicit FakeWelcomeWindow(support::Journal& journal) : m_journal(journal) {}
 
     bool listOffered = false;
+    std::string confinedTo; ///< whose files the pages have
+
+    void confineToProgram(const std::filesystem::path&) override { confinedTo = "program"; }
+
+    void confineToSupplier(const catalog::Folders& folders) override {
+        confinedTo = folders.DataFolder.filename().string();
+    }
 
     void setCaption(std::string_view caption) override { m_journal.add("caption " + std::string(caption)); }
 

@@ -153,6 +153,7 @@ TEST_F(StartUp, OpensTheOnlySupplierAtOnce) {
     EXPECT_EQ(startUp->session().SelectedSupplier, "ACME");
     EXPECT_EQ(startUp->session().folders.DataFolder, program / "ACME");
     EXPECT_EQ(startUp->session().folders.UserFolder, program / "ACME");
+    EXPECT_EQ(window.confinedTo, "ACME");
     EXPECT_FALSE(exists("Tmp.htm"));
     EXPECT_FALSE(exists("ACME/Write.tmp"));
 }
@@ -172,7 +173,9 @@ TEST_F(StartUp, InstallsWhatArrivesLaterAndOffersTheWayBackToTheList) {
     }
     click("\\ACME");
     EXPECT_TRUE(window.listOffered);
+    EXPECT_EQ(window.confinedTo, "ACME");
     startUp->showSupplierList();
+    EXPECT_EQ(window.confinedTo, "program");
     EXPECT_THAT(journal.take(), Contains("caption Tavorine Catalog Viewer"));
 }
 

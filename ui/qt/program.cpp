@@ -25,7 +25,6 @@ Program::Program(const Machine& machine)
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
                  m_welcome.browser(), m_welcome, machine.ownFolder}) {
-    m_welcome.browser().confineTo(pages::PageFiles({m_programFolder, machine.ownFolder}));
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
     m_welcome.onZipsDropped([this](const auto& zips) { installDropped(zips); });

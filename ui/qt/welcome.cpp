@@ -190,6 +190,14 @@ void Welcome::hideProgress() {
     m_progress->hide();
 }
 
+void Welcome::confineToProgram(const std::filesystem::path& programFolder) {
+    m_browser->confineTo(pages::pageFilesOfProgram(programFolder), PageBrowser::Scripts::off);
+}
+
+void Welcome::confineToSupplier(const catalog::Folders& folders) {
+    m_browser->confineTo(pages::pageFilesOf(folders));
+}
+
 void Welcome::setCaption(std::string_view caption) {
     setWindowTitle(asTitle(toQt(caption)));
 }

@@ -45,6 +45,8 @@ public:
     void showProgress(quint64 done, quint64 total);
     void hideProgress();
 
+    void confineToProgram(const std::filesystem::path& programFolder) override;
+    void confineToSupplier(const catalog::Folders& folders) override;
     void setCaption(std::string_view caption) override;
     void setStatus(std::string_view text) override;
     void showPasswordEntry(std::string_view prompt) override;

@@ -13,8 +13,12 @@ namespace {
 constexpr auto flagsVariable = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr auto sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
 
-// The one way to the network that no request filter sees.
-constexpr auto noDirectConnections = "--force-webrtc-ip-handling-policy=disable_non_proxied_udp";
+// Ways to the network that no request filter sees. The resolver that knows no host, numeric addresses
+// included, is the wall; no proxy, asked to connect, is to go around it. The rest takes away what a page
+// could try.
+constexpr auto noNetwork = "--host-resolver-rules=\"MAP * ~NOTFOUND\" --no-proxy-server "
+                           "--force-webrtc-ip-handling-policy=disable_non_proxied_udp "
+                           "--disable-blink-features=WebTransport";
 
 }
 
@@ -22,7 +26,7 @@ void prepareBrowser() {
     auto flags = qgetenv(flagsVariable);
     if (!flags.isEmpty())
         flags += ' ';
-    qputenv(flagsVariable, flags + noDirectConnections);
+    qputenv(flagsVariable, flags + noNetwork);
 }
 
 bool browserRefusesThisUser() {

@@ -1,5 +1,6 @@
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/grid/product_grid.h"
+#include "ui/system/end_process.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -103,6 +104,24 @@ protected:
 
     support::CatalogBuilder catalog = smallCatalog("Acme");
 };
+
+TEST_F(BrowsingTest, ABannerWhoseProcessDiesComesBack) {
+    deliverWith("");
+    const auto banner = [] { return visible<QWebEngineView>("wbBanner"); };
+    const auto former = std::make_shared<qint64>();
+    expectRecord(1, "Contents", [banner, former] {
+        *former = banner()->page()->renderProcessPid();
+        ui::system::endProcess(*former);
+    });
+    script.when(
+        "the banner, in another process",
+        [banner, former] {
+            const auto process = banner()->page()->renderProcessPid();
+            return process != 0 && process != *former && shows(banner(), "Acme list");
+        },
+        [] { visibleWidget("Form1")->close(); });
+    EXPECT_TRUE(play());
+}
 
 TEST_F(BrowsingTest, LeadsThroughListsPagesAndLinksAndBackAgain) {
     deliverWith("<a id=other href='Tmp.htm?hex 1'>other</a>");

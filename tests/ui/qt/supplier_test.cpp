@@ -49,6 +49,28 @@ TEST_F(SupplierTest, InstallsUpdatesDeclinesAndRemovesSuppliers) {
     EXPECT_EQ(readFile("NUTS/Tmp.htm"), "<h1>Welcome to Nuts list</h1>\r\n");
 }
 
+TEST_F(SupplierTest, ScriptsRunOnTheSuppliersPagesAndNotOnTheList) {
+    writeFile("Start.ect", "<h1>Suppliers</h1><script>document.write('scripts run')</script>"
+                           "<R1><a id={SUPPID} href='{DIR}\\{SUPPID}'>{SUPPID}</a></R1>");
+    for (const char* name : {"BOLTS", "NUTS"})
+        deliver(name, smallCatalog(name),
+                {{"Welcome.ECT", "<b>Welcome</b> <script src='run.js'></script>"},
+                 {"run.js", std::string("document.write('to ") + name + "')"}});
+    const auto choose = [&](const QString& name) {
+        expectList([name] {
+            EXPECT_FALSE(shows(startPage(), "scripts run"));
+            clickInPage(*startPage(), "#" + name);
+        });
+        script.when(
+            "the welcome page of " + name, [name] { return shows(startPage(), "Welcome to " + name); },
+            [] { QTest::mouseClick(visibleWidget("cbSuppliers"), Qt::LeftButton); });
+    };
+    choose("BOLTS");
+    choose("NUTS");
+    expectList([] { visibleWidget("Welcome")->close(); });
+    EXPECT_TRUE(play());
+}
+
 TEST_F(SupplierTest, AsksBeforeItReplacesACatalogueByOneThatIsNotNewer) {
     auto bolts = smallCatalog("Bolts");
     bolts.catalogPassword = "OMIT";

@@ -2,9 +2,10 @@
 
 #include "ui/qt/browser/page_scripts.h"
 #include "ui/qt/widgets/dark.h"
+#include "ui/system/end_process.h"
+#include "ui/system/process_memory.h"
 
 #include <QApplication>
-#include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineScriptCollection>
@@ -39,6 +40,12 @@ constexpr std::array attributes{
     std::pair{QWebEngineSettings::FocusOnNavigationEnabled, false},
     std::pair{QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
 };
+
+// A process that wants more of its own is refused it, and as a rule ends itself. Pictures are shared with the
+// browser and do not count there, so now and then all that it holds is looked at.
+constexpr std::uint64_t mostOwnMemory = 768U << 20U;
+constexpr std::uint64_t mostMemory = 960U << 20U;
+constexpr int memoryWatchMs = 250;
 
 // A page for a window that a link asked for: it hands the address over and is gone.
 class PassingPage final : public QWebEnginePage {
@@ -81,6 +88,23 @@ ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEn
             });
     connect(this, &QWebEnginePage::fullScreenRequested, this,
             [](QWebEngineFullScreenRequest request) { request.reject(); });
+    connect(this, &QWebEnginePage::loadStarted, this, &ConfinedPage::limitProcess);
+    connect(this, &QWebEnginePage::loadProgress, this, &ConfinedPage::limitProcess);
+    connect(&m_memoryWatch, &QTimer::timeout, this, &ConfinedPage::watchMemory);
+    m_memoryWatch.start(memoryWatchMs);
+}
+
+// Nothing tells when a new process has come.
+void ConfinedPage::limitProcess() {
+    const auto process = renderProcessPid();
+    if (std::exchange(m_limitedProcess, process) != process)
+        system::limitMemory(process, mostOwnMemory);
+}
+
+void ConfinedPage::watchMemory() {
+    limitProcess();
+    if (system::memoryOf(m_limitedProcess) > mostMemory)
+        system::endProcess(m_limitedProcess);
 }
 
 void ConfinedPage::startLoad(const std::function<void()>& load) {

@@ -2,6 +2,7 @@
 
 #include "ui/qt/browser/request_filter.h"
 
+#include <QTimer>
 #include <QUrl>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
@@ -17,7 +18,8 @@ using LinkHandler = std::function<void(const QUrl& address, bool clicked)>;
 
 /// A browser page that shows what it is given and goes nowhere by itself: every navigation is refused
 /// and handed to the link handler; new windows, downloads, permissions and script dialogs are refused.
-/// While a box is open, what nobody clicked is dropped.
+/// While a box is open, what nobody clicked is dropped. The page's process is ended before it takes a
+/// gigabyte.
 class ConfinedPage final : public QWebEnginePage {
 public:
     ConfinedPage(QWebEngineProfile* profile, QObject* parent);
@@ -53,8 +55,12 @@ private:
     void follow(const QUrl& url, bool clicked);
     void followOnceRefused(const QUrl& url, bool clicked);
     void handOver(const QUrl& url, bool clicked);
+    void limitProcess();
+    void watchMemory();
 
     LinkHandler m_linkHandler;
+    QTimer m_memoryWatch;
+    qint64 m_limitedProcess = 0;
     bool m_ownLoad = false;
     bool m_pressed = false;
 };

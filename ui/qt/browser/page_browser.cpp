@@ -19,12 +19,17 @@ namespace {
 
 constexpr int frameWidth = 2;
 constexpr int mostRestored = 3;
+constexpr int overduePatience = 5; // as many times more of it for a page that counts as up
 
 }
 
 PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent,
                          std::chrono::milliseconds patience)
-    : QWidget(parent), m_tabPlace(new QWidget(this)), m_name(name), m_accessibleName(accessibleName) {
+    : QWidget(parent),
+      m_tabPlace(new QWidget(this)),
+      m_name(name),
+      m_accessibleName(accessibleName),
+      m_patienceTime(patience) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(frameWidth, frameWidth, frameWidth, frameWidth);
     setAutoFillBackground(true);
@@ -34,14 +39,13 @@ PageBrowser::PageBrowser(const QString& name, const QString& accessibleName, QWi
     (new QQuickWidget(this))->hide();
     connect(qApp, &QApplication::focusChanged, this, QOverload<>::of(&QWidget::update));
     m_patience.setSingleShot(true);
-    m_patience.setInterval(patience);
     connect(&m_patience, &QTimer::timeout, this, &PageBrowser::losePatience);
 }
 
-// A page must be gone before its profile.
+// A page must be gone before its profile, those that were left and are about to go too.
 PageBrowser::~PageBrowser() {
     m_loader.reset();
-    delete m_page;
+    qDeleteAll(findChildren<QWebEnginePage*>(Qt::FindDirectChildrenOnly));
 }
 
 void PageBrowser::paintEvent(QPaintEvent*) {
@@ -50,8 +54,11 @@ void PageBrowser::paintEvent(QPaintEvent*) {
         QPainter(this).fillRect(rect(), palette().highlight());
 }
 
-void PageBrowser::confineTo(pages::PageFiles files) {
+void PageBrowser::confineTo(pages::PageFiles files, Scripts scripts) {
+    if (m_view)
+        leaveView();
     m_files = std::move(files);
+    m_scripts = scripts;
 }
 
 void PageBrowser::onLink(LinkHandler handler) {
@@ -70,18 +77,18 @@ void PageBrowser::show(const std::filesystem::path& file, std::string_view bytes
 void PageBrowser::makeView() {
     auto* view = new PageView(this);
     m_view = view;
-    m_profile = new ConfinedProfile(std::move(m_files).value(), m_view);
+    m_profile = new ConfinedProfile(m_files.value(), m_view);
     m_page = new ConfinedPage(m_profile, this);
     m_loader.emplace(*m_page, *m_profile, "copy");
-    m_page->onLink([this](const QUrl& url, bool clicked) {
-        if (m_linkHandler)
+    m_page->onLink([this, page = m_page](const QUrl& url, bool clicked) {
+        if (m_linkHandler && page == m_page)
             m_linkHandler(url, clicked);
     });
     m_view->setPage(m_page);
     m_view->setObjectName(m_name);
     m_view->setAccessibleName(m_accessibleName);
     m_view->setZoomFactor(m_zoom);
-    m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, m_scripts);
+    m_view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, m_scripts == Scripts::on);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     connect(m_view, &QWebEngineView::loadFinished, this, [this] {
@@ -95,6 +102,30 @@ void PageBrowser::makeView() {
     connect(view, &PageView::backAsked, this, &PageBrowser::backAsked);
     connect(view, &PageView::focusWidgetChanged, this, &PageBrowser::takeTabPlace);
     connect(m_view, &QWebEngineView::urlChanged, this, &PageBrowser::restoreAfterBlank);
+}
+
+// What follows from a link on the page may come here, so the page itself goes later.
+void PageBrowser::leaveView() {
+    m_patience.stop();
+    m_loader.reset();
+    m_next.reset();
+    m_loading = m_overdue = m_losingProcess = false;
+    m_view->disconnect(this);
+    m_view->hide();
+    layout()->removeWidget(m_view);
+    system::endProcess(m_page->renderProcessPid());
+    m_page->deleteLater(); // before its profile, which is the view's
+    m_view->deleteLater();
+    m_page = nullptr;
+    m_view = nullptr;
+}
+
+// Out of the browser's own call.
+void PageBrowser::later(void (PageBrowser::*act)()) {
+    QTimer::singleShot(0, m_page, [this, page = m_page, act] {
+        if (page == m_page)
+            (this->*act)();
+    });
 }
 
 // The browser's widgets come late, when everything else has its place in the tab order.
@@ -117,7 +148,7 @@ void PageBrowser::load() {
         makeView();
     m_formerProcess = m_page->renderProcessPid();
     m_formerEntries = m_page->history()->count();
-    m_patience.start();
+    m_patience.start(m_patienceTime);
     try {
         m_loader->load(m_current.file, m_current.bytes, m_current.place);
     } catch (const base::FileError&) {
@@ -152,19 +183,30 @@ void PageBrowser::loseProcess() {
     if (!m_next && m_restored++ < mostRestored)
         m_next = m_current;
     m_losingProcess = true;
-    QTimer::singleShot(0, this, [this] {
-        m_losingProcess = false;
-        finish();
-    });
+    later(&PageBrowser::finishLostProcess);
+}
+
+void PageBrowser::finishLostProcess() {
+    m_losingProcess = false;
+    finish();
 }
 
 void PageBrowser::losePatience() {
+    if (m_overdue)
+        return giveUp();
     if (!m_next && waitsForFormerPage())
         m_next = m_current;
     if (m_next)
         return endProcess();
     m_overdue = true;
+    m_patience.start(overduePatience * m_patienceTime);
     emit loaded();
+}
+
+// It would keep the processor busy as long as nothing else is shown.
+void PageBrowser::giveUp() {
+    m_restored = mostRestored;
+    endProcess();
 }
 
 // A page is entered in the history when it takes the place of the one before, in whose process it is made.
@@ -175,21 +217,22 @@ bool PageBrowser::waitsForFormerPage() const {
 void PageBrowser::endProcess() {
     const auto process = m_page->renderProcessPid();
     if (process == 0) // it is being started
-        return m_patience.start();
+        return m_patience.start(m_patienceTime);
     m_losingProcess = true;
     system::endProcess(process);
 }
 
 // Some addresses blank the page without asking; what was shown comes back.
 void PageBrowser::restoreAfterBlank(const QUrl& url) {
-    if (m_loading || url != QUrl("about:blank"))
+    if (!m_loading && url == QUrl("about:blank"))
+        later(&PageBrowser::restore);
+}
+
+void PageBrowser::restore() {
+    if (!idle() || m_loading)
         return;
-    QTimer::singleShot(0, this, [this] {
-        if (!idle() || m_loading)
-            return;
-        m_next = m_current;
-        loadInTurn();
-    });
+    m_next = m_current;
+    loadInTurn();
 }
 
 }

@@ -20,24 +20,26 @@ namespace ui::qt {
 /// shown meanwhile only the last is loaded. A frame around the page shows where the focus is in it.
 ///
 /// No page's script holds up the pages after it, whether it never ends while the page loads, later, or when
-/// the page is left: then the browser's process is ended and the next page loaded in a new one. A page whose
-/// process dies by itself comes back, a few times.
+/// the page is left: then the browser's process is ended and the next page loaded in a new one. A page that
+/// never comes to its end is taken away in the end. A page whose process dies by itself comes back, a few
+/// times.
 class PageBrowser final : public QWidget, public platform::Browser {
     Q_OBJECT
 
 public:
     /// `name` becomes the view's object name. A page that takes longer than `patience` to load counts as up,
-    /// and is ended as soon as another is shown.
+    /// and is ended as soon as another is shown, or after five times as long again.
     PageBrowser(const QString& name, const QString& accessibleName, QWidget* parent,
                 std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~PageBrowser() override;
 
-    /// Must be called before the first page is shown.
-    void confineTo(pages::PageFiles files);
-    void onLink(LinkHandler handler);
+    /// Whether the scripts of pages run.
+    enum class Scripts { on, off };
 
-    /// The pages' own scripts do not run. Must be called before the first page is shown.
-    void withoutScripts() { m_scripts = false; }
+    /// What the pages shown from now on may load. Must be called before the first one. What was shown before
+    /// goes, and its process with it, so that no page meets what is allowed to another.
+    void confineTo(pages::PageFiles files, Scripts scripts = Scripts::on);
+    void onLink(LinkHandler handler);
 
     void show(const std::filesystem::path& file, std::string_view bytes,
               std::string_view place = {}) override;
@@ -69,19 +71,25 @@ private:
     };
 
     void makeView();
+    void leaveView();
+    void later(void (PageBrowser::*act)());
     void load();
     void loadInTurn();
     void finish();
     void loseProcess();
+    void finishLostProcess();
     void losePatience();
+    void giveUp();
     [[nodiscard]] bool waitsForFormerPage() const;
     void endProcess();
     void restoreAfterBlank(const QUrl& url);
+    void restore();
     void takeTabPlace();
 
     QWidget* m_tabPlace; ///< never shown; where Tab comes to the page
     QString m_name;
     QString m_accessibleName;
+    std::chrono::milliseconds m_patienceTime;
     std::optional<pages::PageFiles> m_files;
     LinkHandler m_linkHandler;
     ConfinedProfile* m_profile = nullptr;
@@ -90,6 +98,7 @@ private:
     std::optional<PageLoader> m_loader; // made with the view
     std::optional<Page> m_next;
     Page m_current;
+    Scripts m_scripts = Scripts::on;
     double m_zoom = 1;
     QTimer m_patience;          // while a page is being loaded
     qint64 m_formerProcess = 0; // in which the load in flight began; 0 for none
@@ -98,7 +107,6 @@ private:
     bool m_loading = false;
     bool m_overdue = false;       // the page being loaded counts as up
     bool m_losingProcess = false; // until its end has been reported
-    bool m_scripts = true;
 };
 
 }

@@ -8,7 +8,8 @@ namespace {
 pages::Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
     switch (type) {
     case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
-        return pages::Resource::page;
+    case QWebEngineUrlRequestInfo::ResourceTypeObject:
+        return pages::Resource::frame;
     case QWebEngineUrlRequestInfo::ResourceTypeImage:
         return pages::Resource::picture;
     case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
@@ -17,6 +18,8 @@ pages::Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type) {
         return pages::Resource::script;
     case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
         return pages::Resource::font;
+    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
+        return pages::Resource::media;
     default:
         return pages::Resource::other;
     }

@@ -61,13 +61,12 @@ HelpWindow::HelpWindow(const std::filesystem::path& folder, Guard& guard)
     : m_guard(guard),
       m_folder(std::filesystem::weakly_canonical(folder)),
       m_book(m_folder),
-      m_files({m_folder}),
+      m_files({m_folder, {}, {}}),
       m_contents(new HelpContents(m_book, this)),
       m_browser(new PageBrowser("HelpPage", "Help page", this)) {
     setObjectName("HelpWindow");
     setWindowTitle("Tavorine Help");
-    m_browser->confineTo(m_files);
-    m_browser->withoutScripts();
+    m_browser->confineTo(m_files, PageBrowser::Scripts::off);
     layOut();
     addCommands();
     connectParts();

@@ -1,6 +1,8 @@
 #include "base/files.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/browser/page_browser.h"
+#include "ui/system/end_process.h"
+#include "ui/system/process_memory.h"
 #include "ui/zoom.h"
 
 #include <QApplication>
@@ -9,6 +11,7 @@
 #include <QTcpServer>
 #include <QTest>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -28,7 +31,7 @@ protected:
         picture.fill(Qt::red);
         picture.save(QString::fromStdString((folder / "ACME/Bolt.PNG").string()));
         picture.save(QString::fromStdString((folder / "outside.png").string()));
-        browser.confineTo(pages::PageFiles({folder / "ACME"}));
+        browser.confineTo(pages::PageFiles({folder / "ACME", folder / "ACME/Tmp.htm", {}}));
         browser.resize(400, 300);
         static_cast<QWidget&>(browser).show();
     }
@@ -36,7 +39,7 @@ protected:
     // Shows a page and waits until it is up.
     void show(const std::string& page) {
         browser.show(folder / "ACME" / "Tmp.htm", page);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 20000));
     }
 
     // A page that is stuck may answer when the test has long gone on.
@@ -147,6 +150,7 @@ TEST_F(BrowserTest, NothingOfAPageReachesTheNetwork) {
          url + "';</script>");
     QTest::qWait(1500);
     EXPECT_EQ(connections, 0);
+    EXPECT_EQ(evaluate("typeof WebTransport").toString(), "undefined");
     EXPECT_EQ(evaluate("document.getElementById('here').innerText").toString(), "still here");
 }
 
@@ -252,6 +256,21 @@ TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
 }
 
+TEST_F(BrowserTest, APageThatKeepsDyingIsLeftAloneUntilTheNextOneComes) {
+    const auto process = [&] { return browser.view()->page()->renderProcessPid(); };
+    show("<p>one</p>");
+    for (int lives = 4; lives > 0; --lives) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle() && process() != 0; }, 20000)) << lives;
+        const auto former = process();
+        ui::system::endProcess(former);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return process() != former; }, 20000));
+    }
+    QTest::qWait(500);
+    EXPECT_EQ(process(), 0);
+    show("<p>two</p>");
+    EXPECT_TRUE(becomes("document.body.innerText.trim() === 'two'"));
+}
+
 // A large page is read from a copy beside it, for which there may be no room.
 TEST_F(BrowserTest, APageThatCannotBeCopiedWhenItsTurnComesEndsNothing) {
     fs::create_directories(folder / "ACME" / "Tmp.copy.htm" / "in the way");
@@ -284,11 +303,48 @@ TEST_F(StuckPageTest, AScriptThatNeverEndsHoldsUpNoOtherPage) {
     }
 }
 
+TEST_F(StuckPageTest, APageThatNeverComesToItsEndIsTakenAway) {
+    show("<p>stuck<script>for (;;);</script>");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return browser.view()->page()->renderProcessPid() == 0; }, 20000));
+    show("<p>next</p>");
+    EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
+}
+
 TEST_F(StuckPageTest, OfPagesShownBehindAStuckOneTheLastIsLoaded) {
     for (const char* page : {"<p>stuck<script>for (;;);</script>", "<p>passed over</p>", "<p>last</p>"})
         browser.show(folder / "ACME" / "Tmp.htm", page);
     ASSERT_TRUE(QTest::qWaitFor([&] { return browser.idle(); }, 10000));
     EXPECT_TRUE(becomes("document.body.innerText.trim() === 'last'"));
+}
+
+// Each would take 3.5 GB.
+TEST_F(BrowserTest, APageThatWantsAllMemoryGetsLittleOfItAndTheNextOneShows) {
+    const char* greeds[] = {
+        "for (var a = []; a.length < 56;) a.push(new Uint8Array(1 << 26).fill(1));",
+        "for (var a = []; a.length < 56;) a.push(new Array(1 << 23).fill(a.length + 0.5));",
+        "for (var a = []; a.length < 56;) { var c = document.createElement('canvas'); c.width = c.height = "
+        "4096;"
+        " c.getContext('2d').fillRect(0, 0, 4096, 4096); a.push(c); }"};
+    constexpr std::uint64_t mostEver = 1U << 30U;
+
+    for (const char* greed : greeds) {
+        SCOPED_TRACE(greed);
+        show("<body>greedy");
+        const auto process = browser.view()->page()->renderProcessPid();
+        std::uint64_t most = 0;
+        evaluate(QString("setTimeout(function () { try {%1} finally { document.title = 'done' } }, 0)")
+                     .arg(greed));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                most = std::max(most, ui::system::memoryOf(process));
+                return browser.view()->page()->renderProcessPid() != process ||
+                       browser.view()->title() == "done";
+            },
+            20000));
+        EXPECT_LT(most, mostEver);
+        show("<p>next</p>");
+        EXPECT_TRUE(becomes("document.body.innerText.trim() === 'next'"));
+    }
 }
 
 TEST_F(BrowserTest, ZoomGoesUpAndDownInStepsAndStaysOnTheNextPage) {
