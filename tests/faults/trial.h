@@ -22,7 +22,10 @@ protected:
         m_new = faults::afterStartIn(program);
     }
 
-    ~Trial() override { std::filesystem::remove_all(m_root); }
+    ~Trial() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_root, ignored);
+    }
 
     Trial(const Trial&) = delete;
     Trial& operator=(const Trial&) = delete;
@@ -36,6 +39,7 @@ protected:
     /// installation is made up for.
     void expectOldOrNew(const std::string& when) const {
         const auto retried = m_root / "retried";
+        makeReadable();
         std::filesystem::copy(program, retried, std::filesystem::copy_options::recursive);
         const bool canBeMadeUpFor = std::filesystem::exists(retried / "ACME.zip");
         withoutZip();
@@ -55,6 +59,13 @@ protected:
     }
 
 private:
+    // A copy that was ended early may be readable by nobody.
+    void makeReadable() const {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(program))
+            std::filesystem::permissions(entry, std::filesystem::perms::owner_read,
+                                         std::filesystem::perm_options::add);
+    }
+
     /// In memory where that can be, since a disk takes ten times as long.
     static std::filesystem::path newFolder() {
         const std::filesystem::path memory = "/dev/shm";
