@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <fstream>
 #include <system_error>
 
@@ -105,16 +106,26 @@ CatalogZips::CatalogZips(fs::path programFolder, platform::Archive& archive, pla
     : m_programFolder(std::move(programFolder)), m_archive(archive), m_messages(messages), m_window(window) {}
 
 void CatalogZips::installAll() {
-    for (const auto& failure : finishRemovals(m_programFolder))
-        complain(failure);
-    for (const auto& N : StagedFolder::recover(m_programFolder))
-        complain("An update of " + base::textOf(m_programFolder / base::pathOf(N)) +
-                 " was interrupted and cannot be undone\nPlease check that you may write there and that no "
-                 "other program uses it, then start the program again");
+    undoInterrupted();
     while (const auto path = nextZip()) {
         m_processed.insert(*path);
         process(*path);
     }
+}
+
+void CatalogZips::undoInterrupted() {
+    std::vector<std::string> removals;
+    std::vector<std::string> suppliers;
+    m_window.waitFor([&] {
+        removals = finishRemovals(m_programFolder);
+        suppliers = StagedFolder::recover(m_programFolder);
+    });
+    for (const auto& failure : removals)
+        complain(failure);
+    for (const auto& N : suppliers)
+        complain("An update of " + base::textOf(m_programFolder / base::pathOf(N)) +
+                 " was interrupted and cannot be undone\nPlease check that you may write there and that no "
+                 "other program uses it, then start the program again");
 }
 
 std::optional<fs::path> CatalogZips::nextZip() const {
@@ -166,7 +177,20 @@ std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
 }
 
 void CatalogZips::install(const Zip& zip) {
-    StagedFolder staged(m_programFolder, zip.N);
+    std::optional<StagedFolder> staged;
+    m_window.waitFor([&] { staged.emplace(m_programFolder, zip.N); });
+    std::exception_ptr failure;
+    try {
+        bringIn(zip, *staged);
+    } catch (...) { // Deliberate: thrown again below; whatever it is, clearing up takes long
+        failure = std::current_exception();
+    }
+    m_window.waitFor([&] { staged.reset(); });
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void CatalogZips::bringIn(const Zip& zip, StagedFolder& staged) {
     if (!extract(zip, markerOf(zip.N), staged.besideFolder()))
         refuseDamaged(zip.path);
     const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
@@ -174,7 +198,7 @@ void CatalogZips::install(const Zip& zip) {
         staged.leaveOutFolder();
     else
         unpackInto(zip, installed ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters), staged);
-    staged.moveIn(catalog::parametersFile);
+    m_window.waitFor([&] { staged.moveIn(catalog::parametersFile); });
 }
 
 bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {

@@ -37,7 +37,9 @@ private:
     [[nodiscard]] std::optional<std::filesystem::path> nextZip() const;
     void process(const std::filesystem::path& path);
     [[nodiscard]] std::optional<std::string> supplierIn(const std::filesystem::path& zip) const;
+    void undoInterrupted();
     void install(const Zip& zip);
+    void bringIn(const Zip& zip, StagedFolder& staged);
     [[nodiscard]] bool isUpdate(const Zip& zip, const std::filesystem::path& installedParameters,
                                 StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);

@@ -176,7 +176,7 @@ void StartUp::remove(const Supplier& supplier) {
     if (answer == platform::Answer::no)
         return;
     try {
-        removeSupplierFiles(m_session.folders.ProgramFolder, supplier);
+        m_out.window.waitFor([&] { removeSupplierFiles(m_session.folders.ProgramFolder, supplier); });
     } catch (const base::FileError& error) {
         m_out.messages.show(platform::Icon::exclamation, base::programTitle, error.what());
     }

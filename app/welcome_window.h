@@ -2,6 +2,7 @@
 
 #include "app/session.h"
 
+#include <functional>
 #include <string_view>
 
 namespace app {
@@ -22,6 +23,10 @@ public:
 
     /// The status label's text; seen before the call returns, since unpacking follows.
     virtual void setStatus(std::string_view text) = 0;
+
+    /// Does work with many files on a thread of its own and waits for its end; the window stays alive
+    /// meanwhile and takes no keys or clicks. What the work throws is thrown here.
+    virtual void waitFor(const std::function<void()>& work) = 0;
 
     /// Shows `lbPassword` with this prompt, `txtPassword` and `cbNext` 0. Both entries are empty, and
     /// what belongs to setting a password is hidden, whatever was shown for another supplier before.

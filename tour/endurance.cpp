@@ -2,7 +2,7 @@
 //     endurance [--minutes 60] [--seed 1] FOLDER
 // makes a program folder in FOLDER and prints the memory of all processes once a minute. At the end it fails
 // when the program ended or stood still for longer than a second, when an order did not add up, or when the
-// memory lay more than 5 % above that of the tenth minute.
+// memory had grown by more than 5 % since the tenth minute.
 #include "tour/customer.h"
 #include "tour/heartbeat.h"
 #include "tour/process_memory.h"
@@ -20,15 +20,14 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
+#include <numeric>
+#include <vector>
 
 namespace {
 namespace fs = std::filesystem;
-using std::chrono::minutes;
-
-constexpr minutes reference(10);
 
 struct Arguments {
-    minutes length;
+    std::size_t minutes;
     std::uint32_t seed;
     fs::path folder;
 };
@@ -43,7 +42,7 @@ Arguments readArguments() {
     parser.process(*QApplication::instance());
     if (parser.positionalArguments().size() != 1)
         parser.showHelp(2);
-    return {minutes(parser.value(length).toInt()), parser.value(seed).toUInt(),
+    return {parser.value(length).toULongLong(), parser.value(seed).toUInt(),
             fs::absolute(parser.positionalArguments().front().toStdString())};
 }
 
@@ -70,29 +69,37 @@ private:
     static constexpr std::array<const char*, 3> schemes{"http", "https", "mailto"};
 };
 
-/// Prints the memory once a minute and remembers that of the tenth.
+/// Prints the memory once a minute. What pages take of it comes and goes, so the averages of five minutes
+/// are compared: those up to the tenth minute and the last ones.
 class Ledger {
 public:
-    void note(qint64 minute, std::size_t actions) {
+    void note(std::size_t actions) {
         const auto kinds = tour::memoryByKind();
-        m_last = tour::total(kinds);
-        if (minute <= reference.count())
-            m_reference = m_last;
-        std::printf("minute %lld: %zu actions, %zu MB (", static_cast<long long>(minute), actions,
-                    m_last / 1024);
+        m_totals.push_back(static_cast<double>(tour::total(kinds)) / 1024);
+        std::printf("minute %zu: %zu actions, %.0f MB (", m_totals.size(), actions, m_totals.back());
         for (const auto& [kind, kilobytes] : kinds)
             std::printf(" %s %zu", kind.c_str(), kilobytes / 1024);
         std::printf(" )\n");
         static_cast<void>(std::fflush(stdout));
     }
 
+    [[nodiscard]] std::size_t minute() const { return m_totals.size(); }
+
+    /// 0 in the first ten minutes.
     [[nodiscard]] double growth() const {
-        return static_cast<double>(m_last) / static_cast<double>(m_reference) - 1;
+        return minute() <= warmUp ? 0 : averageUntil(minute()) / averageUntil(warmUp) - 1;
     }
 
 private:
-    std::size_t m_reference = 1;
-    std::size_t m_last = 0;
+    static constexpr std::size_t warmUp = 10;
+
+    [[nodiscard]] double averageUntil(std::size_t end) const {
+        constexpr std::size_t span = 5;
+        const auto last = m_totals.begin() + static_cast<std::ptrdiff_t>(end);
+        return std::accumulate(last - span, last, 0.0) / span;
+    }
+
+    std::vector<double> m_totals; // in MB, one a minute
 };
 
 bool endure(const Arguments& wanted) {
@@ -102,25 +109,23 @@ bool endure(const Arguments& wanted) {
     tour::Heartbeat heartbeat(longestPause);
     tour::Customer customer(wanted.seed, wanted.folder, heartbeat);
     Ledger ledger;
-    qint64 minute = 0;
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] {
-        ledger.note(++minute, customer.actions());
-        if (minute >= wanted.length.count()) {
+        ledger.note(customer.actions());
+        if (ledger.minute() >= wanted.minutes) {
             customer.stop();
             QApplication::exit(42);
         }
     });
-    clock.start(minutes(1));
+    clock.start(std::chrono::minutes(1));
     customer.start();
     const bool lasted = QApplication::exec() == 42;
     for (const auto& pause : heartbeat.pauses())
         std::printf("stood still for %lld ms while %s\n", static_cast<long long>(pause.length.count()),
                     pause.doing.c_str());
-    std::printf("%s after %lld minutes and %zu actions; %zu faults, longest pause %lld ms, memory %+.1f %%\n",
-                lasted ? "over" : "THE PROGRAM ENDED", static_cast<long long>(minute), customer.actions(),
-                customer.faults(), static_cast<long long>(heartbeat.longest().count()),
-                ledger.growth() * 100);
+    std::printf("%s after %zu minutes and %zu actions; %zu faults, longest pause %lld ms, memory %+.1f %%\n",
+                lasted ? "over" : "THE PROGRAM ENDED", ledger.minute(), customer.actions(), customer.faults(),
+                static_cast<long long>(heartbeat.longest().count()), ledger.growth() * 100);
     return lasted && customer.faults() == 0 && heartbeat.pauses().empty() && ledger.growth() <= mostGrowth;
 }
 

@@ -62,6 +62,19 @@ TEST_F(CatalogZips, InstallANewSupplierWithMarkerLogoAndSubFolders) {
     EXPECT_FALSE(exists("Install.tmp"));
 }
 
+// Moving and deleting thousands of files takes seconds.
+TEST_F(CatalogZips, ComeInAndGoWhileTheWindowStaysAlive) {
+    std::vector<std::string> seen;
+    window.watch = [&] {
+        seen.push_back(std::string(exists("ACME/PrdPrm.dat") ? "in" : "out") +
+                       (exists("Install.tmp/ACME") ? ", staged" : ""));
+    };
+    drop("ACME.ZIP", catalogZip("ACME", "00001"));
+    installAll();
+    EXPECT_THAT(seen, ElementsAre("out", "out", "out", "out, staged", "out, staged", "in, staged",
+                                  "in, staged", "in"));
+}
+
 TEST_F(CatalogZips, UpdateWithoutAQuestionToAVersionThatIsGreaterAsText) {
     install("ACME", "00001");
     put("ACME/kept.jpg", "kept");

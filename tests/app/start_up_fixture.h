@@ -34,6 +34,14 @@ public:
 
     void setCaption(std::string_view caption) override { m_journal.add("caption " + std::string(caption)); }
 
+    std::function<void()> watch = [] {}; ///< called before and after work that is waited for
+
+    void waitFor(const std::function<void()>& work) override {
+        watch();
+        work();
+        watch();
+    }
+
     void setStatus(std::string_view text) override { m_journal.add("status " + std::string(text)); }
 
     void showPasswordEntry(std::string_view prompt) override {

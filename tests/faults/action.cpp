@@ -29,6 +29,8 @@ struct QuietWindow : app::WelcomeWindow {
 
     void setStatus(std::string_view /*text*/) override {}
 
+    void waitFor(const std::function<void()>& work) override { work(); }
+
     void showPasswordEntry(std::string_view /*prompt*/) override {}
 
     void offerSupplierList(bool /*offered*/) override {}

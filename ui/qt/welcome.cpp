@@ -5,6 +5,7 @@
 #include "ui/qt/widgets/flow_layout.h"
 #include "ui/qt/widgets/icons.h"
 #include "ui/qt/widgets/qt_text.h"
+#include "ui/system/background_work.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -205,6 +206,10 @@ void Welcome::setCaption(std::string_view caption) {
 void Welcome::setStatus(std::string_view text) {
     m_status->setText(toQt(text));
     m_status->repaint();
+}
+
+void Welcome::waitFor(const std::function<void()>& work) {
+    system::runInBackground(work, QEventLoop::ExcludeUserInputEvents);
 }
 
 void Welcome::setConfirming(bool on) {

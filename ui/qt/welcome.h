@@ -49,6 +49,7 @@ public:
     void confineToSupplier(const catalog::Folders& folders) override;
     void setCaption(std::string_view caption) override;
     void setStatus(std::string_view text) override;
+    void waitFor(const std::function<void()>& work) override;
     void showPasswordEntry(std::string_view prompt) override;
     void offerSupplierList(bool offered) override;
     void hidePasswordEntry() override;
