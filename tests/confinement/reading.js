@@ -92,16 +92,16 @@ function picturesInSvg(file) {
     }, 100);
 }
 
-// Which files each is tried on.
+// Which files each is tried on. What is refused to a frame or an object costs a process.
 var waysToRead = [
     [/./, seePicture],
     [/./, seeStyle],
     [/./, request],
     [/./, function (file) { seeFrame("frame", "iframe", "src", file); }],
-    [/./, function (file) { seeFrame("object", "object", "data", file); }],
+    [/own.htm|ini/, function (file) { seeFrame("object", "object", "data", file); }],
     [/./, function (file) { part("script", {src: file}, told("script", file)); }],
     [/./, function (file) { return fetch(file).then(function (a) { return a.text(); }).then(textTold("fetch", file)); }],
-    [/htm|svg|txt/, function (file) { seeFrame("embedded object", "embed", "src", file); }],
+    [/own.(htm|svg)/, function (file) { seeFrame("embedded object", "embed", "src", file); }],
     [/htm|js/, function (file) { part("link", {rel: "prefetch", href: file}, told("prefetch", file)); }],
     [/ini|htm/, function (file) { part("link", {rel: "preload", as: "fetch", href: file}, told("preload", file)); }],
     [/svg/, picturesInSvg],
