@@ -1,5 +1,4 @@
 #include "app/catalog_zips.h"
-#include "app/welcome_window.h"
 #include "base/files.h"
 #include "catalog/catalog.h"
 #include "fuzz/require.h"
@@ -7,6 +6,7 @@
 #include "fuzz/sections.h"
 #include "fuzz/stored_zip.h"
 #include "platform/message_box.h"
+#include "tests/support/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 
 #include <map>
@@ -40,31 +40,6 @@ public:
                          platform::Answer defaultAnswer) override {
         return defaultAnswer;
     }
-};
-
-class SilentWindow final : public app::WelcomeWindow {
-public:
-    void setCaption(std::string_view /*caption*/) override {}
-
-    void setStatus(std::string_view /*text*/) override {}
-
-    void waitFor(const std::function<void()>& work) override { work(); }
-
-    void showPasswordEntry(std::string_view /*prompt*/) override {}
-
-    void offerSupplierList(bool /*offered*/) override {}
-
-    void hidePasswordEntry() override {}
-
-    void focusPasswordOncePageIsUp() override {}
-
-    void showPasswordConfirmation() override {}
-
-    void retryPassword() override {}
-
-    void retryPasswordAndConfirmation() override {}
-
-    void openMainWindow(const app::Session& /*session*/) override {}
 };
 
 using Files = std::map<std::string, std::string>; // contents by path; folders and links say what they are
@@ -170,7 +145,7 @@ void checkInstallation(const fs::path& program, const std::string& zip, bool isU
     const auto before = filesIn(program);
     DirectArchive archive;
     SilentBox box;
-    SilentWindow window;
+    support::QuietWindow window;
     app::CatalogZips(program, archive, box, window).installAll();
     const auto after = filesIn(program);
     fuzz::require(!after.contains("ACME.zip") || box.shown > 0, "a zip stays and nothing is said");

@@ -13,6 +13,7 @@
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_browser.h"
 #include "tests/support/fake_message_box.h"
+#include "tests/support/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 #include "ui/system/disk_file.h"
 
@@ -23,30 +24,6 @@ namespace faults {
 namespace fs = std::filesystem;
 
 namespace {
-
-struct QuietWindow : app::WelcomeWindow {
-    void setCaption(std::string_view /*caption*/) override {}
-
-    void setStatus(std::string_view /*text*/) override {}
-
-    void waitFor(const std::function<void()>& work) override { work(); }
-
-    void showPasswordEntry(std::string_view /*prompt*/) override {}
-
-    void offerSupplierList(bool /*offered*/) override {}
-
-    void hidePasswordEntry() override {}
-
-    void focusPasswordOncePageIsUp() override {}
-
-    void showPasswordConfirmation() override {}
-
-    void retryPassword() override {}
-
-    void retryPasswordAndConfirmation() override {}
-
-    void openMainWindow(const app::Session& /*session*/) override {}
-};
 
 struct Zips : platform::Archive {
     std::optional<std::vector<std::string>> topLevelFiles(const fs::path& archive) override {
@@ -75,7 +52,7 @@ struct Surroundings {
     support::Journal journal;
     support::FakeMessageBox box{journal};
     support::FakeBrowser browser{journal};
-    QuietWindow window;
+    support::QuietWindow window;
     Zips archive;
 
     Surroundings() { box.answers.assign(100, platform::Answer::yes); }

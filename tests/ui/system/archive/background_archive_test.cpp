@@ -84,13 +84,13 @@ TEST_F(BackgroundArchive, TwoUnpackingIntoFoldersOfTheirOwnDoNotDisturbEachOther
 TEST_F(BackgroundArchive, DeliversACopyWhileEventsAreHandled) {
     bool handled = false;
     QTimer::singleShot(0, &archive, [&] { handled = true; });
-    EXPECT_EQ(ui::system::deliverZip(zip, target), target / "ACME.zip");
+    EXPECT_EQ(ui::system::deliverZip(zip, target, "Work.tmp"), target / "ACME.zip");
     EXPECT_EQ(base::readFile(target / "ACME.zip"), base::readFile(zip));
     EXPECT_TRUE(handled);
 }
 
 TEST_F(BackgroundArchive, WhatTheWorkThrowsIsThrownWhereItWasWaitedFor) {
-    EXPECT_THROW(ui::system::deliverZip(zip, folder / "none"), base::FileError);
+    EXPECT_THROW(ui::system::deliverZip(zip, folder / "none", "Work.tmp"), base::FileError);
     EXPECT_THROW(ui::system::runInBackground([] { throw base::Quit(); }), base::Quit);
 }
 
