@@ -2,6 +2,7 @@
 
 #include "app/catalog_identity.h"
 #include "app/staged_folder.h"
+#include "app/supplier_removal.h"
 #include "app/welcome_window.h"
 #include "app/zip_files.h"
 #include "base/caseless_tree.h"
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <system_error>
 
 namespace app {
@@ -36,6 +38,13 @@ public:
 [[noreturn]] void refuseDamaged(const fs::path& zip) {
     throw UnusableZip(base::textOf(zip) +
                       " is damaged and was not installed\nPlease ask your supplier to send it again");
+}
+
+[[noreturn]] void refuseUnreadable(const fs::path& zip) {
+    throw base::FileError(
+        base::textOf(zip) +
+        " cannot be read\nPlease check that you may read it and that no other program uses it, then "
+        "start the program again");
 }
 
 [[noreturn]] void refuseTooLarge(const fs::path& zip) {
@@ -61,12 +70,22 @@ std::string question(const CatalogIdentity& offered, const CatalogIdentity& inst
            "\n\nwith\n\n   " + installed.name + " catalog version " + offered.version;
 }
 
+std::string updateStatus(const std::string& N) {
+    return "Update Data Folder for " + N + "This may take a few minutes";
+}
+
+// Deliberate: the label names the catalogue that was updated last, not the new one.
+std::string addStatus(const fs::path& lastInstalledParameters) {
+    return "Add Data Folder for " + base::textOf(lastInstalledParameters) + "This may take a few minutes";
+}
+
 /// The files that a catalogue cannot do without.
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
 
-/// The files of the user's own, which stand among the catalogue's.
-constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile};
+/// The files of the user's own, which stand among the catalogue's, and one that must not stand there.
+constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile,
+                                catalog::probeFile};
 
 bool areParametersWhole(const fs::path& folder) {
     std::error_code error;
@@ -86,7 +105,12 @@ CatalogZips::CatalogZips(fs::path programFolder, platform::Archive& archive, pla
     : m_programFolder(std::move(programFolder)), m_archive(archive), m_messages(messages), m_window(window) {}
 
 void CatalogZips::installAll() {
-    StagedFolder::recover(m_programFolder);
+    for (const auto& failure : finishRemovals(m_programFolder))
+        complain(failure);
+    for (const auto& N : StagedFolder::recover(m_programFolder))
+        complain("An update of " + base::textOf(m_programFolder / base::pathOf(N)) +
+                 " was interrupted and cannot be undone\nPlease check that you may write there and that no "
+                 "other program uses it, then start the program again");
     while (const auto path = nextZip()) {
         m_processed.insert(*path);
         process(*path);
@@ -121,13 +145,16 @@ void CatalogZips::process(const fs::path& path) {
 
 std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     const auto isFree = [this](const std::string& name) {
-        return name.empty() || (catalog::canNameSupplier(name) && !base::findFile(m_programFolder, name));
+        return name.empty() || (catalog::canNameSupplier(name) && !base::findFile(m_programFolder, name) &&
+                                !fs::is_directory(base::folderPath(m_programFolder, markerOf(name))));
     };
     auto name = base::textOf(zip.filename());
     name.resize(name.size() - zipEnding.size());
     if (!isFree(name))
         refuseName(zip);
     const auto files = m_archive.topLevelFiles(zip);
+    if (!files && !std::ifstream(zip, std::ios::binary))
+        refuseUnreadable(zip);
     if (!files)
         refuseDamaged(zip);
     const auto N = supplierOf(name, *files);
@@ -138,31 +165,26 @@ std::optional<std::string> CatalogZips::supplierIn(const fs::path& zip) const {
     return N;
 }
 
-// The marker comes last: a catalogue that did not come in leaves the one that was there.
 void CatalogZips::install(const Zip& zip) {
     StagedFolder staged(m_programFolder, zip.N);
-    if (!extract(zip, markerOf(zip.N), staged.markerFolder()))
+    if (!extract(zip, markerOf(zip.N), staged.besideFolder()))
         refuseDamaged(zip.path);
     const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
-    if (installed)
-        update(zip, *installed, staged);
+    if (installed && !isUpdate(zip, *installed, staged))
+        staged.leaveOutFolder();
     else
-        add(zip, staged);
-    placeMarker(zip, staged);
+        unpackInto(zip, installed ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters), staged);
+    staged.moveIn(catalog::parametersFile);
 }
 
-void CatalogZips::update(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
+bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
     if (!extract(zip, "*PrdPrm.dat", staged.folder()) || !areParametersWhole(staged.folder()))
         refuseDamaged(zip.path);
     const auto offered = readIdentity(base::filePath(staged.folder(), catalog::parametersFile));
     if (!offered)
         refuseDamaged(zip.path);
     m_lastInstalledParameters = installedParameters;
-    const auto installed = readIdentity(installedParameters).value_or(CatalogIdentity{});
-    if (!isWanted(*offered, installed))
-        return;
-    m_window.setStatus("Update Data Folder for " + zip.N + "This may take a few minutes");
-    unpackInto(zip, staged);
+    return isWanted(*offered, readIdentity(installedParameters).value_or(CatalogIdentity{}));
 }
 
 bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed) {
@@ -172,32 +194,19 @@ bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity
                           platform::Answer::yes) == platform::Answer::yes;
 }
 
-void CatalogZips::add(const Zip& zip, StagedFolder& staged) {
-    // Deliberate: the label names the catalogue that was updated last, not the new one.
-    m_window.setStatus("Add Data Folder for " + base::textOf(m_lastInstalledParameters) +
-                       "This may take a few minutes");
-    unpackInto(zip, staged);
-}
-
-void CatalogZips::unpackInto(const Zip& zip, StagedFolder& staged) {
+void CatalogZips::unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged) {
+    m_window.setStatus(status);
     if (!extract(zip, "*", staged.folder()))
         refuseDamaged(zip.path);
-    for (const auto file : usersFiles)
+    for (const auto file : usersFiles) {
         staged.leaveOut(file);
+        staged.leaveOut(std::string(file).append(base::unfinishedEnding));
+    }
     const bool isWhole = std::all_of(dataFiles.begin(), dataFiles.end(),
-                                     [&](std::string_view file) { return staged.willHold(file); });
+                                     [&](std::string_view file) { return staged.comingFile(file); });
     if (!isWhole || !areParametersWhole(staged.folder()))
         refuseDamaged(zip.path);
-    staged.moveIn(catalog::parametersFile);
-    refreshLogo(zip);
-}
-
-void CatalogZips::placeMarker(const Zip& zip, const StagedFolder& staged) const {
-    const auto marker = base::filePath(staged.markerFolder(), markerOf(zip.N));
-    std::error_code error;
-    fs::rename(marker, base::filePath(m_programFolder, base::textOf(marker.filename())), error);
-    if (error)
-        failWriting(zip.path);
+    addLogo(zip, staged);
 }
 
 bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path& folder) {
@@ -217,15 +226,15 @@ bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path&
     throw base::Quit();
 }
 
-void CatalogZips::refreshLogo(const Zip& zip) {
-    const auto logo = base::readFile(base::filePath(base::folderPath(m_programFolder, zip.N), "logo.jpg"));
-    if (!logo)
+void CatalogZips::addLogo(const Zip& zip, const StagedFolder& staged) const {
+    const auto name = zip.N + ".jpg";
+    const auto source = staged.comingFile("logo.jpg");
+    if (!source || fs::is_directory(base::folderPath(m_programFolder, name))) // perhaps another supplier's
         return;
-    try {
-        base::replaceFile(base::filePath(m_programFolder, zip.N + ".jpg"), *logo);
-    } catch (const base::FileError&) {
-        // Deliberate: a catalogue is complete without its logo.
-    }
+    std::error_code error;
+    fs::copy_file(*source, staged.besideFolder() / base::pathOf(name), error);
+    if (error)
+        failWriting(zip.path);
 }
 
 void CatalogZips::complain(std::string_view text) {

@@ -23,7 +23,8 @@ public:
     CatalogZips(std::filesystem::path programFolder, platform::Archive& archive,
                 platform::MessageBox& messages, WelcomeWindow& window);
 
-    /// Puts an installation that was interrupted back to what it was, then takes the zips one by one.
+    /// Puts an installation that was interrupted back to what it was and goes on with an interrupted
+    /// removal, then takes the zips one by one.
     /// Throws base::Quit when the user closes the window meanwhile.
     void installAll();
 
@@ -37,13 +38,12 @@ private:
     void process(const std::filesystem::path& path);
     [[nodiscard]] std::optional<std::string> supplierIn(const std::filesystem::path& zip) const;
     void install(const Zip& zip);
-    void add(const Zip& zip, StagedFolder& staged);
-    void update(const Zip& zip, const std::filesystem::path& installedParameters, StagedFolder& staged);
+    [[nodiscard]] bool isUpdate(const Zip& zip, const std::filesystem::path& installedParameters,
+                                StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
-    void unpackInto(const Zip& zip, StagedFolder& staged);
+    void unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged);
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
-    void placeMarker(const Zip& zip, const StagedFolder& staged) const;
-    void refreshLogo(const Zip& zip);
+    void addLogo(const Zip& zip, const StagedFolder& staged) const;
     void complain(std::string_view text);
 
     std::filesystem::path m_programFolder;

@@ -1,5 +1,6 @@
 #include "app/staged_folder.h"
 
+#include "app/supplier_removal.h"
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
 #include "base/errors.h"
@@ -16,8 +17,10 @@ namespace {
 
 constexpr auto newName = "new";
 constexpr auto oldName = "old";
-constexpr auto doneName = "done";
-constexpr auto markerName = "marker";
+
+/// Lists what stood nowhere before, a path in `ProgramFolder` a line, in UTF-8. While it is there, the
+/// installation is to be undone; removing it is the step that makes the installation complete.
+constexpr auto journalName = "added";
 
 [[noreturn]] void failWriting(const fs::path& folder) {
     throw base::FileError(
@@ -53,131 +56,177 @@ std::vector<fs::path> entriesNamed(const fs::path& folder, std::string_view name
     return entries;
 }
 
-/// Moves kept files back to their places. Stops at the first that cannot be moved.
+/// Moves what is kept back to its place. Stops at the first that cannot be moved.
 void restore(const fs::path& kept, const fs::path& place, std::error_code& error) {
-    if (isFolder(kept) && isFolder(place)) {
+    if (isFolder(kept) && fs::is_directory(place)) {
         for (const auto& entry : entriesOf(kept))
             if (!error)
                 restore(entry, place / entry.filename(), error);
         return;
     }
-    if (isFolder(kept))
-        fs::remove(place, error); // a file that had taken the folder's place
+    if (isFolder(kept) || isFolder(place)) // what has taken its place and is of the other kind
+        fs::remove_all(place, error);
     if (!error)
         fs::rename(kept, place, error);
 }
 
-void restoreAll(const fs::path& kept, const fs::path& target, std::error_code& error) {
-    for (const auto& entry : entriesOf(kept)) {
-        fs::create_directories(target, error);
-        restore(entry, target / entry.filename(), error);
-        if (error)
-            return;
+std::vector<fs::path> journalPaths(std::string_view journal) {
+    std::vector<fs::path> paths;
+    for (const auto line : base::split(journal, '\n')) {
+        const fs::path path(std::u8string(line.begin(), line.end()));
+        const bool leadsOut = path.is_absolute() || std::find(path.begin(), path.end(), "..") != path.end();
+        if (!path.empty() && !leadsOut)
+            paths.push_back(path);
     }
+    return paths;
 }
 
-/// False when something is kept that could not be put back; then it stays kept.
-bool clear(const fs::path& area, const fs::path& target) {
+// A folder stays when something else has come into it meanwhile.
+bool removeAdded(const fs::path& program, const std::vector<fs::path>& added) {
+    return std::all_of(added.rbegin(), added.rend(), [&](const fs::path& path) {
+        std::error_code ignored;
+        fs::remove(program / path, ignored);
+        return !isThere(program / path) || isFolder(program / path);
+    });
+}
+
+/// Undoes the moves of an installation that is not complete; may itself end anywhere and be called again.
+/// False when something could not be put back.
+bool takeBack(const fs::path& area, const fs::path& program) {
+    if (!isThere(area / journalName))
+        return true;
+    const auto journal = base::readFile(area / journalName);
+    if (!journal || !removeAdded(program, journalPaths(*journal)))
+        return false;
     std::error_code error;
-    restoreAll(area / oldName, target, error);
+    for (const auto& entry : entriesOf(area / oldName))
+        if (!error)
+            restore(entry, program / entry.filename(), error);
     if (!error)
-        fs::remove_all(area, error);
+        fs::remove(area / journalName, error);
+    return !error;
+}
+
+bool clear(const fs::path& area, const fs::path& program) {
+    std::error_code error;
+    if (!takeBack(area, program))
+        return false;
+    fs::remove_all(area, error);
     return !error;
 }
 
 }
 
-StagedFolder::StagedFolder(const fs::path& programFolder, std::string_view supplierFolder)
-    : m_area(programFolder / area / base::pathOf(supplierFolder)),
+StagedFolder::StagedFolder(fs::path programFolder, std::string_view supplierFolder)
+    : m_program(std::move(programFolder)),
+      m_area(m_program / area / base::pathOf(supplierFolder)),
       m_new(m_area / newName),
-      m_old(m_area / oldName),
-      m_marker(m_area / markerName),
-      m_target(base::folderPath(programFolder, supplierFolder)) {
+      m_folder(m_new / base::pathOf(supplierFolder)),
+      m_target(base::folderPath(m_program, supplierFolder)) {
     std::error_code error;
-    if (clear(m_area, m_target)) {
-        fs::create_directories(m_new, error);
-        fs::create_directories(m_marker, error);
-    }
-    if (!isFolder(m_new) || !isFolder(m_marker))
+    if (clear(m_area, m_program))
+        fs::create_directories(m_folder, error);
+    if (!isFolder(m_folder))
         failWriting(m_area);
 }
 
 StagedFolder::~StagedFolder() {
     std::error_code ignored;
-    if (clear(m_area, m_target))
+    if (clear(m_area, m_program))
         fs::remove(m_area.parent_path(), ignored); // unless others are in it
 }
 
 void StagedFolder::leaveOut(std::string_view name) const {
     std::error_code ignored;
-    for (const auto& entry : entriesNamed(m_new, name))
+    for (const auto& entry : entriesNamed(m_folder, name))
         fs::remove_all(entry, ignored);
 }
 
-bool StagedFolder::willHold(std::string_view name) const {
-    const auto found = entriesNamed(m_new, name);
-    return found.empty() ? base::findFile(m_target, name).has_value() : !isFolder(found.front());
+void StagedFolder::leaveOutFolder() const {
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+}
+
+std::optional<fs::path> StagedFolder::comingFile(std::string_view name) const {
+    const auto found = entriesNamed(m_folder, name);
+    if (found.empty())
+        return base::findFile(m_target, name);
+    return isFolder(found.front()) ? std::nullopt : std::optional(found.front());
 }
 
 void StagedFolder::moveIn(std::string_view last) {
     try {
-        moveEntries(last);
-    } catch (const fs::filesystem_error&) {
-        undo();
-        failWriting(m_target);
+        const auto all = moves(last);
+        writeJournal(all);
+        moveEntries(all);
+        return;
+    } catch (const fs::filesystem_error&) { // what it left is undone below
+    } catch (const base::FileError&) {
     }
+    takeBack(m_area, m_program); // what fails here is tried again by the destructor and at the next start
+    failWriting(m_target);
 }
 
-// Renaming the folder of kept files is the step that makes the installation complete: until then, a
-// crash is followed by putting them back.
-void StagedFolder::moveEntries(std::string_view last) {
-    fs::create_directories(m_old);
-    if (!fs::is_directory(m_target))
-        put(m_new, m_target);
+std::vector<StagedFolder::Move> StagedFolder::moves(std::string_view last) const {
+    const auto rank = [&](const fs::path& entry) {
+        if (!entry.has_parent_path())
+            return fs::is_directory(m_new / entry) ? 0 : 2;
+        return base::equalIgnoringCase(base::textOf(entry), base::textOf(m_folder.filename() / last)) ? 1 : 0;
+    };
     std::vector<fs::path> entries;
     for (const auto& entry : fs::recursive_directory_iterator(m_new))
         entries.push_back(entry.path().lexically_relative(m_new));
-    std::stable_partition(entries.begin(), entries.end(), [&](const fs::path& entry) {
-        return !base::equalIgnoringCase(base::textOf(entry), last);
-    });
-    base::CaselessTree target(m_target);
+    std::stable_sort(entries.begin(), entries.end(),
+                     [&](const fs::path& a, const fs::path& b) { return rank(a) < rank(b); });
+    std::vector<Move> found;
+    base::CaselessTree places(m_program);
     for (const auto& entry : entries)
-        put(m_new / entry, target.place(entry));
-    fs::rename(m_old, m_area / doneName);
+        found.push_back({m_new / entry, places.place(entry)});
+    return found;
 }
 
-void StagedFolder::put(const fs::path& from, const fs::path& to) {
-    if (isFolder(from) && isFolder(to))
+void StagedFolder::writeJournal(const std::vector<Move>& moves) const {
+    std::u8string added;
+    for (const auto& move : moves)
+        if (!isThere(move.to))
+            added += move.to.lexically_relative(m_program).u8string() + u8'\n';
+    base::replaceFileDurably(m_area / journalName, std::string(added.begin(), added.end()));
+}
+
+void StagedFolder::moveEntries(const std::vector<Move>& moves) const {
+    for (const auto& move : moves)
+        put(move);
+    fs::remove(m_area / journalName);
+}
+
+// The supplier's folder itself may be a link to one elsewhere, and stays it.
+void StagedFolder::put(const Move& move) const {
+    const auto& [from, to] = move;
+    if (isFolder(from) && (isFolder(to) || (to == m_target && fs::is_directory(to))))
         return;
     if (isThere(to))
         keepOld(to);
-    else
-        m_added.push_back(to);
     if (isFolder(from))
         fs::create_directory(to);
     else
         fs::rename(from, to);
 }
 
-void StagedFolder::keepOld(const fs::path& path) {
-    const auto kept = m_old / path.lexically_relative(m_target);
+void StagedFolder::keepOld(const fs::path& path) const {
+    const auto kept = m_area / oldName / path.lexically_relative(m_program);
     fs::create_directories(kept.parent_path());
     fs::rename(path, kept);
 }
 
-void StagedFolder::undo() {
-    std::error_code ignored;
-    std::for_each(m_added.rbegin(), m_added.rend(), [&](const fs::path& path) { fs::remove(path, ignored); });
-    restoreAll(m_old, m_target,
-               ignored); // what fails here is tried again by the destructor and at the next start
-}
-
-void StagedFolder::recover(const fs::path& programFolder) {
+std::vector<std::string> StagedFolder::recover(const fs::path& programFolder) {
     const auto areas = programFolder / area;
-    std::error_code ignored;
+    std::vector<std::string> failed;
     for (const auto& supplier : entriesOf(areas))
-        clear(supplier, base::folderPath(programFolder, base::textOf(supplier.filename())));
+        if (!isThere(supplier / removalMark) && !clear(supplier, programFolder))
+            failed.push_back(base::textOf(supplier.filename()));
+    std::error_code ignored;
     fs::remove(areas, ignored);
+    return failed;
 }
 
 }

@@ -62,6 +62,7 @@ void StartUp::requireSingleInstance() {
 
 void StartUp::askForEmailOnFirstRun() {
     const auto& folder = m_session.folders.ProgramFolder;
+    base::removeUnfinished(base::filePath(folder, catalog::startSettingsFile));
     if (base::findFile(folder, catalog::startSettingsFile))
         return;
     const auto answer = m_out.messages.ask(platform::Icon::none, base::programTitle,

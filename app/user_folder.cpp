@@ -2,6 +2,8 @@
 
 #include "base/errors.h"
 #include "base/files.h"
+#include "catalog/program_folders.h"
+#include "catalog/settings_file.h"
 
 #include <system_error>
 
@@ -11,7 +13,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool isWritable(const fs::path& folder) {
-    const auto probe = folder / "Write.tmp";
+    const auto probe = folder / catalog::probeFile;
     try {
         base::replaceFile(probe, {});
     } catch (const base::FileError&) {
@@ -25,11 +27,13 @@ bool isWritable(const fs::path& folder) {
 }
 
 fs::path chooseUserFolder(const fs::path& dataFolder, const fs::path& ownFolder, bool isReadOnly) {
-    if (!isReadOnly && isWritable(dataFolder))
-        return dataFolder;
+    const bool isOwn = isReadOnly || !isWritable(dataFolder);
+    const auto& chosen = isOwn ? ownFolder : dataFolder;
     std::error_code ignored;
-    fs::create_directories(ownFolder, ignored);
-    return ownFolder;
+    if (isOwn)
+        fs::create_directories(ownFolder, ignored);
+    base::removeUnfinished(base::filePath(chosen, catalog::userSettingsFile));
+    return chosen;
 }
 
 }

@@ -2,16 +2,21 @@
 
 #include "base/text.h"
 
-#include <regex>
-
 namespace app {
 namespace {
 
+bool isNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 // "ACME" of "ACME (1)".
 std::string withoutCopyNumber(const std::string& name) {
-    static const std::regex copy(R"((.+?) ?\(\d+\))");
-    std::smatch match;
-    return std::regex_match(name, match, copy) ? match.str(1) : name;
+    const auto bracket = name.rfind('(');
+    if (bracket == std::string::npos || !name.ends_with(')') ||
+        !isNumber(std::string_view(name).substr(bracket + 1, name.size() - bracket - 2)))
+        return name;
+    const bool hasBlank = bracket > 0 && name[bracket - 1] == ' ';
+    return name.substr(0, hasBlank ? bracket - 1 : bracket);
 }
 
 }

@@ -5,11 +5,14 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <boost/interprocess/file_mapping.hpp>
+#include <boost/interprocess/mapped_region.hpp>
 #include <fstream>
 #include <system_error>
 
 namespace base {
 namespace fs = std::filesystem;
+namespace ipc = boost::interprocess;
 
 namespace {
 
@@ -47,9 +50,45 @@ bool writeNew(const fs::path& path, std::string_view bytes) {
     return false;
 }
 
+fs::path unfinished(const fs::path& target) {
+    return fs::path(target).concat(unfinishedEnding);
+}
+
+// What is mapped can be flushed without the system's own calls. On a file system that maps no file for
+// writing, a power cut shortly after may still lose the bytes.
+bool isOnDisk(const fs::path& path, std::size_t size) {
+    if (size == 0)
+        return true;
+    constexpr bool later = false;
+    try {
+        const ipc::file_mapping file(path.c_str(), ipc::read_write);
+        return ipc::mapped_region(file, ipc::read_write).flush(0, size, later);
+    } catch (const ipc::interprocess_exception&) {
+        return true;
+    }
+}
+
 [[noreturn]] void failWriting(const fs::path& path) {
     throw FileError("Cannot write " + textOf(path) +
                     "\nPlease check that the disk is not full and that you may write there");
+}
+
+template <typename Ready>
+void replace(const fs::path& path, std::string_view bytes, Ready ready) {
+    std::error_code error;
+    const auto target = behindLinks(path);
+    const auto beside = unfinished(target);
+    if (isReadOnly(target) || !writeNew(beside, bytes))
+        failWriting(path);
+    if (isFile(target))
+        fs::permissions(beside, fs::status(target, error).permissions(), error);
+    if (ready(beside)) {
+        fs::rename(beside, target, error);
+        if (!error)
+            return;
+    }
+    fs::remove(beside, error);
+    failWriting(path);
 }
 
 }
@@ -101,18 +140,22 @@ bool isReadOnly(const fs::path& path) {
 }
 
 void replaceFile(const fs::path& path, std::string_view bytes) {
-    std::error_code error;
-    const auto target = behindLinks(path);
-    const auto beside = fs::path(target).concat(".new");
-    if (isReadOnly(target) || !writeNew(beside, bytes))
-        failWriting(path);
-    if (isFile(target))
-        fs::permissions(beside, fs::status(target, error).permissions(), error);
-    fs::rename(beside, target, error);
-    if (!error)
-        return;
-    fs::remove(beside, error);
-    failWriting(path);
+    replace(path, bytes, [](const fs::path& /*written*/) { return true; });
+}
+
+void replaceFileDurably(const fs::path& path, std::string_view bytes) {
+    replace(path, bytes, [&](const fs::path& written) { return isOnDisk(written, bytes.size()); });
+}
+
+std::string_view withoutUnfinishedEnding(std::string_view name) {
+    if (endsIgnoringCase(name, unfinishedEnding))
+        name.remove_suffix(unfinishedEnding.size());
+    return name;
+}
+
+void removeUnfinished(const fs::path& path) {
+    std::error_code ignored;
+    fs::remove(unfinished(behindLinks(path)), ignored);
 }
 
 void overwriteFile(const fs::path& path, std::string_view bytes) {

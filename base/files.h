@@ -30,9 +30,22 @@ namespace base {
 /// file even from those who may write everything.
 [[nodiscard]] bool isReadOnly(const std::filesystem::path& path);
 
-/// Writes beside the file and renames, so that a crash or a full disk never leaves half a file. A file
+/// Writes beside the file and renames, so that neither a crash nor a full disk leaves half a file. A file
 /// that is read-only is not replaced. Throws FileError and leaves the old file as it was.
 void replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+/// The same, and renames only when the bytes have reached the disk, so that a power cut leaves the old file
+/// or the new one too. Takes as long as the disk does: some milliseconds.
+void replaceFileDurably(const std::filesystem::path& path, std::string_view bytes);
+
+/// What stands beside a file while it is being replaced: its name with this ending.
+inline constexpr std::string_view unfinishedEnding = ".new";
+
+/// A name without that ending, in any letter case.
+[[nodiscard]] std::string_view withoutUnfinishedEnding(std::string_view name);
+
+/// Deletes what a `replaceFile` that was killed has left beside the file.
+void removeUnfinished(const std::filesystem::path& path);
 
 /// Writes over the old bytes and cuts to length: the fastest way for a page that is written at every
 /// step through the grid and is worth nothing after it. Throws FileError.

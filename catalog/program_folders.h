@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/file_name.h"
+#include "base/files.h"
 #include "base/text.h"
 
 #include <array>
@@ -13,12 +14,16 @@ namespace catalog {
 inline constexpr std::string_view helpFolder = "help";
 inline constexpr std::string_view installFolder = "Install.tmp";
 
+/// Shows for a moment whether a folder can be written.
+inline constexpr std::string_view probeFile = "Write.tmp";
+
 /// Whether a name, in any letter case, is that of a file or folder of the program's own in `ProgramFolder`,
-/// so that no supplier can have it.
+/// for a moment at least, so that no supplier can have it.
 [[nodiscard]] inline bool isProgramsOwn(std::string_view name) {
-    constexpr std::array<std::string_view, 8> own{helpFolder,  installFolder, "Tavorine", "Tavorine.exe",
-                                                  "Start.ini", "Start.ect",   "Tmp.htm",  "Basket.dat"};
-    return base::holdsName(own, name);
+    constexpr std::array<std::string_view, 9> own{helpFolder,     installFolder, "Tavorine",
+                                                  "Tavorine.exe", "Start.ini",   "Start.ect",
+                                                  "Tmp.htm",      "Basket.dat",  probeFile};
+    return base::holdsName(own, base::withoutUnfinishedEnding(name));
 }
 
 /// Whether a supplier's folder, and so its zip, can have this name on every platform.

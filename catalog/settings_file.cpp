@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace catalog {
 namespace {
@@ -143,15 +144,21 @@ std::string SettingsFile::read(SettingKey key) const {
 }
 
 bool SettingsFile::write(SettingKey key, std::string_view value) const {
+    return write({{key, std::string(value)}});
+}
+
+bool SettingsFile::write(const std::vector<Setting>& settings) const {
     std::error_code error;
     const auto before = base::readFile(m_path);
     if (!before && std::filesystem::exists(m_path, error))
         return false; // never replace settings that cannot be read
-    const auto after = withSetting(before.value_or(std::string()), key, value);
+    auto after = before.value_or(std::string());
+    for (const auto& setting : settings)
+        after = withSetting(std::move(after), setting.key, setting.value);
     if (after == before)
         return true;
     try {
-        base::replaceFile(m_path, after);
+        base::replaceFileDurably(m_path, after);
         return true;
     } catch (const base::FileError&) {
         return false; // a setting that cannot be kept stops nobody

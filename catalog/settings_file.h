@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace catalog {
 
@@ -14,6 +15,11 @@ inline constexpr std::string_view startSettingsFile = "Start.ini"; ///< in `Prog
 
 /// Of a longer value this many bytes are read.
 inline constexpr std::size_t longestSetting = 249;
+
+struct Setting {
+    SettingKey key;
+    std::string value;
+};
 
 /// One settings file (docs/file-formats.md, "Settings files"), read and written a key at a time; it is
 /// never held open. Section and key match without regard to case. Find the path with base::filePath,
@@ -32,6 +38,9 @@ public:
     /// a failure leaves the file as it was, and most callers do without a word. A line break inside the value
     /// would start another line of the file, so it is written as a blank.
     bool write(SettingKey key, std::string_view value) const;
+
+    /// The same for several at once: all of them or none, in that order where they are new.
+    bool write(const std::vector<Setting>& settings) const;
 
 private:
     std::filesystem::path m_path;

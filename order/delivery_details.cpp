@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <string_view>
+#include <vector>
 
 namespace order {
 namespace {
@@ -54,10 +55,10 @@ DeliveryDetails readDetails(const catalog::SettingsFile& settings) {
 }
 
 bool saveDetails(const DeliveryDetails& values, const catalog::SettingsFile& settings) {
-    bool written = settings.write(setting::orderTax, values.taxExempt ? "1" : "0");
+    std::vector<catalog::Setting> written{{setting::orderTax, values.taxExempt ? "1" : "0"}};
     for (const auto& detail : details)
-        written &= settings.write(detail.key, quotedIfNeeded(values.*detail.text));
-    return written;
+        written.push_back({detail.key, quotedIfNeeded(values.*detail.text)});
+    return settings.write(written);
 }
 
 }

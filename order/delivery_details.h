@@ -29,8 +29,8 @@ struct DeliveryDetails {
 [[nodiscard]] bool canBeKept(std::string_view text);
 
 /// Writes the nine keys, Tax first. A text that begins and ends with the same quotation mark is written
-/// inside one more pair, because reading takes one off, and so is one with tabs around it. False when one of
-/// them could not be written.
+/// inside one more pair, because reading takes one off, and so is one with tabs around it. All are written or
+/// none; false when they could not be.
 bool saveDetails(const DeliveryDetails& details, const catalog::SettingsFile& settings);
 
 }

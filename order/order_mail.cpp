@@ -36,7 +36,7 @@ bool isMailAddress(std::string_view text) {
     if (at == std::string_view::npos || at > longestName || text.size() > longest)
         return false;
     // No "-" in front, which a command would take for the start of an option.
-    return !text.starts_with('-') && isDotted(text.substr(0, at), "!#$%&'*+-/=?^_`{|}~") &&
+    return !text.starts_with('-') && isDotted(text.substr(0, at), "'+-=_~") &&
            isDotted(text.substr(at + 1), "-");
 }
 

@@ -16,13 +16,16 @@ public:
     enum class Result {
         extracted,      ///< at least one entry matched, and every one that did is complete on the disk
         nothingMatched, ///< the archive is readable and holds no such entry
-        failed,         ///< damaged, encrypted, or packed in a way that is not known
-        notWritten,     ///< the folder cannot be written, or the disk is full
-        tooLarge, ///< all its entries together unpack to more than 2 GiB, or there are more than 100,000
-        cancelled ///< the user has closed the window meanwhile
+        failed,     ///< damaged, encrypted, packed in a way that is not known, or with names that no disk can
+                    ///< hold
+        notWritten, ///< the folder cannot be written, or the disk is full
+        tooLarge,   ///< all its entries together unpack to more than 2 GiB, or there are more than 100,000
+        cancelled   ///< the user has closed the window meanwhile
     };
 
-    /// The names of the files at the archive's top level, in the code page; nothing when it cannot be read.
+    /// The names of the files at the archive's top level, in the code page; nothing when it cannot be read or
+    /// has names that no disk can hold.
+    /// The caller waits; the windows stay alive meanwhile.
     virtual std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) = 0;
 
     /// Extracts the entries that match the mask into the folder, over files that are there already in

@@ -152,13 +152,32 @@ TEST_F(CatalogZips, ThatCannotBeReadAreToldOnceAndDeleted) {
     EXPECT_TRUE(fs::is_empty(program));
 }
 
+TEST_F(CatalogZips, ThatMayNotBeReadAreToldAndKept) {
+    if (!support::foldersCanBeReadOnly)
+        GTEST_SKIP() << "every file can be read here";
+    drop("ACME.zip", catalogZip("ACME", "00001"));
+    fs::permissions(program / "ACME.zip", fs::perms::none);
+    fs::permissions(program, fs::perms::all);
+    {
+        const support::OrdinaryUser user;
+        EXPECT_THAT(
+            installAll(),
+            ElementsAre("exclamation [Tavorine Catalog Viewer] " + base::textOf(program / "ACME.zip") +
+                        " cannot be read\nPlease check that you may read it and that no other program uses "
+                        "it, then start the program again"));
+    }
+    EXPECT_TRUE(exists("ACME.zip"));
+}
+
 TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("help/index.html", "the book");
     put("HELP.sup", "HELP|Helpful Ltd\r\n"); // a marker by hand lists none either
     put("readme.txt", "mine");
-    const std::vector<std::string> names{".",          "ACME ",     "ACME.",     "ACME.zip",    "COM1",
-                                         "COM\xB9.x",  "Help",      "Help (1)",  "Install.tmp", "nul",
-                                         "README.TXT", "Start.ini", "start.ECT", "Tavorine",    "Tmp.htm"};
+    put("Taken.SUP/PrdPrm.dat", "another supplier's, where the marker would go");
+    const std::vector<std::string> names{
+        ".",         "ACME ",       "ACME.",    "ACME.zip",   "COM1",      "COM\xB9.x",     "Help",
+        "Help (1)",  "Install.tmp", "nul",      "README.TXT", "Start.ini", "start.INI.new", "Write.tmp",
+        "start.ECT", "Taken",       "Tavorine", "Tmp.htm"};
     for (const auto& name : names)
         drop(name + ".zip", catalogZip(name == "Help (1)" ? "Help" : name, "00001"));
     const auto lines = installAll();
@@ -170,6 +189,7 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
         EXPECT_FALSE(exists("Help.jpg") || exists("Install.tmp"));
     }
     EXPECT_EQ(contents("help/index.html"), "the book");
+    EXPECT_TRUE(exists("Taken.SUP/PrdPrm.dat"));
     EXPECT_THAT(app::MarkerFiles(program, box).suppliers(), IsEmpty());
 }
 
@@ -201,6 +221,8 @@ TEST_F(CatalogZips, ThatAreDamagedChangeNothingAndSaySoOnce) {
         {"parameters too short", whole().add("prdprm.dat", tooShort)},
         {"parameters below a folder",
          support::ZipBuilder().add("ACME.sup", "ACME|N").add("x/PrdPrm.dat", tooShort)},
+        {"a name that fits on no disk", whole().add(std::string(256, 'n'), "x")},
+        {"a file that is a folder too", whole().add("pics", "x").add("Pics/a.jpg", "x")},
         {"a folder named like a data file", support::ZipBuilder()
                                                 .add("ACME.sup", "ACME|N")
                                                 .add("PrdPrm.dat", parameters("ACME", "00002", ""))
@@ -254,10 +276,13 @@ TEST_F(CatalogZips, WithoutADataFileAreDamagedUnlessTheInstalledCatalogHasIt) {
 TEST_F(CatalogZips, NeverReplaceTheUsersOwnFiles) {
     auto zip = catalogZip("ACME", "00002");
     zip.add("user.ini", "theirs").add("BASKET.DAT", "theirs").add("Tmp.htm/a.txt", "theirs");
+    for (const auto* inTheWay : {"User.ini.NEW/a", "write.tmp/a", "Write.tmp.new/a"})
+        zip.add(inTheWay, "theirs");
     drop("ACME.zip", zip);
     installAll();
     EXPECT_EQ(installedVersion("ACME"), "00002");
     EXPECT_FALSE(exists("ACME/user.ini") || exists("ACME/BASKET.DAT") || exists("ACME/Tmp.htm"));
+    EXPECT_FALSE(exists("ACME/User.ini.NEW") || exists("ACME/write.tmp") || exists("ACME/Write.tmp.new"));
 
     for (const auto* file : {"User.ini", "Basket.dat", "Tmp.htm"})
         put(fs::path("ACME") / file, "mine");
@@ -287,6 +312,24 @@ TEST_F(CatalogZips, StayForTheNextStartWhenTheDiskIsFull) {
     installAll();
     EXPECT_EQ(installedVersion("ACME"), "00002");
     EXPECT_EQ(installedVersion("BETA"), "00001");
+}
+
+TEST_F(CatalogZips, StayForTheNextStartWhereTheCatalogFolderIsReadOnly) {
+    if (!support::foldersCanBeReadOnly)
+        GTEST_SKIP() << "every folder can be written here";
+    install("ACME");
+    drop("ACME.zip", catalogZip("ACME", "00002").add("new.jpg", "new"));
+    fs::permissions(program, fs::perms::all);
+    {
+        const support::ReadOnlyFolder folder(program / "ACME");
+        const support::OrdinaryUser user;
+        EXPECT_THAT(installAll().back(),
+                    HasSubstr("Cannot write to " + base::textOf(program / "ACME") + "\n"));
+    }
+    expectUntouched();
+    EXPECT_FALSE(exists("ACME/new.jpg") || exists("ACME.jpg"));
+    installAll();
+    EXPECT_EQ(installedVersion("ACME"), "00002");
 }
 
 TEST_F(CatalogZips, ThatAreTooLargeAreRefusedWithOneMessage) {
@@ -334,7 +377,8 @@ TEST_F(CatalogZips, ReplaceAnInstalledCatalogWhoseParametersAreDamaged) {
 TEST_F(CatalogZips, AnInterruptedUpdateIsTakenBackAndThenRepeated) {
     install("ACME", "00001");
     put("ACME/a.jpg", "half new");
-    put("Install.tmp/ACME/old/a.jpg", "old");
+    put("Install.tmp/ACME/added", "");
+    put("Install.tmp/ACME/old/ACME/a.jpg", "old");
     drop("ACME.zip", catalogZip("ACME", "00002").add("b.jpg", "new"));
     installAll();
     EXPECT_EQ(installedVersion("ACME"), "00002");

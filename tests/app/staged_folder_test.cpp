@@ -2,6 +2,7 @@
 #include "base/errors.h"
 #include "tests/app/start_up_fixture.h"
 #include "tests/support/file_system.h"
+#include "tests/support/ordinary_user.h"
 
 #include <gmock/gmock.h>
 
@@ -12,6 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class StagedFolder : public StartUpFixture {
 protected:
@@ -90,26 +92,74 @@ TEST_F(StagedFolder, AFailedFirstInstallationLeavesNoFolder) {
 
 TEST_F(StagedFolder, AnInterruptedInstallationIsTakenBackAtTheNextStart) {
     put("ACME/a.jpg", "new");
-    put("ACME/x", "new"); // a file in the place of the folder kept below
+    put("ACME/b.jpg", "added");
+    put("ACME/deep/c.jpg", "added");
+    put("ACME/x", "new");      // a file in the place of the folder kept below
+    put("ACME/y/z", "added");  // a folder in the place of the file kept below
+    put("ACME/own/my", "own"); // came into a folder that was added
     put("ACME/PrdPrm.dat", "old");
-    put("Install.tmp/ACME/old/a.jpg", "old");
-    put("Install.tmp/ACME/old/pics/b.jpg", "old");
-    put("Install.tmp/ACME/old/x/inside.txt", "old");
-    put("Install.tmp/ACME/new/pics/b.jpg", "new");
+    put("ACME.sup", "new");
+    base::replaceFile(root / "outside", "mine");
+    put("ACME.jpg", "added");
+    put("Install.tmp/ACME/added", "ACME/b.jpg\nACME/deep\nACME/deep/c.jpg\nACME/own\n../outside\nACME/../../"
+                                  "outside\nACME/y/z\nACME/not/yet\nACME.jpg\n");
+    put("Install.tmp/ACME/old/ACME/a.jpg", "old");
+    put("Install.tmp/ACME/old/ACME/x/inside.txt", "old");
+    put("Install.tmp/ACME/old/ACME/y", "old");
+    put("Install.tmp/ACME/old/ACME.sup", "old");
+    put("Install.tmp/ACME/new/ACME/d.jpg", "new");
     put("Install.tmp/BETA/new/half.jpg", "new");
-    fs::create_directories(program / "ACME" / "pics");
-    app::StagedFolder::recover(program);
-    EXPECT_THAT(found(), ElementsAre("ACME/PrdPrm.dat=old", "ACME/a.jpg=old", "ACME/pics/b.jpg=old",
-                                     "ACME/x/inside.txt=old"));
-    EXPECT_FALSE(exists("Install.tmp"));
+    put("Install.tmp/GAMMA.zip", "half of a zip that was dropped");
+    EXPECT_THAT(app::StagedFolder::recover(program), IsEmpty());
+    EXPECT_THAT(found(), ElementsAre("ACME.sup=old", "ACME/PrdPrm.dat=old", "ACME/a.jpg=old",
+                                     "ACME/own/my=own", "ACME/x/inside.txt=old", "ACME/y=old"));
+    EXPECT_FALSE(exists("ACME/deep") || exists("Install.tmp"));
+    EXPECT_TRUE(fs::exists(root / "outside"));
 }
 
 TEST_F(StagedFolder, ACompleteInstallationIsNotTakenBack) {
     put("ACME/a.jpg", "new");
-    put("Install.tmp/ACME/done/a.jpg", "old");
-    app::StagedFolder::recover(program);
+    put("Install.tmp/ACME/old/ACME/a.jpg", "old");
+    EXPECT_THAT(app::StagedFolder::recover(program), IsEmpty());
     EXPECT_THAT(found(), ElementsAre("ACME/a.jpg=new"));
-    app::StagedFolder::recover(program / "none");
+    EXPECT_THAT(app::StagedFolder::recover(program / "none"), IsEmpty());
+}
+
+TEST_F(StagedFolder, WhatCannotBeTakenBackIsToldAndKeptForTheNextTry) {
+    if (!support::foldersCanBeReadOnly)
+        GTEST_SKIP() << "every folder can be written here";
+    put("ACME/a.jpg", "new");
+    put("Install.tmp/ACME/added", "");
+    put("Install.tmp/ACME/old/ACME/a.jpg", "old");
+    {
+        const support::ReadOnlyFolder folder(program / "ACME");
+        const support::OrdinaryUser user;
+        EXPECT_THAT(app::StagedFolder::recover(program), ElementsAre("ACME"));
+        EXPECT_THROW(app::StagedFolder(program, "ACME"), base::FileError);
+    }
+    EXPECT_THAT(app::StagedFolder::recover(program), IsEmpty());
+    EXPECT_THAT(found(), ElementsAre("ACME/a.jpg=old"));
+}
+
+TEST_F(StagedFolder, AFolderThatIsALinkStaysOne) {
+    if (!support::hasSymbolicLinks())
+        GTEST_SKIP() << "no symbolic links here";
+    put("elsewhere/a.jpg", "old");
+    put("elsewhere/kept.jpg", "old");
+    fs::create_directory_symlink("elsewhere", program / "ACME");
+    const auto moveIn = [&](std::string_view contents, std::string_view last) {
+        app::StagedFolder staged(program, "ACME");
+        base::replaceFile(staged.folder() / "a.jpg", contents);
+        fs::create_directories(staged.folder() / last);
+        base::replaceFile(staged.folder() / last / "b.jpg", "new");
+        staged.moveIn(last);
+    };
+    EXPECT_THROW(moveIn("none", "x"), base::FileError);
+    EXPECT_THAT(contents("elsewhere/a.jpg"), "old");
+    moveIn("new", ".");
+    EXPECT_TRUE(fs::is_symlink(program / "ACME"));
+    EXPECT_EQ(contents("elsewhere/a.jpg"), "new");
+    EXPECT_EQ(contents("elsewhere/kept.jpg"), "old");
 }
 
 TEST_F(StagedFolder, SaysWhenThereIsNoPlaceToUnpack) {

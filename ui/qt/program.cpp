@@ -52,7 +52,7 @@ void Program::installDropped(const std::vector<std::filesystem::path>& zips) {
     std::vector<std::filesystem::path> arrived;
     for (const auto& zip : zips) {
         m_welcome.setStatus("Copying " + base::textOf(zip.filename()));
-        arrived.push_back(system::deliverZip(zip, m_programFolder));
+        arrived.push_back(system::deliverZip(zip, m_programFolder, catalog::installFolder));
         if (m_guard.ending())
             return;
     }

@@ -6,10 +6,12 @@
 #include <QObject>
 
 #include <atomic>
+#include <functional>
 
 namespace ui::system {
 
-/// Unpacks on a thread of its own while the caller waits in an event loop, so that windows stay alive.
+/// Unpacks on a thread of its own while the caller waits in an event loop, so that windows stay alive. What
+/// is extracted has reached the disk, where the system has a call for that.
 class BackgroundArchive final : public QObject, public platform::Archive {
     Q_OBJECT
 
@@ -28,6 +30,8 @@ signals:
     void progress(quint64 done, quint64 total);
 
 private:
+    void whileBusy(const std::function<void()>& work);
+
     ZipExtractor m_extractor;
     std::atomic<bool> m_cancelled = false;
     bool m_busy = false;

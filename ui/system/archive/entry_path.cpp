@@ -4,6 +4,8 @@
 #include "base/file_name.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace ui::system {
 
 std::optional<EntryPath> entryPath(std::string_view nameInUtf8) {
@@ -21,6 +23,18 @@ std::optional<EntryPath> entryPath(std::string_view nameInUtf8) {
     if (entry.path.empty())
         return std::nullopt;
     return entry;
+}
+
+bool fitsOnDisk(const EntryPath& entry) {
+    constexpr std::size_t longestPart = 255;
+    constexpr std::size_t longestPath = 1000;
+    constexpr std::size_t mostParts = 32;
+    if (entry.path.size() > longestPath)
+        return false;
+    const auto parts = base::split(entry.path, '/');
+    return parts.size() <= mostParts && std::all_of(parts.begin(), parts.end(), [](std::string_view part) {
+               return part.size() <= longestPart;
+           });
 }
 
 bool matchesMask(std::string_view mask, const EntryPath& entry) {

@@ -18,6 +18,10 @@ struct EntryPath {
 /// from one to the other.
 [[nodiscard]] std::optional<EntryPath> entryPath(std::string_view nameInUtf8);
 
+/// Whether common disks have room for the path: parts of at most 255 bytes, 1,000 bytes in all, at most 32
+/// parts.
+[[nodiscard]] bool fitsOnDisk(const EntryPath& entry);
+
 /// "*" matches every path; any other mask only names at the top, without regard to case, and a "*" in
 /// front of it stands for any beginning. The mask is in the code page.
 [[nodiscard]] bool matchesMask(std::string_view mask, const EntryPath& entry);

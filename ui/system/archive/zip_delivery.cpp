@@ -11,28 +11,31 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void copyWhole(const fs::path& from, const fs::path& to) {
-    auto part = to;
-    part += ".part";
+void copyWhole(const fs::path& from, const fs::path& to, const fs::path& workFolder) {
+    const auto part = workFolder / to.filename();
     std::error_code error;
     std::error_code ignored;
-    fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
+    fs::create_directories(workFolder, error);
+    if (!error)
+        fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
     if (!error)
         fs::rename(part, to, error);
-    if (!error)
-        return;
     fs::remove(part, ignored);
-    throw base::FileError(base::textOf(from) + " cannot be copied to " + base::textOf(to.parent_path()) +
-                          "\nPlease check that the disk is not full and that you may write to that folder");
+    fs::remove(workFolder, ignored); // unless others are in it
+    if (error)
+        throw base::FileError(
+            base::textOf(from) + " cannot be copied to " + base::textOf(to.parent_path()) +
+            "\nPlease check that the disk is not full and that you may write to that folder");
 }
 
 }
 
-fs::path deliverZip(const fs::path& zip, const fs::path& folder) {
+fs::path deliverZip(const fs::path& zip, const fs::path& folder, std::string_view workFolder) {
     auto delivered = folder / zip.filename();
     std::error_code ignored;
     if (!fs::equivalent(zip, delivered, ignored))
-        runInBackground([&] { copyWhole(zip, delivered); }, QEventLoop::ExcludeUserInputEvents);
+        runInBackground([&] { copyWhole(zip, delivered, folder / workFolder); },
+                        QEventLoop::ExcludeUserInputEvents);
     return delivered;
 }
 

@@ -39,7 +39,7 @@ bool holdsFileThatIsFolder(const std::vector<ZipEntry>& entries) {
 /// Makes the folders in which entries go. A link in the way is not followed: nothing goes there.
 class TargetFolders {
 public:
-    enum class State { ready, link, blocked };
+    enum class State { ready, link, blocked, tooLong };
 
     TargetFolders(const fs::path& root, std::vector<fs::path>& made) : m_made(made) {
         m_known.emplace((root / "x").parent_path(), State::ready); // spelled like the parent of any entry
@@ -64,7 +64,7 @@ private:
         if (type == fs::file_type::directory)
             return State::ready;
         if (!fs::create_directory(folder, error))
-            return State::blocked;
+            return error == std::errc::filename_too_long ? State::tooLong : State::blocked;
         m_made.push_back(folder);
         return State::ready;
     }
@@ -80,11 +80,7 @@ public:
                ExtractionProgress* progress)
         : m_zip(zip), m_folder(folder), m_byteLimit(byteLimit), m_progress(progress) {}
 
-    ~Extraction() {
-        std::error_code ignored;
-        if (!m_parts.empty())
-            fs::remove_all(m_parts, ignored);
-    }
+    ~Extraction() { static_cast<void>(clear()); }
 
     Extraction(const Extraction&) = delete;
     Extraction& operator=(const Extraction&) = delete;
@@ -97,10 +93,19 @@ public:
         for (const auto& entry : entries)
             if (const auto result = unpack(entry); result != Result::extracted)
                 return result;
-        return moveToPlace(entries);
+        const auto result = moveToPlace(entries);
+        return clear() ? result : Result::notWritten;
     }
 
 private:
+    // What stays of the parts would pass for something that was extracted.
+    bool clear() {
+        std::error_code error;
+        if (!m_parts.empty())
+            fs::remove_all(m_parts, error);
+        return !error;
+    }
+
     // A new folder under a name that no entry uses.
     bool makePartsFolder(const std::vector<ZipEntry>& entries) {
         constexpr int attempts = 1000;
@@ -157,6 +162,13 @@ private:
     }
 
     Result moveToPlace(const std::vector<ZipEntry>& entries) {
+        const auto result = moveAll(entries);
+        if (result != Result::extracted)
+            takeBack();
+        return result;
+    }
+
+    Result moveAll(const std::vector<ZipEntry>& entries) {
         base::CaselessTree places(m_folder);
         TargetFolders folders(m_folder, m_made);
         bool moved = false;
@@ -165,24 +177,27 @@ private:
             const auto state = folders.make(entry.where.isFolder ? place : place.parent_path());
             if (state == TargetFolders::State::link)
                 continue;
-            if (state == TargetFolders::State::blocked || !move(entry, place)) {
-                takeBack();
+            if (state == TargetFolders::State::tooLong)
+                return Result::failed;
+            if (state == TargetFolders::State::blocked)
                 return Result::notWritten;
-            }
+            if (const auto error = move(entry, place))
+                return error == std::errc::filename_too_long ? Result::failed : Result::notWritten;
             moved = true;
         }
         return moved ? Result::extracted : Result::nothingMatched;
     }
 
-    bool move(const ZipEntry& entry, const fs::path& place) {
+    std::error_code move(const ZipEntry& entry, const fs::path& place) {
         std::error_code error;
         if (entry.where.isFolder)
-            return true;
+            return error;
         const bool isNew = fs::symlink_status(place, error).type() == fs::file_type::not_found;
+        error.clear();
         fs::rename(partOf(entry), place, error);
         if (!error && isNew)
             m_made.push_back(place);
-        return !error;
+        return error;
     }
 
     void takeBack() const {
@@ -206,7 +221,7 @@ private:
 
 std::optional<std::vector<std::string>> ZipExtractor::topLevelFiles(const fs::path& archive) {
     const ZipReader zip(archive);
-    if (!zip.isOpen())
+    if (!zip.isOpen() || !zip.isSound(ExtractionLimits().entries))
         return std::nullopt;
     std::vector<std::string> names;
     for (const auto& entry : zip.entries("*"))
@@ -222,6 +237,8 @@ Result ZipExtractor::extract(const fs::path& archive, std::string_view mask, con
         return Result::failed;
     if (zip.entryCount() > m_limits.entries || zip.unpackedSize() > m_limits.bytes)
         return Result::tooLarge;
+    if (!zip.isSound(m_limits.entries))
+        return Result::failed;
     const auto entries = zip.entries(mask);
     if (entries.empty())
         return Result::nothingMatched;

@@ -5,11 +5,34 @@
 
 #include <zip.h>
 
+#include <algorithm>
 #include <limits>
 #include <map>
+#include <unordered_set>
 
 namespace ui::system {
 namespace {
+
+std::string folderOf(const std::string& name) {
+    const auto end = name.find_last_of('/');
+    return end == std::string::npos ? std::string() : name.substr(0, end);
+}
+
+/// The names of an archive in upper case.
+struct Names {
+    std::unordered_set<std::string> files;
+    std::unordered_set<std::string> folders;
+
+    void add(const EntryPath& entry) {
+        auto name = base::upper(base::fromUtf8(entry.path));
+        if (!entry.isFolder) {
+            files.insert(name);
+            name = folderOf(name);
+        }
+        while (!name.empty() && folders.insert(name).second)
+            name = folderOf(name);
+    }
+};
 
 zip_source_t* openSource(const std::filesystem::path& path, zip_error_t& error) {
     constexpr zip_int64_t toTheEnd = -1;
@@ -105,6 +128,19 @@ std::vector<ZipEntry> ZipReader::entries(std::string_view mask) const {
         found[place->second] = {index, sizeOf(index), *where};
     }
     return found;
+}
+
+bool ZipReader::isSound(std::uint64_t mostFolders) const {
+    Names names;
+    for (const auto& entry : entries("*")) {
+        if (!fitsOnDisk(entry.where))
+            return false;
+        names.add(entry.where);
+        if (names.folders.size() > mostFolders)
+            return false;
+    }
+    return std::none_of(names.folders.begin(), names.folders.end(),
+                        [&](const std::string& folder) { return names.files.contains(folder); });
 }
 
 }

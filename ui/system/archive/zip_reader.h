@@ -59,6 +59,10 @@ public:
     /// case only, the last one stands for all.
     [[nodiscard]] std::vector<ZipEntry> entries(std::string_view mask) const;
 
+    /// Whether a disk can hold all entries beside each other: names that fit, no name that is a file and a
+    /// folder too, in any letter case, and no more than so many folders.
+    [[nodiscard]] bool isSound(std::uint64_t mostFolders) const;
+
     [[nodiscard]] ZipEntryReader open(const ZipEntry& entry) const { return {*m_archive, entry}; }
 
 private:

@@ -21,6 +21,10 @@ bool isPrintable(char character) {
     return character >= ' ' && character <= '~';
 }
 
+bool isAsciiLetterOrDigit(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
 // Bytes of a character behind its first.
 bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -90,8 +94,25 @@ void appendQuotedPrintable(std::string& out, std::string_view text) {
     }
 }
 
+// What a header line can hold of a text without ending or naming a second address.
+std::string addressOf(std::string_view text) {
+    constexpr std::string_view signs = "'+-=_~.";
+    std::string address;
+    for (const char c : text)
+        if (isAsciiLetterOrDigit(c) || signs.find(c) != std::string_view::npos ||
+            (c == '@' && address.find('@') == std::string::npos))
+            address += c;
+    return address;
+}
+
+std::string oneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return !isPrintable(c); }, ' ');
+    return text;
+}
+
 std::string recipientAndSubject(const platform::Mail& mail) {
-    return "To: " + mail.to + "\n" + subjectLine(mail.subject);
+    return "To: " + addressOf(mail.to) + "\n" + subjectLine(mail.subject);
 }
 
 std::string contents(const platform::Mail& mail) {
@@ -108,8 +129,9 @@ std::string contents(const platform::Mail& mail) {
 }
 
 std::string mailMessage(const platform::Mail& mail, const MailStamp& stamp) {
-    return "From: " + stamp.from + "\n" + recipientAndSubject(mail) + "Date: " + stamp.date +
-           "\nMessage-ID: <" + stamp.messageId + ">\n" + contents(mail);
+    return "From: " + addressOf(stamp.from) + "\n" + recipientAndSubject(mail) +
+           "Date: " + oneLine(stamp.date) + "\nMessage-ID: <" + addressOf(stamp.messageId) + ">\n" +
+           contents(mail);
 }
 
 std::string draftMessage(const platform::Mail& mail) {

@@ -14,7 +14,8 @@ struct MailStamp {
 };
 
 /// The message as it travels (RFC 5322, MIME), all ASCII, its lines short and ending in LF. The body keeps
-/// the code page's encoding unless it holds characters that the code page lacks.
+/// the code page's encoding unless it holds characters that the code page lacks. Recipient and stamp are held
+/// to one address and one line each, whatever they are.
 [[nodiscard]] std::string mailMessage(const platform::Mail& mail, const MailStamp& stamp);
 
 /// The message as the file of a draft (".eml"), which mail programs open for the user to send; they know

@@ -1,5 +1,6 @@
 #include "ui/system/mail/system_mailer.h"
 
+#include "order/order_mail.h"
 #include "ui/system/mail/draft_mailer.h"
 
 #include <utility>
@@ -28,6 +29,8 @@ SystemMailer::SystemMailer(std::function<std::unique_ptr<platform::Mailer>()> ou
     : m_outbox(std::move(outbox)) {}
 
 platform::Mailer::Outcome SystemMailer::send(const platform::Mail& mail) {
+    if (!order::isMailAddress(mail.to))
+        return Outcome::failed;
     if (const auto outbox = m_outbox())
         return outbox->send(mail);
     return DraftMailer().send(mail);

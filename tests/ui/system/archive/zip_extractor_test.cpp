@@ -176,6 +176,46 @@ TEST_F(ZipExtractor, NothingOfADamagedArchiveStays) {
     EXPECT_THAT(found(), ElementsAre("good.txt=old"));
 }
 
+std::string repeated(std::string_view text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+/// Nobody can make room for these, so it is not the disk that is to blame.
+TEST_F(ZipExtractor, AnArchiveWhoseNamesFitOnNoDiskIsDamaged) {
+    const auto longest = std::string(255, 'n');
+    const auto deepest = repeated("d/", 31);
+    EXPECT_EQ(extract(ZipBuilder().add(longest, "x").add(deepest + "a", "x")), Result::extracted);
+    fs::remove_all(target);
+    fs::create_directory(target);
+    std::vector<ZipBuilder> damaged{
+        ZipBuilder().add(longest + "n", "x"),
+        ZipBuilder().add("pics/" + longest + "n/a.jpg", "x"),
+        ZipBuilder().add(deepest + "d/a", "x"),
+        ZipBuilder().add(repeated(longest + "/", 4) + "a", "x"),
+        ZipBuilder().add(repeated("d/", 32'700) + "a", "x"),
+        ZipBuilder().add("pics", "a file").add("PICS/a.jpg", "in a folder"),
+        ZipBuilder().add("pics/deep/a.jpg", "in a folder").add("Pics", "a file"),
+        ZipBuilder().add("pics", "a file").add("pics/"),
+    };
+    for (std::size_t i = 0; i < damaged.size(); ++i) {
+        EXPECT_EQ(extract(damaged[i].add("good.txt", "good")), Result::failed) << i;
+        EXPECT_FALSE(ui::system::ZipExtractor::topLevelFiles(archive)) << i;
+        EXPECT_THAT(found(), IsEmpty()) << i;
+    }
+}
+
+TEST_F(ZipExtractor, ANameThatIsTooLongOnlyHereIsDamageToo) {
+    ZipBuilder().add(repeated("folder/", 20) + "a.jpg", "x").writeTo(archive);
+    auto deep = target;
+    while (deep.native().size() < 4000)
+        deep /= std::string(std::min<std::size_t>(200, 4000 - deep.native().size()), 'd');
+    fs::create_directories(deep);
+    EXPECT_EQ(ui::system::ZipExtractor().extract(archive, "*", deep), Result::failed);
+}
+
 TEST_F(ZipExtractor, ADamagedEntryHurtsOnlyThoseWhoAskForIt) {
     EXPECT_EQ(extract(ZipBuilder().add("ACME.sup", "ACME|Acme").addEncrypted("secret.jpg", "x"), "ACME.sup"),
               Result::extracted);

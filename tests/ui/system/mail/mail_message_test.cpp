@@ -63,6 +63,22 @@ TEST(MailMessage, SubjectsArriveWholeWhateverTheyHold) {
     }
 }
 
+TEST(MailMessage, WhateverItIsGivenItsHeadersStayOneLineEach) {
+    for (const auto* address : {"a@b\r\nBcc: x@evil.example", "a@b\nX: y\n\nbody", "a@b,\r\n x@evil.example",
+                                "a@b, x@evil.example", "a@b>; x@evil.example", "a@b\xA0\xE9\"(c)"}) {
+        const platform::Mail mail{address, address, "x", false};
+        const auto sent = readMail(
+            ui::system::mailMessage(mail, {address, "01 Apr 2025 10:20:30 +0200\r\nX: " + mail.to, address}));
+        EXPECT_EQ(sent.headers,
+                  "From,To,Subject,Date,Message-ID,MIME-Version,Content-Type,Content-Transfer-Encoding")
+            << address;
+        EXPECT_EQ(sent.to.substr(0, 3), "a@b") << address;
+        EXPECT_EQ(sent.to.find_first_of(",; <>\r\n@", 2), std::string::npos) << address;
+        EXPECT_EQ(readMail(ui::system::draftMessage(mail)).headers.substr(0, 20), "X-Unsent,To,Subject,")
+            << address;
+    }
+}
+
 TEST(MailMessage, AnOrderNumberAddsNeitherHeadersNorRecipients) {
     for (const auto* orderNumber :
          {"7\r\nBcc: x@evil.example", "7\nTo: x@evil.example", "7\r\n\r\nbody", "7\rBcc: x"}) {

@@ -49,6 +49,19 @@ protected:
                         ".\r\na=b \n&#960;\n", false};
 };
 
+TEST_F(Mailers, NothingLeavesForMoreThanOneAddress) {
+    const auto command = installRecorder("sendmail");
+    ui::system::SystemMailer mailer([&]() -> std::unique_ptr<platform::Mailer> {
+        return std::make_unique<ui::system::SendmailMailer>(command);
+    });
+    for (const auto* address :
+         {"", "a@b, x@evil.example", "a@b\nBcc: x@evil.example", "a?bcc=x@evil.example"}) {
+        mail.to = address;
+        EXPECT_EQ(mailer.send(mail), Outcome::failed) << address;
+        EXPECT_EQ(recorded("arguments"), "nothing") << address;
+    }
+}
+
 TEST_F(Mailers, SendmailGetsTheMessageAndNoRecipientOnItsCommandLine) {
     EXPECT_EQ(ui::system::SendmailMailer(installRecorder("sendmail")).send(mail), Outcome::placed);
     EXPECT_EQ(recorded("arguments"), "[-oi][-t]");
