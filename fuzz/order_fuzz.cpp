@@ -146,7 +146,7 @@ void checkMessage(const platform::Mail& mail) {
     fuzz::require(headers.find("\nTo: " + mail.to + "\nSubject: ") != std::string_view::npos,
                   "another recipient");
     checkBody(std::string_view(message).substr(end + 2), mail,
-              headers.find("=utf-8") != std::string_view::npos);
+              headers.find("; charset=utf-8\nContent-Transfer-Encoding: ") != std::string_view::npos);
     const auto draft = ui::system::draftMessage(mail);
     fuzz::require(base::replaceAll(draft, "\r\n", "").find('\n') == std::string::npos,
                   "a line ends in LF alone");

@@ -162,6 +162,13 @@ private:
     }
 
     Result moveToPlace(const std::vector<ZipEntry>& entries) {
+        const auto result = moveAll(entries);
+        if (result != Result::extracted)
+            takeBack();
+        return result;
+    }
+
+    Result moveAll(const std::vector<ZipEntry>& entries) {
         base::CaselessTree places(m_folder);
         TargetFolders folders(m_folder, m_made);
         bool moved = false;
@@ -171,11 +178,11 @@ private:
             if (state == TargetFolders::State::link)
                 continue;
             if (state == TargetFolders::State::tooLong)
-                return giveUp(Result::failed);
+                return Result::failed;
             if (state == TargetFolders::State::blocked)
-                return giveUp(Result::notWritten);
+                return Result::notWritten;
             if (const auto error = move(entry, place))
-                return giveUp(error == std::errc::filename_too_long ? Result::failed : Result::notWritten);
+                return error == std::errc::filename_too_long ? Result::failed : Result::notWritten;
             moved = true;
         }
         return moved ? Result::extracted : Result::nothingMatched;
@@ -186,18 +193,17 @@ private:
         if (entry.where.isFolder)
             return error;
         const bool isNew = fs::symlink_status(place, error).type() == fs::file_type::not_found;
+        error.clear();
         fs::rename(partOf(entry), place, error);
         if (!error && isNew)
             m_made.push_back(place);
         return error;
     }
 
-    // What was made is taken back.
-    [[nodiscard]] Result giveUp(Result result) const {
+    void takeBack() const {
         std::error_code ignored;
         std::for_each(m_made.rbegin(), m_made.rend(),
                       [&](const fs::path& made) { fs::remove(made, ignored); });
-        return result;
     }
 
     const ZipReader& m_zip;
