@@ -6,7 +6,7 @@
 #include "fuzz/sections.h"
 #include "fuzz/stored_zip.h"
 #include "platform/message_box.h"
-#include "tests/support/quiet_window.h"
+#include "tests/app/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 
 #include <map>

@@ -10,10 +10,10 @@
 #include "order/basket_file.h"
 #include "order/details_file.h"
 #include "pages/scratch_page.h"
+#include "tests/app/quiet_window.h"
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_browser.h"
 #include "tests/support/fake_message_box.h"
-#include "tests/support/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 #include "ui/system/disk_file.h"
 

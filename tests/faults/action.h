@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,11 @@ struct Action {
 [[nodiscard]] const std::vector<Action>& actions();
 
 [[nodiscard]] std::string nameOf(const Action& action);
+
+/// For the names of tests.
+inline void PrintTo(const Action& action, std::ostream* out) {
+    *out << action.name;
+}
 
 /// Starts the program in this folder, where no zip lies, chooses ACME where it is listed, and opens its
 /// catalogue. Answers with what it complained about, a line each; ends of the program count.

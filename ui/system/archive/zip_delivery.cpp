@@ -15,7 +15,7 @@ void copyWhole(const fs::path& from, const fs::path& to, const fs::path& workFol
     const auto part = workFolder / to.filename();
     std::error_code error;
     std::error_code ignored;
-    fs::create_directories(workFolder, error);
+    fs::create_directory(workFolder, error);
     if (!error)
         fs::copy_file(from, part, fs::copy_options::overwrite_existing, error);
     if (!error)

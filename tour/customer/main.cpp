@@ -3,9 +3,9 @@
 // makes a program folder in FOLDER and prints the memory of all processes once a minute. At the end it fails
 // when the program ended or stood still for longer than a second, when an order did not add up, or when the
 // memory had grown by more than 5 % since the tenth minute.
-#include "tour/customer.h"
-#include "tour/heartbeat.h"
-#include "tour/process_memory.h"
+#include "tour/customer/customer.h"
+#include "tour/customer/heartbeat.h"
+#include "tour/customer/process_memory.h"
 #include "tour/program_folder.h"
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
@@ -151,4 +151,4 @@ int main(int argc, char* argv[]) {
     return endure(wanted) ? 0 : 1;
 }
 
-#include "endurance.moc"
+#include "main.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tour/heartbeat.h"
+#include "tour/customer/heartbeat.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "tour/customer.h"
+#include "tour/customer/customer.h"
 
 #include "tour/script.h"
 #include "ui/qt/grid/grid.h"

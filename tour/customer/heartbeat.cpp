@@ -1,4 +1,4 @@
-#include "tour/heartbeat.h"
+#include "tour/customer/heartbeat.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "tour/process_memory.h"
+#include "tour/customer/process_memory.h"
 
 #include <algorithm>
 #include <charconv>
