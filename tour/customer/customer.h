@@ -55,7 +55,7 @@ private:
     void fillInDetail();
     void fillInDate();
     void compareTotals();
-    void press(const char* button);
+    bool press(const char* button);
     void complain(const std::string& what);
 
     [[nodiscard]] int any(int below);
@@ -73,6 +73,7 @@ private:
     std::size_t m_actions = 0;
     std::size_t m_faults = 0;
     bool m_isIn = false;
+    bool m_repriced = false; // since the last check out
     bool m_stopped = false;
 };
 
