@@ -9,6 +9,7 @@
 #include "tests/app/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 
+#include <algorithm>
 #include <map>
 #include <string>
 

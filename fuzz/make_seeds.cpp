@@ -5,6 +5,7 @@
 #include "tests/support/catalog_builder.h"
 #include "tests/support/zip_builder.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <string>

@@ -11,6 +11,7 @@
 #include "order/order_writer.h"
 #include "ui/system/mail/mail_message.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>

@@ -11,6 +11,7 @@
 #include "ui/grid_columns.h"
 #include "ui/product_search.h"
 
+#include <algorithm>
 #include <string>
 
 namespace {

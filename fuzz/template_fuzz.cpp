@@ -5,6 +5,7 @@
 #include "pages/template/prepared_template.h"
 #include "pages/template/template_text.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>

@@ -13,6 +13,8 @@
 #include <QTableView>
 #include <QWebEngineView>
 
+#include <algorithm>
+
 namespace tour {
 namespace {
 

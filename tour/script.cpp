@@ -96,6 +96,14 @@ QWidget* visibleWidget(const QString& name) {
     return nullptr;
 }
 
+void activate(QWidget& window) {
+    // Deliberate: what is to be called instead asks a window manager, and leaves other platforms as they are.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(&window);
+    QT_WARNING_POP
+}
+
 bool takesKeys(const QWidget* widget) {
     return widget && widget->isVisible() && widget->window()->focusWidget() == widget &&
            !QApplication::activeModalWidget();

@@ -63,6 +63,9 @@ Widget* visible(const QString& name) {
     return qobject_cast<Widget*>(visibleWidget(name));
 }
 
+/// Makes a window the active one, for what asks for that (shortcuts), since without a window manager none is.
+void activate(QWidget& window);
+
 /// It is on the screen, has its window's focus, and no box is in front. (Which window is active does not
 /// count: without a window manager none is.)
 [[nodiscard]] bool takesKeys(const QWidget* widget);

@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 

@@ -8,6 +8,9 @@
 #include <QApplication>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#include <QWebEnginePermission>
+#endif
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
@@ -82,10 +85,15 @@ bool isBoxOver(bool clicked) {
 }
 
 ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(profile, parent) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    connect(this, &QWebEnginePage::permissionRequested, this,
+            [](const QWebEnginePermission& permission) { permission.deny(); });
+#else
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
             });
+#endif
     connect(this, &QWebEnginePage::fullScreenRequested, this,
             [](QWebEngineFullScreenRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::loadStarted, this, &ConfinedPage::limitProcess);

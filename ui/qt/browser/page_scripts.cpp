@@ -46,13 +46,14 @@ constexpr auto darkDesktop = R"JS(
 })();
 )JS";
 
-// A break does nothing on a page of a document but in the line it stands in; this gives it a box that can
-// begin a page.
-constexpr auto printStyleSource = R"JS(
+// A line break begins no page, whatever its style says; a block does.
+constexpr auto pageBreaks = R"JS(
 (function () {
-    var style = document.createElement("style");
-    style.textContent = "@media print{br[style*='page-break']{display:block;content:'';break-before:page}}";
-    (document.head || document.documentElement).appendChild(style);
+    document.querySelectorAll("br[style*='page-break']").forEach(function (mark) {
+        var block = document.createElement("div");
+        block.style.breakBefore = "page";
+        mark.replaceWith(block);
+    });
 })();
 )JS";
 
@@ -72,10 +73,10 @@ QWebEngineScript missingPictureScript() {
     return scriptAtCreation("missing pictures", missingPictures);
 }
 
-QWebEngineScript printStyleScript() {
+QWebEngineScript pageBreakScript() {
     QWebEngineScript script;
     script.setName("page breaks");
-    script.setSourceCode(printStyleSource);
+    script.setSourceCode(pageBreaks);
     script.setInjectionPoint(QWebEngineScript::DocumentReady);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
     return script;

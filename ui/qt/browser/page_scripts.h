@@ -14,7 +14,7 @@ namespace ui::qt {
 [[nodiscard]] QWebEngineScript darkDesktopScript();
 
 /// Makes the mark that order pages carry, a line break with a "page-break" style, begin a new page on
-/// paper; the browser alone passes over it. On the screen nothing changes.
-[[nodiscard]] QWebEngineScript printStyleScript();
+/// paper, which the browser alone passes over.
+[[nodiscard]] QWebEngineScript pageBreakScript();
 
 }

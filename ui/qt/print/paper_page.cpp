@@ -15,7 +15,7 @@ PaperPage::PaperPage(pages::PageFiles files, QObject* parent)
       m_profile(std::make_unique<ConfinedProfile>(std::move(files), nullptr)),
       m_page(std::make_unique<ConfinedPage>(m_profile.get(), nullptr)),
       m_loader(std::make_unique<PageLoader>(*m_page, *m_profile, "print")) {
-    m_profile->scripts()->insert(printStyleScript());
+    m_profile->scripts()->insert(pageBreakScript());
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, [this](bool ok) {
         m_loader->finish();
         ok ? emit loaded() : emit failed();

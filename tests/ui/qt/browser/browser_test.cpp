@@ -5,7 +5,6 @@
 #include "ui/system/process_memory.h"
 #include "ui/zoom.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QProcess>
 #include <QTcpServer>
@@ -216,7 +215,7 @@ TEST_F(BrowserTest, ALinkIsClickedWhenAPressOfMouseOrKeyWentBeforeItAndOnlyOne) 
         static_cast<void>(QTest::qWaitFor([&] { return links.size() >= expected.size(); }, 5000));
         EXPECT_EQ(std::exchange(links, {}), expected);
     };
-    QApplication::setActiveWindow(&browser);
+    tour::activate(browser);
     show("<a id=a href='Tmp.htm?a' onclick='setTimeout(function () { b.click() }, 300)'>a</a>"
          "<p><a id=b href='Tmp.htm?b'>b</a><p><a id=c href='Tmp.htm?c' target=_blank>c</a>"
          "<form id=f action='Tmp.htm'><input type=hidden name=q value=1></form>");
