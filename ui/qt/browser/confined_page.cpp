@@ -155,13 +155,14 @@ void ConfinedPage::follow(const QUrl& url, bool clicked) {
 }
 
 // A refused navigation begins and ends as a load too. What follows may begin another, and the end of the
-// first would be taken for its own.
+// first would be taken for its own. It may also take its time, in which more loads end.
 void ConfinedPage::followOnceRefused(const QUrl& url, bool clicked) {
     constexpr int longestRefusalMs = 200;
     auto* wait = new QTimer(this);
     wait->setSingleShot(true);
     connect(this, &QWebEnginePage::loadFinished, wait, [wait] { wait->start(0); });
     connect(wait, &QTimer::timeout, this, [this, wait, url, clicked] {
+        disconnect(this, nullptr, wait, nullptr);
         wait->deleteLater();
         handOver(url, clicked);
     });

@@ -188,9 +188,13 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
         "<a id=a href='Tmp.htm?B1'>a</a> <a id=b href='other.htm' target=_blank>b</a> <a id=c href='#x'>c</a>"
         "<form action='Tmp.htm'><input name=code value=B2><input type=submit id=d></form>"
         "<iframe src='frame.htm'></iframe><p id=x>x</p>");
-    for (const char* id : {"#a", "#b", "#c", "#d"}) {
+    const auto becomes = [&](std::size_t count) {
+        return QTest::qWaitFor([&] { return links.size() >= count; }, 30000);
+    };
+    const std::pair<const char*, std::size_t> clicks[] = {{"#a", 1}, {"#b", 2}, {"#c", 2}, {"#d", 3}};
+    for (const auto& [id, count] : clicks) {
         tour::clickInPage(*browser.view(), id);
-        QTest::qWait(400);
+        EXPECT_TRUE(becomes(count)) << id;
     }
     // Frames of files are strangers to the page, so the click is placed by eye.
     const auto frame = evaluate("(function () { var r = document.querySelector('iframe').getClientRects()[0];"
@@ -198,7 +202,7 @@ TEST_F(BrowserTest, LinksAreHandedOverAndNeverFollowed) {
                            .toList();
     const QPoint corner(frame[0].toInt(), frame[1].toInt());
     QTest::mouseClick(browser.view()->focusProxy(), Qt::LeftButton, {}, corner + QPoint(14, 18));
-    QTest::qWait(400);
+    EXPECT_TRUE(becomes(4));
     browser.view()->page()->triggerAction(QWebEnginePage::Reload);
     QTest::qWait(400);
     EXPECT_THAT(links, testing::ElementsAre("Tmp.htm?B1 clicked", "other.htm? clicked",
@@ -253,6 +257,25 @@ TEST_F(BrowserTest, APageWhoseProcessDiesComesBack) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return browser.idle() && text().startsWith("two"); }, 10000));
     show("<p>three</p>");
     EXPECT_EQ(evaluate("document.body.innerText").toString().trimmed(), "three");
+}
+
+// A message that the link brings up waits for its answer while the page goes on.
+TEST_F(BrowserTest, ALinkIsHandedOverOnceHoweverLongThatTakes) {
+    int clicks = 0;
+    int byItself = 0;
+    QEventLoop message;
+    QTimer::singleShot(30000, &message, &QEventLoop::quit);
+    browser.onLink([&](const QUrl&, bool clicked) {
+        if (clicked && ++clicks == 1)
+            message.exec();
+        if (!clicked && ++byItself == 20)
+            message.quit();
+    });
+    show("<a id=a href='Tmp.htm?a'>a</a><script>setTimeout(function () {"
+         " setInterval(\"location = 'Tmp.htm?b'\", 50) }, 1000)</script>");
+    tour::clickInPage(*browser.view(), "#a");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks > 0 && byItself > 30; }, 30000));
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(BrowserTest, APageThatKeepsDyingIsLeftAloneUntilTheNextOneComes) {
