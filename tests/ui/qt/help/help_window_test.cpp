@@ -31,7 +31,7 @@ bool waitUntil(const std::function<bool()>& condition) {
     waited.start();
     QTimer ticks;
     QObject::connect(&ticks, &QTimer::timeout, [&] {
-        if (condition() || waited.hasExpired(10000))
+        if (condition() || waited.hasExpired(30000))
             loop.quit();
     });
     ticks.start(20);
