@@ -188,9 +188,9 @@ TEST_F(CatalogZips, WithANameThatNoSupplierCanHaveAreKeptAndReported) {
     put("readme.txt", "mine");
     put("Taken.SUP/PrdPrm.dat", "another supplier's, where the marker would go");
     const std::vector<std::string> names{
-        ".",         "ACME ",       "ACME.",    "ACME.zip",   "COM1",      "COM\xB9.x",     "Help",
-        "Help (1)",  "Install.tmp", "nul",      "README.TXT", "Start.ini", "start.INI.new", "Write.tmp",
-        "start.ECT", "Taken",       "Tavorine", "Tmp.htm"};
+        ".",         "ACME ",     "ACME.",       "ACME.zip", "COM1",       "COM\xB9.x", "Help",
+        "Help (1)",  "LIB",       "Install.tmp", "nul",      "README.TXT", "Start.ini", "start.INI.new",
+        "Write.tmp", "start.ECT", "Taken",       "Tavorine", "Tmp.htm"};
     for (const auto& name : names)
         drop(name + ".zip", catalogZip(name == "Help (1)" ? "Help" : name, "00001"));
     const auto lines = installAll();

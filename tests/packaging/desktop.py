@@ -65,7 +65,7 @@ def start(*command):
 
 
 def find(role, name):
-    """The visible control of that role ("push button") whose name or description that is, once it stays in its place."""
+    """The visible control of that role ("button") whose name or description that is, once it stays in its place."""
 
     def condition():
         control = next((seen.control for seen in look() if seen.role == role and name in seen.names), None)
@@ -114,7 +114,7 @@ def look():
     while waiting:
         control, depth = waiting.pop()
         try:
-            role = control.get_role_name()
+            role = control.get_role_name().removeprefix("push ")  # which older systems say in front of "button"
             if is_showing(control):
                 yield Seen(control, depth, role, (control.get_name(), control.get_description()))
             if role != "table":

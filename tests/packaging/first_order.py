@@ -31,9 +31,9 @@ def main(program, folder, zips):
 
 def start_without_catalogue(program, folder):
     running = desktop.start(program)
-    click(find("push button", "Yes"))
+    click(find("button", "Yes"))
     find("label", f"Missing Catalog files\nSave the catlog zip file emailed by your supplier to {folder}")
-    click(find("push button", "OK"))
+    click(find("button", "OK"))
     running.wait(desktop.PATIENCE)
     assert "Status=Yes" in (folder / "Start.ini").read_text()
 
@@ -74,7 +74,7 @@ def shown(label):
 
 
 def check_out(business):
-    click(find("push button", "Check Out"))
+    click(find("button", "Check Out"))
     click(find("text", "Business"))
     enter(business)
 

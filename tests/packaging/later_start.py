@@ -14,7 +14,7 @@ from first_order import leave, open_catalogue
 def main(program, folder, zip_file):
     settings = (folder / "ORRENDALE" / "User.ini").read_bytes()
     running = desktop.start(program, zip_file)
-    click(find("push button", "No"))  # replace the catalogue by the same version?
+    click(find("button", "No"))  # replace the catalogue by the same version?
     find("link", "Sønderhaven & Frères")
     assert Path(zip_file).exists() and not (folder / Path(zip_file).name).exists()
     running.terminate()
