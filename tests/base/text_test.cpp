@@ -4,6 +4,7 @@
 #include "base/mapped_file.h"
 #include "base/text.h"
 #include "tests/support/file_system.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -57,9 +58,8 @@ TEST(CodePage, BytesThatAreNotUtf8StayAsTheyAre) {
 TEST(Files, ReplacingWritesThroughALinkAndLeavesReadOnlyFilesAlone) {
     if (!support::hasSymbolicLinks())
         GTEST_SKIP() << "no symbolic links here";
-    const auto folder = std::filesystem::path(testing::TempDir()) / "files_replace_test";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder / "real");
+    const auto folder = support::testFolder();
+    std::filesystem::create_directory(folder / "real");
     base::replaceFile(folder / "real" / "a.txt", "old");
     std::filesystem::create_symlink(folder / "real" / "a.txt", folder / "link.txt");
     base::replaceFile(folder / "link.txt", "new");
@@ -77,9 +77,7 @@ TEST(Files, ReplacingWritesThroughALinkAndLeavesReadOnlyFilesAlone) {
 TEST(Files, NamesMatchWithoutRegardToCase) {
     if (!support::letterCaseCounts())
         GTEST_SKIP() << "this file system matches names by itself";
-    const auto folder = std::filesystem::path(testing::TempDir()) / "files_test";
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    const auto folder = support::testFolder();
     for (const char* name : {"b.ZIP", "A.zip", "PRDPRM.DAT", "Über.zip"})
         std::ofstream(folder / name) << name;
     EXPECT_EQ(base::findFile(folder, "PrdPrm.dat"), folder / "PRDPRM.DAT");
@@ -92,17 +90,14 @@ TEST(Files, NamesMatchWithoutRegardToCase) {
 }
 
 TEST(Files, NamesMayHoldAnyCharacter) {
-    const auto folder =
-        std::filesystem::path(testing::TempDir()) / base::pathOf("files_&#937;_&#128512;_\xE9");
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    const auto folder = support::testFolder() / base::pathOf("files_&#937;_&#128512;_\xE9");
+    std::filesystem::create_directory(folder);
     const auto file = folder / base::pathOf("&#1044;.dat");
     base::replaceFile(file, "bytes");
     EXPECT_EQ(base::textOf(file.filename()), "&#1044;.dat");
     EXPECT_TRUE(base::findFile(folder, "&#1044;.DAT"));
     EXPECT_EQ(base::readFile(file), "bytes");
     EXPECT_EQ(base::MappedFile(file).bytes().size(), 5U);
-    std::filesystem::remove_all(folder);
 }
 
 }

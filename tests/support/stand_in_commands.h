@@ -41,7 +41,7 @@ public:
         return base::readFile(folder / what).value_or("nothing");
     }
 
-    const std::filesystem::path folder = testFolder();
+    const std::filesystem::path folder = testFolder(".commands");
 
 private:
     QByteArray m_path = qgetenv("PATH");

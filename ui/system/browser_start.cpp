@@ -15,9 +15,11 @@ constexpr auto sandboxVariable = "QTWEBENGINE_DISABLE_SANDBOX";
 
 // Ways to the network that no request filter sees. The resolver that knows no host, numeric addresses
 // included, is the wall; no proxy, asked to connect, is to go around it. The rest takes away what a page
-// could try.
+// could try: newer browsers ask all neighbours for a host ".local", if only by the name that the wall gives
+// it.
 constexpr auto noNetwork = "--host-resolver-rules=\"MAP * ~NOTFOUND\" --no-proxy-server "
                            "--force-webrtc-ip-handling-policy=disable_non_proxied_udp "
+                           "--disable-features=WebRtcHideLocalIpsWithMdns "
                            "--disable-blink-features=WebTransport";
 
 }

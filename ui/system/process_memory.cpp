@@ -1,8 +1,10 @@
 #include "ui/system/process_memory.h"
 
 #if defined(_WIN32)
+// clang-format off
+#include <windows.h> // which the next needs and does not include
 #include <psapi.h>
-#include <windows.h>
+// clang-format on
 #elif defined(__linux__)
 #include <fstream>
 #include <string>

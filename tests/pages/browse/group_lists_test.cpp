@@ -1,5 +1,6 @@
 #include "pages/browse/group_lists.h"
 #include "tests/support/catalog_builder.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +45,7 @@ protected:
     }
 
     support::CatalogBuilder builder;
-    std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "group_lists_test";
+    std::filesystem::path folder = support::testFolder();
     std::optional<catalog::Catalog> opened;
 };
 

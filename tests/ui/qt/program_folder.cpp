@@ -1,6 +1,7 @@
 #include "tests/ui/qt/program_folder.h"
 
 #include "base/files.h"
+#include "tests/support/test_folder.h"
 #include "tests/support/zip_builder.h"
 
 #include <QApplication>
@@ -10,10 +11,7 @@ namespace fs = std::filesystem;
 using namespace tour;
 
 ProgramTest::ProgramTest() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder = fs::canonical(testing::TempDir()) / "windows_test" / test->name();
-    fs::remove_all(folder);
-    fs::create_directories(folder);
+    folder = fs::canonical(support::testFolder());
     writeFile(
         "Start.ect",
         "<html><body>Suppliers<table><tr><R1><td><a id=\"{SUPPID}\" href=\"{DIR}\\{SUPPID}\">{SUPPLIER}</a> "

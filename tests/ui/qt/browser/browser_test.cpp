@@ -1,4 +1,5 @@
 #include "base/files.h"
+#include "tests/support/test_folder.h"
 #include "tests/ui/qt/program_folder.h"
 #include "ui/qt/browser/page_browser.h"
 #include "ui/system/end_process.h"
@@ -23,9 +24,8 @@ class BrowserTest : public testing::Test {
 protected:
     explicit BrowserTest(std::chrono::milliseconds patience = std::chrono::seconds(5))
         : browser("WbPage", "Page", nullptr, patience) {
-        folder = fs::canonical(testing::TempDir()) / "browser_test";
-        fs::remove_all(folder);
-        fs::create_directories(folder / "ACME");
+        folder = fs::canonical(support::testFolder());
+        fs::create_directory(folder / "ACME");
         QImage picture(3, 2, QImage::Format_RGB32);
         picture.fill(Qt::red);
         picture.save(QString::fromStdString((folder / "ACME/Bolt.PNG").string()));
@@ -149,7 +149,10 @@ TEST_F(BrowserTest, NothingOfAPageReachesTheNetwork) {
          url + "';</script>");
     QTest::qWait(1500);
     EXPECT_EQ(connections, 0);
-    EXPECT_EQ(evaluate("typeof WebTransport").toString(), "undefined");
+    if (QT_VERSION <
+        QT_VERSION_CHECK(6, 8, 0)) { // newer browsers have no switch for it; tests/confinement tries it
+        EXPECT_EQ(evaluate("typeof WebTransport").toString(), "undefined");
+    }
     EXPECT_EQ(evaluate("document.getElementById('here').innerText").toString(), "still here");
 }
 
