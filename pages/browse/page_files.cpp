@@ -15,6 +15,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::array<std::string_view, 4> pageEndings{".htm", ".html", ".xhtml", ".xht"};
+constexpr std::array<std::string_view, 3> notInFrames{".xhtml", ".xht",
+                                                      ".svg"}; // whose scripts nothing confines
 constexpr std::array<std::string_view, 13> pictureEndings{".gif",  ".jpg",  ".jpeg", ".jpe", ".jfif",
                                                           ".png",  ".apng", ".bmp",  ".svg", ".webp",
                                                           ".avif", ".ico",  ".cur"};
@@ -31,8 +33,9 @@ bool isOfKind(std::string_view ending, Resource resource) {
     case Resource::link:
         return base::holdsName(pageEndings, ending);
     case Resource::frame:
-        return base::holdsName(pageEndings, ending) || base::holdsName(pictureEndings, ending) ||
-               base::holdsName(mediaEndings, ending) || base::holdsName(documentEndings, ending);
+        return !base::holdsName(notInFrames, ending) &&
+               (base::holdsName(pageEndings, ending) || base::holdsName(pictureEndings, ending) ||
+                base::holdsName(mediaEndings, ending) || base::holdsName(documentEndings, ending));
     case Resource::picture:
         return base::holdsName(pictureEndings, ending);
     case Resource::style:

@@ -24,7 +24,7 @@ function tryAll(atOnce, later, done) {
 function tryAllInWorker() {
     var code = [attempt, "var tried = 0", "(" + JSON.stringify(ways) + ").forEach(attempt)", "postMessage('through')"];
     var worker = new Worker(URL.createObjectURL(new Blob([code.join(";")])));
-    worker.onmessage = function () { ++finished; };
+    worker.onmessage = worker.onerror = function () { ++finished; };
 }
 
 onmessage = function (message) {

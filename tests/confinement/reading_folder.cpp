@@ -51,7 +51,8 @@ std::string list(const auto& files) {
 
 std::string pageThatReads(const std::string& files) {
     const auto tools = base::readFile(TAVORINE_CONFINEMENT_FOLDER "/reading.js").value();
-    return "<body><script>" + tools + "readAll(" + files + ")</script>";
+    return "<script>" + tools + "readEarly('../BETA/own.htm')</script><body><script>readAll(" + files +
+           ")</script>";
 }
 
 void fill(const fs::path& folder) {

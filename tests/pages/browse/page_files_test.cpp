@@ -20,14 +20,13 @@ protected:
         const auto root = fs::canonical(support::testFolder());
         for (const char* folder : {"prog/ACME/Pics", "prog/ACME/film.mp4", "prog/ACME2", "prog/help", "own"})
             fs::create_directories(root / folder);
-        for (const char* name : {"ACME/Bolt.JPG",   "ACME/Pics/Nut.jpg", "ACME/Terms.htm",
-                                 "ACME/Tmp.htm",    "ACME/Tmp.copy.htm", "ACME/User.ini",
-                                 "ACME/PrdPrm.DAT", "ACME/Banner.Ect",   "ACME/Odd.jpg.",
-                                 "ACME/plain",      "ACME/a.css",        "ACME/a.js",
-                                 "ACME/a.woff2",    "ACME/a.mp3",        "ACME/a.PDF",
-                                 "ACME/a.txt",      "ACME/Tmp.png",      "ACME.jpg",
-                                 "ACME.sup",        "Start.ini",         "Tmp.htm",
-                                 "x.zip",           "ACME2/key.jpg",     "help/help.jpg"})
+        for (const char* name :
+             {"ACME/Bolt.JPG", "ACME/Pics/Nut.jpg", "ACME/Terms.htm",  "ACME/Tmp.htm",  "ACME/Tmp.copy.htm",
+              "ACME/User.ini", "ACME/PrdPrm.DAT",   "ACME/Banner.Ect", "ACME/Odd.jpg.", "ACME/plain",
+              "ACME/a.css",    "ACME/a.js",         "ACME/a.woff2",    "ACME/a.mp3",    "ACME/a.PDF",
+              "ACME/a.txt",    "ACME/a.svg",        "ACME/a.xhtml",    "ACME/Tmp.png",  "ACME.jpg",
+              "ACME.sup",      "Start.ini",         "Tmp.htm",         "x.zip",         "ACME2/key.jpg",
+              "help/help.jpg"})
             std::ofstream(root / "prog" / name) << "x";
         for (const char* name : {"own/Tmp.htm", "own/User.ini", "own/own.jpg"})
             std::ofstream(root / name) << "x";
@@ -75,6 +74,8 @@ TEST_F(PageFilesTest, GivesEachKindOfFileForItsOwnUseOnly) {
         std::set<pages::Resource> uses;
     } cases[] = {{"Terms.htm", {link, frame}},
                  {"Bolt.JPG", {picture, frame}},
+                 {"a.svg", {picture}},
+                 {"a.xhtml", {link}},
                  {"a.css", {style}},
                  {"a.js", {script}},
                  {"a.woff2", {font}},

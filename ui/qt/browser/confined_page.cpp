@@ -6,6 +6,8 @@
 #include "ui/system/process_memory.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QVersionNumber>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineFullScreenRequest>
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
@@ -44,11 +46,27 @@ constexpr std::array attributes{
     std::pair{QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
 };
 
+// One build runs with several browsers, so which one it is can be asked at run time only.
+bool isNewerBrowser() {
+    return QLibraryInfo::version() >= QVersionNumber(6, 9);
+}
+
 // A process that wants more of its own is refused it, and as a rule ends itself. Pictures are shared with the
-// browser and do not count there, so now and then all that it holds is looked at.
-constexpr std::uint64_t mostOwnMemory = 768U << 20U;
-constexpr std::uint64_t mostMemory = 960U << 20U;
-constexpr int memoryWatchMs = 250;
+// browser and do not count there, so now and then all that it holds is looked at. Newer browsers set aside
+// some 600 MB more, which they do not touch, so there the look comes often.
+struct MemoryLimits {
+    std::uint64_t own;
+    std::uint64_t all;
+    int watchMs;
+};
+
+constexpr MemoryLimits memoryLimits{768U << 20U, 960U << 20U, 250};
+constexpr MemoryLimits newerMemoryLimits{1408U << 20U, 832U << 20U, 50};
+
+const MemoryLimits& memoryLimitsHere() {
+    static const auto& limits = isNewerBrowser() ? newerMemoryLimits : memoryLimits;
+    return limits;
+}
 
 // A page for a window that a link asked for: it hands the address over and is gone.
 class PassingPage final : public QWebEnginePage {
@@ -99,19 +117,19 @@ ConfinedPage::ConfinedPage(QWebEngineProfile* profile, QObject* parent) : QWebEn
     connect(this, &QWebEnginePage::loadStarted, this, &ConfinedPage::limitProcess);
     connect(this, &QWebEnginePage::loadProgress, this, &ConfinedPage::limitProcess);
     connect(&m_memoryWatch, &QTimer::timeout, this, &ConfinedPage::watchMemory);
-    m_memoryWatch.start(memoryWatchMs);
+    m_memoryWatch.start(memoryLimitsHere().watchMs);
 }
 
 // Nothing tells when a new process has come.
 void ConfinedPage::limitProcess() {
     const auto process = renderProcessPid();
     if (std::exchange(m_limitedProcess, process) != process)
-        system::limitMemory(process, mostOwnMemory);
+        system::limitMemory(process, memoryLimitsHere().own);
 }
 
 void ConfinedPage::watchMemory() {
     limitProcess();
-    if (system::memoryOf(m_limitedProcess) > mostMemory)
+    if (system::memoryOf(m_limitedProcess) > memoryLimitsHere().all)
         system::endProcess(m_limitedProcess);
 }
 
@@ -186,6 +204,7 @@ ConfinedProfile::ConfinedProfile(pages::PageFiles files, QObject* parent)
     for (const auto& [attribute, on] : attributes)
         settings()->setAttribute(attribute, on);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    scripts()->insert(noWorkersScript());
     scripts()->insert(missingPictureScript());
     if (isDark(QGuiApplication::palette()))
         scripts()->insert(darkDesktopScript());

@@ -30,6 +30,29 @@ constexpr auto missingPictures = R"JS(
 })();
 )JS";
 
+// Documents that a page makes (blank, written, of data) inherit the rule, those of files get their own. The
+// head comes with the first script at the latest, which waits until those who observe the document have been
+// told.
+constexpr auto noWorkers = R"JS(
+(function () {
+    function forbid() {
+        if (!document.head)
+            return false;
+        var rule = document.createElement("meta");
+        rule.httpEquiv = "Content-Security-Policy";
+        rule.content = "worker-src 'none'";
+        document.head.prepend(rule);
+        rule.remove();
+        return true;
+    }
+    if (!forbid())
+        new MutationObserver(function (changes, observer) {
+            if (forbid())
+                observer.disconnect();
+        }).observe(document, {childList: true, subtree: true});
+})();
+)JS";
+
 // The root may not be there yet when the script runs.
 constexpr auto darkDesktop = R"JS(
 (function () {
@@ -67,6 +90,10 @@ QWebEngineScript scriptAtCreation(const QString& name, const QString& source) {
     return script;
 }
 
+}
+
+QWebEngineScript noWorkersScript() {
+    return scriptAtCreation("no workers", noWorkers);
 }
 
 QWebEngineScript missingPictureScript() {

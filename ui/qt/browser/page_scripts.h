@@ -9,6 +9,10 @@ namespace ui::qt {
 /// of its own, out of the page's reach.
 [[nodiscard]] QWebEngineScript missingPictureScript();
 
+/// Takes workers away from pages, their frames and what these make: newer browsers ask no filter for what a
+/// worker reads. Holds in HTML documents, before their first script.
+[[nodiscard]] QWebEngineScript noWorkersScript();
+
 /// Marks a page's root with the attribute data-desktop="dark", which a page may go by or not: a page that
 /// does not ask keeps its own colours.
 [[nodiscard]] QWebEngineScript darkDesktopScript();
