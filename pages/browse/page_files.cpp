@@ -15,8 +15,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::array<std::string_view, 4> pageEndings{".htm", ".html", ".xhtml", ".xht"};
-constexpr std::array<std::string_view, 3> notInFrames{".xhtml", ".xht",
-                                                      ".svg"}; // whose scripts nothing confines
 constexpr std::array<std::string_view, 13> pictureEndings{".gif",  ".jpg",  ".jpeg", ".jpe", ".jfif",
                                                           ".png",  ".apng", ".bmp",  ".svg", ".webp",
                                                           ".avif", ".ico",  ".cur"};
@@ -27,6 +25,9 @@ constexpr std::array<std::string_view, 16> mediaEndings{".mp3", ".wav", ".ogg", 
                                                         ".aac", ".m4a", ".mid", ".mp4", ".m4v",  ".ogv",
                                                         ".mov", ".mpg", ".avi", ".webm"};
 constexpr std::array<std::string_view, 2> documentEndings{".pdf", ".txt"};
+
+// They may hold scripts, but have no head for the rules that confine those.
+constexpr std::array<std::string_view, 3> notInFrames{".xhtml", ".xht", ".svg"};
 
 bool isOfKind(std::string_view ending, Resource resource) {
     switch (resource) {
