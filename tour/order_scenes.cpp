@@ -2,11 +2,11 @@
 
 #include "tour/description.h"
 #include "ui/qt/grid/grid.h"
+#include "ui/qt/widgets/qt_text.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDate>
-#include <QLocale>
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPdfSelection>
@@ -58,7 +58,7 @@ void keepFirstPage(const fs::path& pdf, const fs::path& picture) {
     painter.setPen(Qt::lightGray);
     painter.drawRect(page.rect().adjusted(0, 0, -1, -1));
     page.save(QString::fromStdString(picture.string()));
-    const auto today = QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
+    const auto today = ui::qt::shortDate(QDate::currentDate());
     writeDescription(fs::path(picture).replace_extension(".txt"),
                      document.getAllText(0).text().replace(today, "(today)"));
 }

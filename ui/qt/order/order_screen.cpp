@@ -5,24 +5,10 @@
 #include "ui/qt/widgets/qt_text.h"
 
 #include <QDate>
-#include <QLocale>
 
 #include <array>
 
 namespace ui::qt {
-namespace {
-
-// In the system's short form. Where the system has none of its own, toolkits disagree, down to "23 11 2026".
-QString today() {
-    const auto system = QLocale::system();
-    const auto none = QLocale::c();
-    const auto date = QDate::currentDate();
-    return system.dateFormat(QLocale::ShortFormat) == none.dateFormat(QLocale::ShortFormat)
-               ? none.toString(date, "d MMM yyyy")
-               : system.toString(date, QLocale::ShortFormat);
-}
-
-}
 
 OrderScreen::OrderScreen(const Surroundings& surroundings)
     : m_around(surroundings),
@@ -117,7 +103,7 @@ order::OrderContents OrderScreen::contents() {
             fromQt(form.orderNumber()),
             fromQt(form.comment().replace('\n', "\r\n")),
             fromQt(form.deliveryDate()),
-            fromQt(today()),
+            fromQt(shortDate(QDate::currentDate())),
             m_ordering.basket().taxStatus(),
             m_ordering.basket().totals(),
             documentRows(m_around.catalog, m_ordering.orderRows())};

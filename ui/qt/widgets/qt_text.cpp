@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 
+#include <QLocale>
 #include <QTextDocument>
 
 namespace ui::qt {
@@ -26,6 +27,15 @@ QString asToolTip(const QString& text) {
     return Qt::mightBeRichText(text)
                ? "<span style=\"white-space:pre-wrap\">" + text.toHtmlEscaped() + "</span>"
                : text;
+}
+
+// Where the system has no form of its own, versions of the toolkit disagree, down to "23 11 2026".
+QString shortDate(const QDate& date) {
+    const auto system = QLocale::system();
+    const auto none = QLocale::c();
+    return system.dateFormat(QLocale::ShortFormat) == none.dateFormat(QLocale::ShortFormat)
+               ? none.toString(date, "d MMM yyyy")
+               : system.toString(date, QLocale::ShortFormat);
 }
 
 QString pathToQt(const std::filesystem::path& path) {

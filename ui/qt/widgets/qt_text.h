@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include <filesystem>
@@ -20,6 +21,9 @@ namespace ui::qt {
 [[nodiscard]] QString asCaption(QString text);
 /// A tip, which would take the text for HTML where it looks like it.
 [[nodiscard]] QString asToolTip(const QString& text);
+
+/// In the system's short form.
+[[nodiscard]] QString shortDate(const QDate& date);
 
 [[nodiscard]] QString pathToQt(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path pathFromQt(const QString& path);
