@@ -15,6 +15,7 @@
 #endif
 #include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
+#include <QWidget>
 
 #include <array>
 #include <utility>
