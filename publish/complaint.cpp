@@ -9,12 +9,18 @@ bool holdsError(const Complaints& complaints) {
                        [](const Complaint& c) { return c.weight == Complaint::Weight::error; });
 }
 
+std::string textOf(const Place& place) {
+    auto text = place.file;
+    if (!place.sheet.empty())
+        text += ", " + place.sheet;
+    if (place.row > 0)
+        text += (place.sheet.empty() ? ":" : ", row ") + std::to_string(place.row);
+    return place.column.empty() ? text : text + ", " + place.column;
+}
+
 std::string textOf(const Complaint& complaint) {
-    auto text = complaint.file;
-    if (complaint.line > 0)
-        text += ":" + std::to_string(complaint.line);
-    return text + (complaint.weight == Complaint::Weight::warning ? ": warning: " : ": error: ") +
-           complaint.text;
+    return textOf(complaint.place) +
+           (complaint.weight == Complaint::Weight::warning ? ": warning: " : ": error: ") + complaint.text;
 }
 
 }

@@ -6,22 +6,31 @@
 
 namespace publish {
 
+/// Where something stands, as the supplier sees it. Texts are UTF-8; what does not apply is empty or 0.
+struct Place {
+    std::string file = {};   ///< by its name in the source folder or zip; "/" between folders
+    std::string sheet = {};  ///< of a spreadsheet
+    std::size_t row = 0;     ///< of the spreadsheet, or the line of a text file; from 1
+    std::string column = {}; ///< heading of the column
+};
+
 /// What is wrong with a supplier's files, in words for the supplier (UTF-8).
 struct Complaint {
     /// An error stops the catalogue; a warning is reported and passes.
     enum class Weight { warning, error };
 
     Weight weight = Weight::error;
-    std::string file = {};
-    std::size_t line = 0; ///< 0 where there is none to name
-    std::string text = {};
+    Place place = {};
+    std::string text = {}; ///< what is wrong and what to do
+    std::string rule = {}; ///< which check it is, for programs: "code-twice"
 };
 
 using Complaints = std::vector<Complaint>;
 
 [[nodiscard]] bool holdsError(const Complaints& complaints);
 
-/// "products.csv:12: warning: ..." on one line.
+/// "products.csv:12: warning: ..." or "prices.xlsx, Sheet1, row 12, Net price: error: ..." on one line.
 [[nodiscard]] std::string textOf(const Complaint& complaint);
+[[nodiscard]] std::string textOf(const Place& place);
 
 }

@@ -79,13 +79,8 @@ public:
     }
 
 private:
-    struct Place {
-        std::string file;
-        std::size_t line;
-    };
-
     void complain(std::string file, std::size_t line, std::string text) {
-        m_complaints.push_back({Weight::error, std::move(file), line, std::move(text)});
+        m_complaints.push_back({Weight::error, {.file = std::move(file), .row = line}, std::move(text)});
     }
 
     void checkGroup(const Group& group) {
@@ -103,13 +98,13 @@ private:
         if (!picture.empty() && !m_names.contains(foldedName(picture)))
             complain(file, entry.line, "the picture " + picture + " is missing");
         for (auto& code : linkedCodes(entry.longDescription))
-            m_links.emplace_back(Place{file, entry.line}, std::move(code));
+            m_links.emplace_back(Place{.file = file, .row = entry.line}, std::move(code));
     }
 
     void checkLink(const Place& from, const std::string& code) {
         const auto key = catalog::indexKey(code);
         if (!m_codes.contains(std::string(key.begin(), key.end())))
-            complain(from.file, from.line,
+            complain(from.file, from.row,
                      "a link leads to " + base::toUtf8(code) + ", which is not in the catalogue");
     }
 
@@ -118,7 +113,7 @@ private:
             return;
         const auto text = base::readFile(file.path).value_or("");
         for (const auto& code : linkedCodes(text))
-            checkLink({file.name, 0}, code);
+            checkLink({.file = file.name}, code);
         std::size_t at = 0;
         while ((at = text.find("{{", at)) != std::string::npos) {
             const auto end = text.find("}}", at);

@@ -153,7 +153,8 @@ ParametersSource readParameters(std::string_view text, Complaints& complaints) {
             continue;
         const auto wrong = base::isUtf8(line) ? readLine(line, source) : "the line is not UTF-8";
         if (!wrong.empty())
-            complaints.push_back({Complaint::Weight::error, parametersSource, number, wrong});
+            complaints.push_back(
+                {Complaint::Weight::error, {.file = parametersSource, .row = number}, wrong});
     }
     if (source.displayName.empty())
         source.displayName = source.values.text(ParameterText::supplierName);

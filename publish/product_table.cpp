@@ -76,7 +76,7 @@ public:
     }
 
     void complain(std::size_t line, std::string text) {
-        m_complaints.push_back({Weight::error, m_file, line, std::move(text)});
+        m_complaints.push_back({Weight::error, {.file = m_file, .row = line}, std::move(text)});
     }
 
 private:

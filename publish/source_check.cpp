@@ -31,7 +31,7 @@ public:
 
 private:
     void complain(Weight weight, const char* file, std::size_t line, std::string text) {
-        m_complaints.push_back({weight, file, line, std::move(text)});
+        m_complaints.push_back({weight, {.file = file, .row = line}, std::move(text)});
     }
 
     void checkLength(const char* file, std::size_t line, const std::string& field, const std::string& text,

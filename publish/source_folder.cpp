@@ -57,7 +57,7 @@ std::vector<ContentFile> contentOf(const std::vector<fs::path>& folders) {
 std::string readText(const fs::path& folder, std::string_view name, Complaints& complaints) {
     auto text = base::readFile(folder / name);
     if (!text)
-        complaints.push_back({Weight::error, std::string(name), 0, "the file is missing"});
+        complaints.push_back({Weight::error, {.file = std::string(name)}, "the file is missing"});
     return text.value_or("");
 }
 
@@ -85,7 +85,9 @@ std::string withoutCarriageReturns(std::string text) {
 
 void readDescription(const fs::path& path, const EntriesByKey& entries, Complaints& complaints) {
     const auto name = std::string(descriptionsFolder) + "/" + utf8Of(path.filename());
-    const auto complain = [&](const char* text) { complaints.push_back({Weight::error, name, 0, text}); };
+    const auto complain = [&](const char* text) {
+        complaints.push_back({Weight::error, {.file = name}, text});
+    };
     const auto found = entries.find(keyOf(base::textOf(path.stem())));
     const auto text = base::readFile(path).value_or("");
     if (found == entries.end())

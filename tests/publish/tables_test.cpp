@@ -104,7 +104,7 @@ TEST(ParametersSource, LinesThatMakeNoSenseAreComplainedOf) {
         publish::Complaints complaints;
         (void)publish::readParameters(std::string("\n") + line, complaints);
         ASSERT_EQ(complaints.size(), 1) << line;
-        EXPECT_EQ(complaints[0].line, 2) << line;
+        EXPECT_EQ(complaints[0].place.row, 2) << line;
     }
 }
 
