@@ -64,19 +64,17 @@ void DataFiles::number(const Group& contents) {
 }
 
 const Group* DataFiles::nextGroup() {
-    while (!m_waiting.empty()) {
-        const Group* group = m_waiting.back();
-        m_waiting.pop_back();
-        const auto ownNumber = m_numbers.at(group);
-        m_group = static_cast<std::int16_t>(ownNumber);
-        append(group->header, false);
-        m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
-        for (std::size_t i = group->groups.size(); i-- > 0;)
-            m_waiting.push_back(&group->groups[i]);
-        if (group->groups.empty())
-            return group;
-    }
-    return nullptr;
+    if (m_waiting.empty())
+        return nullptr;
+    const Group* group = m_waiting.back();
+    m_waiting.pop_back();
+    const auto ownNumber = m_numbers.at(group);
+    m_group = static_cast<std::int16_t>(ownNumber);
+    append(group->header, false);
+    m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
+    for (std::size_t i = group->groups.size(); i-- > 0;)
+        m_waiting.push_back(&group->groups[i]);
+    return group;
 }
 
 void DataFiles::add(const Product& product) {
@@ -143,20 +141,18 @@ void DataFiles::writeIndex() {
         const int order = text(a).compare(text(b));
         return order != 0 ? order < 0 : a.record < b.record;
     });
-    const auto end = std::unique(m_index.begin(), m_index.end(),
-                                 [](const IndexEntry& a, const IndexEntry& b) { return a.key == b.key; });
     auto file = created(m_folder / catalog::indexFile);
-    for (auto entry = m_index.begin(); entry != end; ++entry)
-        publish::append(file, catalog::encodeIndex(entry->key, entry->record));
+    const IndexEntry* first = nullptr;
+    for (const auto& entry : m_index)
+        if (first != nullptr && first->key == entry.key) {
+            m_repeated.push_back({entry.key, entry.record, first->record});
+        } else {
+            publish::append(file, catalog::encodeIndex(entry.key, entry.record));
+            first = &entry;
+        }
+    std::sort(m_repeated.begin(), m_repeated.end(),
+              [](const RepeatedCode& a, const RepeatedCode& b) { return a.record < b.record; });
     close(file, m_folder / catalog::indexFile);
-}
-
-void writeDataFiles(const CatalogSource& source, const std::filesystem::path& folder) {
-    DataFiles files(folder, source.parameters, source.contents);
-    while (const Group* group = files.nextGroup())
-        for (const Product& product : group->products)
-            files.add(product);
-    files.finish();
 }
 
 }

@@ -13,14 +13,22 @@
 
 namespace publish {
 
+/// A code that a second record has.
+struct RepeatedCode {
+    std::array<char, catalog::IndexRecord::keyField.width> key; ///< as in the index
+    std::int32_t record;
+    std::int32_t first; ///< the record that the index leads to
+};
+
 /// Writes the five data files of a catalogue (docs/file-formats.md), one product at a time, so that a
 /// million products need no more memory than their index. The tree of groups is known from the start;
 /// the products of its tree are not looked at:
 ///
 ///     DataFiles files(folder, parameters, contents);
 ///     while (const Group* group = files.nextGroup())
-///         for (const Product& product : group->products)
-///             files.add(product);
+///         if (group->groups.empty())
+///             for (each product of the group)
+///                 files.add(product);
 ///     files.finish();
 ///
 /// What is written must have passed `check`; texts too long for their field are cut. Writing failures
@@ -30,15 +38,18 @@ public:
     DataFiles(const std::filesystem::path& folder, const catalog::ParameterValues& parameters,
               const Group& contents);
 
-    /// Writes the header records up to the next group without sub-groups, whose products come now.
-    /// Nothing when all groups are done.
+    /// The next group, whose header record is written now. Where it has no sub-groups, its products come
+    /// next. Nothing when all groups are done.
     [[nodiscard]] const Group* nextGroup();
 
-    /// The next product of the group that `nextGroup` gave.
+    /// The next product of the group that `nextGroup` gave; it has no sub-groups.
     void add(const Product& product);
 
     /// Writes groups and index. Call it last.
     void finish();
+
+    /// The records whose code has an earlier record, which the index leads to. Known when all is finished.
+    [[nodiscard]] const std::vector<RepeatedCode>& repeatedCodes() const { return m_repeated; }
 
 private:
     struct NumberedGroup {
@@ -66,13 +77,11 @@ private:
     std::unordered_map<const Group*, std::int32_t> m_numbers;
     std::vector<const Group*> m_waiting; // header records still to write, the next one last
     std::vector<IndexEntry> m_index;
-    std::string m_text; // of the record being written
+    std::vector<RepeatedCode> m_repeated; // ascending by record
+    std::string m_text;                   // of the record being written
     std::int64_t m_memoEnd = 0;
     std::int32_t m_record = 0;
     std::int16_t m_group = 0;
 };
-
-/// Writes all of it into the folder, over old files; the folder is made if need be.
-void writeDataFiles(const CatalogSource& source, const std::filesystem::path& folder);
 
 }

@@ -11,6 +11,7 @@ namespace publish {
 /// What catalog.ini says (docs/publishing.md, "The parameters").
 struct ParametersSource {
     catalog::ParameterValues values;
+    std::string supplierId;  ///< the zip's name without ".zip"; empty where none is given
     std::string displayName; ///< for the supplier list; the supplier's name where none is given
 };
 

@@ -1,8 +1,8 @@
-#include "publish/parameters_source.h"
+#include "publish/source/parameters_source.h"
 
 #include "base/code_page.h"
 #include "base/text.h"
-#include "publish/source_check.h"
+#include "publish/catalog_source.h"
 
 #include <array>
 #include <functional>
@@ -80,6 +80,11 @@ const std::array otherKeys{
                  s.displayName = text;
                  return text.find('|') == std::string::npos;
              }},
+    OtherKey{"Supplier id", "",
+             [](ParametersSource& s, const std::string& text) {
+                 s.supplierId = text;
+                 return true;
+             }},
     OtherKey{"Version", "",
              [](ParametersSource& s, const std::string& text) {
                  s.values.version = text;
@@ -119,7 +124,7 @@ const std::array otherKeys{
 std::string readLine(std::string_view line, ParametersSource& source) {
     const auto equals = line.find('=');
     if (equals == std::string_view::npos)
-        return "a line is a key, \"=\" and a value";
+        return "a line is a key, \"=\" and a value; a line that says nothing begins with \";\"";
     const auto key = base::trim(line.substr(0, equals));
     const auto utf8 = base::trim(line.substr(equals + 1));
     const auto value = base::fromUtf8(utf8);
@@ -154,7 +159,7 @@ ParametersSource readParameters(std::string_view text, Complaints& complaints) {
         const auto wrong = base::isUtf8(line) ? readLine(line, source) : "the line is not UTF-8";
         if (!wrong.empty())
             complaints.push_back(
-                {Complaint::Weight::error, {.file = parametersSource, .row = number}, wrong});
+                {Complaint::Weight::error, {.file = parametersSource, .row = number}, wrong, "parameter"});
     }
     if (source.displayName.empty())
         source.displayName = source.values.text(ParameterText::supplierName);
