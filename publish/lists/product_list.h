@@ -22,7 +22,7 @@ public:
     [[nodiscard]] std::size_t count() const override;
     void readGroup(std::size_t row, std::vector<std::string>& path) const override;
     void read(std::size_t row, Product& product, Complaints& complaints) const override;
-    [[nodiscard]] Place place(std::size_t row) const override;
+    [[nodiscard]] Place placeOf(std::size_t row, std::string_view field) const override;
 
     /// What was taken for what, in one line (UTF-8): "read 1,204 rows of 'Preise 2026.xlsx', sheet 'Preise':
     /// code from 'Art.-Nr.', price from 'Preis netto', comma as decimal mark".

@@ -87,7 +87,8 @@ const std::array otherKeys{
              }},
     OtherKey{"Version", "",
              [](ParametersSource& s, const std::string& text) {
-                 s.values.version = text;
+                 s.countsVersion = base::equalIgnoringCase(text, "auto");
+                 s.values.version = s.countsVersion ? std::string() : text;
                  return true;
              }},
     OtherKey{"Password", "",

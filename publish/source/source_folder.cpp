@@ -125,6 +125,7 @@ SourceFolder readSourceFolder(const fs::path& folder, const std::vector<fs::path
     source.catalog.parameters = std::move(parameters.values);
     source.displayName = std::move(parameters.displayName);
     source.supplierId = std::move(parameters.supplierId);
+    source.countsVersion = parameters.countsVersion;
 
     const auto mapping = mappingOf(folder, complaints);
     const auto listName = listNameOf(folder, mapping);

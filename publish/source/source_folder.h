@@ -16,6 +16,7 @@ class DescriptionFiles;
 struct SourceFolder {
     CatalogSource catalog;
     std::string displayName;          ///< on the supplier list; Windows-1252
+    bool countsVersion = false;       ///< the version is counted up with each change
     std::string supplierId;           ///< as catalog.ini says; empty where it says nothing
     std::vector<ContentFile> content; ///< ascending by name
     std::string listSummary;          ///< how the product list was read; UTF-8, one line
