@@ -1,9 +1,9 @@
-#include "ui/qt/browser/charset.h"
+#include "base/charset.h"
 
 #include <algorithm>
 #include <optional>
 
-namespace ui::qt {
+namespace base {
 namespace {
 
 constexpr std::size_t searched = 1024;

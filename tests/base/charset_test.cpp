@@ -1,4 +1,4 @@
-#include "ui/qt/browser/charset.h"
+#include "base/charset.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +36,9 @@ TEST(DeclaredCharset, IsReadFromThePagesHead) {
     };
 
     for (const auto& c : cases)
-        EXPECT_EQ(ui::qt::declaredCharset(c.page), c.charset) << c.page;
-    EXPECT_EQ(ui::qt::declaredCharset("<meta charset=" + std::string(41, 'a') + ">"), "windows-1252");
-    EXPECT_EQ(ui::qt::declaredCharset(std::string(1024, ' ') + "<meta charset=utf-8>"), "windows-1252");
+        EXPECT_EQ(base::declaredCharset(c.page), c.charset) << c.page;
+    EXPECT_EQ(base::declaredCharset("<meta charset=" + std::string(41, 'a') + ">"), "windows-1252");
+    EXPECT_EQ(base::declaredCharset(std::string(1024, ' ').append("<meta charset=utf-8>")), "windows-1252");
 }
 
 }
