@@ -203,7 +203,8 @@ Outcome runCommand(const std::vector<std::string>& arguments, const Streams& str
         return buildAsBefore(arguments, streams);
     Arguments commandLine;
     try {
-        commandLine.app().parse({arguments.rbegin(), arguments.rend()}); // it takes the last one first
+        commandLine.app().parse(
+            std::vector<std::string>(arguments.rbegin(), arguments.rend())); // the last one first
     } catch (const CLI::ParseError& error) {
         const bool isAnswered = commandLine.app().exit(error, streams.out, streams.err) == 0;
         return isAnswered ? Outcome::done : Outcome::misuse;

@@ -11,10 +11,12 @@
 #include "publish/product_rows.h"
 #include "publish/templates/page_check.h"
 #include "publish/templates/template_check.h"
+#include "publish/templates/template_kind.h"
 #include "publish/zips/pictures.h"
 #include "publish/zips/zip_writer.h"
 
 #include <array>
+#include <utility>
 
 namespace publish {
 namespace fs = std::filesystem;

@@ -13,6 +13,7 @@
 #include "publish/supplier_id.h"
 #include "publish/templates/page_check.h"
 #include "publish/templates/template_check.h"
+#include "publish/templates/template_kind.h"
 
 namespace publish {
 namespace fs = std::filesystem;
@@ -151,9 +152,11 @@ Outcome exportSource(const ExportOptions& options, const Streams& streams) {
 
 Outcome showDifference(const DiffOptions& options, const Streams& streams) {
     Complaints ignored; // both are compared as they are; "check" judges them
-    const OpenedCatalog before(meantPath(options.before), ignored);
-    const OpenedCatalog after(meantPath(options.after), ignored);
-    const auto diff = diffCatalogs(before.folder(), before.content(), after.folder(), after.content());
+    OpenedCatalog before(meantPath(options.before), ignored);
+    OpenedCatalog after(meantPath(options.after), ignored);
+    before.gatherContent();
+    after.gatherContent();
+    const auto diff = compareCatalogs(before.folder(), after.folder());
     streams.out << (options.json ? jsonOf(diff) + "\n" : textOf(diff));
     return Outcome::done;
 }

@@ -37,10 +37,25 @@ OpenedCatalog::OpenedCatalog(const fs::path& place, Complaints& complaints) : m_
 }
 
 void OpenedCatalog::openSource(const fs::path& place, Complaints& complaints) {
-    m_folder = m_work.path();
+    m_folder = m_work.path() / place.filename();
     auto built = buildCatalog(place, {}, m_folder, complaints);
     m_content = std::move(built.source.content);
     m_listSummary = std::move(built.source.listSummary);
+}
+
+void OpenedCatalog::gatherContent() {
+    if (m_kind != Kind::source)
+        return;
+    for (const auto& [name, path] : m_content) {
+        const auto place = m_folder / fs::path(std::u8string(name.begin(), name.end()));
+        std::error_code error;
+        fs::create_directories(place.parent_path(), error);
+        fs::copy_file(path, place, fs::copy_options::overwrite_existing, error);
+        if (error)
+            throw base::FileError(
+                "The file " + base::textOf(path) +
+                " cannot be copied; look whether you may read it, and whether the disk has room.");
+    }
 }
 
 // The folder has the zip's name, since that of a catalogue's folder is its supplier's.

@@ -21,11 +21,15 @@ public:
 
     [[nodiscard]] Kind kind() const { return m_kind; }
 
-    /// Where data files and templates lie, and of zips and installed catalogues everything else too.
+    /// Where data files and templates lie, and of zips and installed catalogues everything else too; of
+    /// sources after `gatherContent`.
     [[nodiscard]] const std::filesystem::path& folder() const { return m_folder; }
 
     /// The files that are no data files.
     [[nodiscard]] const std::vector<ContentFile>& content() const { return m_content; }
+
+    /// Copies what a source's folder holds besides. Throws base::FileError.
+    void gatherContent();
 
     /// How the product list was read; of sources only.
     [[nodiscard]] const std::string& listSummary() const { return m_listSummary; }

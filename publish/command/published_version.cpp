@@ -70,7 +70,7 @@ std::optional<Number> numberIn(std::string_view text, int base) {
 std::string digits(std::uint64_t value, int base, std::size_t width) {
     std::array<char, 24> text{};
     const auto* end = std::to_chars(text.data(), text.data() + text.size(), value, base).ptr;
-    const std::string plain(text.data(), end);
+    const std::string plain(text.data(), static_cast<std::size_t>(end - text.data()));
     return std::string(width - std::min(width, plain.size()), '0') + plain;
 }
 
