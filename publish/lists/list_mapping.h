@@ -38,6 +38,7 @@ struct ListMapping {
     MappingValue takesEveryColumn;    ///< "yes": a column that is not understood is an error
 
     [[nodiscard]] MappingValue& column(ListField field) { return columns[static_cast<std::size_t>(field)]; }
+
     [[nodiscard]] const MappingValue& column(ListField field) const {
         return columns[static_cast<std::size_t>(field)];
     }

@@ -14,7 +14,7 @@ namespace publish {
 
 struct Cell {
     std::string_view text = {}; ///< UTF-8; lines are separated by line feeds
-    bool isNumber = false;      ///< a spreadsheet's number, as decimal text with a point: "12.5", of a rate "25%"
+    bool isNumber = false; ///< a spreadsheet's number, as decimal text with a point: "12.5", of a rate "25%"
 };
 
 /// The cells of a row. They are valid until the next row is read into it and as long as the table.
