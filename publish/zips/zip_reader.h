@@ -10,10 +10,6 @@
 #include <string_view>
 #include <vector>
 
-namespace ui::system {
-class ZipReader;
-}
-
 namespace publish {
 
 /// A catalogue zip from anywhere, taken as the viewer takes it: by the viewer's own rules for names, sizes
@@ -52,7 +48,7 @@ public:
     /// files. Reads everything in it once. `Place::file` is the entry's name, or the zip's.
     [[nodiscard]] Complaints check() const;
 
-    /// The bytes of a file at the zip's top level, its name in any letter case; nothing when there is none.
+    /// The bytes of a file by its path, in any letter case; nothing when there is none.
     /// Throws base::FileError when it is damaged or longer than `most` bytes.
     [[nodiscard]] std::optional<std::string> read(std::string_view name, std::uint64_t most) const;
 
@@ -62,8 +58,8 @@ public:
     void unpack(const std::filesystem::path& folder) const;
 
 private:
-    std::filesystem::path m_path;
-    std::unique_ptr<ui::system::ZipReader> m_zip;
+    class Parts;
+    std::unique_ptr<Parts> m_parts;
     std::vector<File> m_files;
 };
 
