@@ -73,7 +73,7 @@ const Group* DataFiles::nextGroup() {
         m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
         for (std::size_t i = group->groups.size(); i-- > 0;)
             m_waiting.push_back(&group->groups[i]);
-        if (group->groups.empty())
+        if (group->groups.empty() || !group->products.empty())
             return group;
     }
     return nullptr;

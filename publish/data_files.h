@@ -30,8 +30,8 @@ public:
     DataFiles(const std::filesystem::path& folder, const catalog::ParameterValues& parameters,
               const Group& contents);
 
-    /// Writes the header records up to the next group without sub-groups, whose products come now.
-    /// Nothing when all groups are done.
+    /// Writes the header records up to the next group that has products or no sub-groups; its products come
+    /// now. Nothing when all groups are done.
     [[nodiscard]] const Group* nextGroup();
 
     /// The next product of the group that `nextGroup` gave.

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 namespace publish {
 namespace {
@@ -25,6 +26,7 @@ struct Column {
 constexpr std::string_view groupColumn = "group";
 constexpr std::string_view priceColumn = "price";
 constexpr std::string_view taxColumn = "tax";
+constexpr std::string_view nameColumn = "name";
 
 constexpr std::array productColumns{Column{groupColumn, nullptr},
                                     Column{"code", &Product::code},
@@ -36,6 +38,7 @@ constexpr std::array productColumns{Column{groupColumn, nullptr},
                                     Column{"details", &Product::longDescription}};
 
 constexpr std::array groupColumns{Column{groupColumn, nullptr},
+                                  Column{nameColumn, nullptr},
                                   Column{"code", &Product::code},
                                   Column{"description", &Product::description},
                                   Column{"other", &Product::other},
@@ -48,6 +51,7 @@ struct Row {
     std::vector<std::string> path; // Windows-1252
     std::string price;
     std::string tax;
+    std::string name;
 };
 
 std::vector<std::string> pathOf(std::string_view text) {
@@ -112,6 +116,8 @@ private:
             row.path = pathOf(text);
         else if (column.name == priceColumn)
             row.price = text;
+        else if (column.name == nameColumn)
+            row.name = text;
         else
             row.tax = text;
     }
@@ -128,8 +134,16 @@ Group* childNamed(Group& group, std::string_view name) {
     return found == group.groups.end() ? nullptr : &*found;
 }
 
-Group& groupAt(Group& contents, const std::vector<std::string>& path) {
+using Path = std::vector<std::string>;
+
+bool isContents(const Path& path) {
+    return path.size() == 1 && base::equalIgnoringCase(path[0], contentsName);
+}
+
+Group& groupAt(Group& contents, const Path& path) {
     Group* group = &contents;
+    if (isContents(path))
+        return contents;
     for (const auto& name : path) {
         if (childNamed(*group, name) == nullptr)
             group->groups.push_back({.name = name});
@@ -138,22 +152,54 @@ Group& groupAt(Group& contents, const std::vector<std::string>& path) {
     return *group;
 }
 
-Group* findGroup(Group& contents, const std::vector<std::string>& path) {
-    Group* group = &contents;
-    if (path.size() == 1 && base::equalIgnoringCase(path[0], contents.name))
-        return group;
-    for (const auto& name : path)
-        if (group != nullptr)
+/// Groups that no product names: each comes behind the group that groups.csv has before it.
+class EmptyGroups {
+public:
+    explicit EmptyGroups(Group& contents) : m_contents(contents) {}
+
+    /// To be called for every row in order. True where a group had to be made.
+    bool makeMissing(const Path& path) {
+        if (isContents(path))
+            return false;
+        Group* group = &m_contents;
+        Path above;
+        bool made = false;
+        for (const auto& name : path) {
+            auto& before = m_last[above];
+            if (childNamed(*group, name) == nullptr) {
+                insert(*group, name, before);
+                made = true;
+            }
+            before = name;
             group = childNamed(*group, name);
-    return group;
+            above.push_back(name);
+        }
+        return made;
+    }
+
+private:
+    static void insert(Group& parent, const std::string& name, const std::string& before) {
+        const auto found = std::find_if(parent.groups.begin(), parent.groups.end(),
+                                        [&](const Group& child) { return child.name == before; });
+        parent.groups.insert(found == parent.groups.end() ? parent.groups.begin() : found + 1,
+                             {.name = name});
+    }
+
+    Group& m_contents;
+    std::map<Path, std::string> m_last; // the child that was named last, by its parent's path
+};
+
+void complete(std::string& text, std::string_view made) {
+    if (text.empty())
+        text = made;
+    else if (text == noText)
+        text.clear();
 }
 
 void completeHeaders(Group& group) {
-    if (group.header.description.empty())
-        group.header.description = group.name;
-    if (group.header.code.empty())
-        group.header.code =
-            base::trim(base::upper(group.name).substr(0, catalog::IndexRecord::keyField.width));
+    complete(group.header.description, group.name);
+    complete(group.header.code,
+             base::trim(base::upper(group.name).substr(0, catalog::IndexRecord::keyField.width)));
     for (auto& child : group.groups)
         completeHeaders(child);
 }
@@ -180,6 +226,8 @@ std::string shortest(std::string_view digits) {
 }
 
 float readSingleNumber(std::string_view text, std::string& wrong) {
+    const std::string_view sign = text.starts_with('-') ? "-" : "";
+    text.remove_prefix(sign.size());
     const bool isNumber = !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos &&
                           text.find_first_of("0123456789") != std::string_view::npos &&
                           std::count(text.begin(), text.end(), '.') <= 1;
@@ -187,10 +235,10 @@ float readSingleNumber(std::string_view text, std::string& wrong) {
     if (text.empty())
         wrong = "is empty";
     else if (!isNumber)
-        wrong = "\"" + base::toUtf8(text) + "\" is not a number (digits and one point)";
+        wrong = "\"" + std::string(sign) + base::toUtf8(text) + "\" is not a number (digits and one point)";
     else if (base::textOf(value) != shortest(text))
         wrong = std::string(text) + " has too many digits; the nearest that fits is " + base::textOf(value);
-    return wrong.empty() ? value : 0.0F;
+    return !wrong.empty() ? 0.0F : sign.empty() ? value : -value;
 }
 
 Group readProducts(std::string_view productsCsv, std::string_view groupsCsv, Complaints& complaints) {
@@ -206,11 +254,20 @@ Group readProducts(std::string_view productsCsv, std::string_view groupsCsv, Com
         groupAt(contents, row.path).products.push_back(std::move(row.product));
     }
     TableReader groups(groupsSource, groupColumns, complaints);
-    for (auto& row : groups.read(groupsCsv))
-        if (Group* group = findGroup(contents, row.path))
-            group->header = std::move(row.product);
-        else
+    auto rows = groups.read(groupsCsv);
+    EmptyGroups empty(contents);
+    for (const auto& row : rows)
+        if (empty.makeMissing(row.path))
             groups.complain(row.product.line, "no product is in this group");
+    std::vector<std::pair<Group*, std::string>> names;
+    for (auto& row : rows) {
+        Group& group = groupAt(contents, row.path);
+        group.header = std::move(row.product);
+        if (!row.name.empty())
+            names.emplace_back(&group, std::move(row.name));
+    }
+    for (auto& [group, name] : names) // only now: the paths are of no more use
+        group->name = std::move(name);
     completeHeaders(contents);
     return contents;
 }

@@ -19,6 +19,7 @@ namespace {
 using Weight = Complaint::Weight;
 
 constexpr std::string_view descriptionsFolder = "descriptions";
+constexpr std::string_view exactFolder = "exact"; // publish/existing/exact_bytes.h
 constexpr std::string_view descriptionEnding = ".txt";
 constexpr std::array<std::string_view, 3> readFiles{parametersSource, productsSource, groupsSource};
 
@@ -35,7 +36,8 @@ bool isHidden(const fs::path& relative) {
 
 bool isContent(const fs::path& relative) {
     const auto name = utf8Of(relative);
-    return !isHidden(relative) && utf8Of(*relative.begin()) != descriptionsFolder &&
+    const auto first = utf8Of(*relative.begin());
+    return !isHidden(relative) && first != descriptionsFolder && first != exactFolder &&
            std::find(readFiles.begin(), readFiles.end(), name) == readFiles.end();
 }
 
