@@ -38,8 +38,13 @@ public:
     DataFiles(const std::filesystem::path& folder, const catalog::ParameterValues& parameters,
               const Group& contents);
 
+<<<<<<< HEAD
     /// The next group, whose header record is written now. Where it has no sub-groups, its products come
     /// next. Nothing when all groups are done.
+=======
+    /// Writes the header records up to the next group that has products or no sub-groups; its products come
+    /// now. Nothing when all groups are done.
+>>>>>>> p-e
     [[nodiscard]] const Group* nextGroup();
 
     /// The next product of the group that `nextGroup` gave; it has no sub-groups.

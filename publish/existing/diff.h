@@ -75,6 +75,9 @@ struct CatalogDiff {
 [[nodiscard]] CatalogDiff compareCatalogs(const std::filesystem::path& older,
                                           const std::filesystem::path& newer);
 
+/// The same without the files that are no data files.
+[[nodiscard]] CatalogDiff compareData(const std::filesystem::path& older, const std::filesystem::path& newer);
+
 /// One line: "12 prices up (most: +8.3 %), 3 down, 5 new products, 1 gone, 2 templates changed".
 [[nodiscard]] std::string sumOf(const CatalogDiff& diff);
 
