@@ -24,9 +24,8 @@ public:
     void run() {
         while (const Group* group = m_data.nextGroup()) {
             checkHeader(*group);
-            if (group->groups.empty())
-                for (const auto row : group->rows)
-                    writeProduct(row);
+            for (const auto row : group->rows)
+                writeProduct(row);
         }
         m_data.finish();
         for (const auto& twin : m_data.repeatedCodes())

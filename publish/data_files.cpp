@@ -64,7 +64,6 @@ void DataFiles::number(const Group& contents) {
 }
 
 const Group* DataFiles::nextGroup() {
-<<<<<<< HEAD
     if (m_waiting.empty())
         return nullptr;
     const Group* group = m_waiting.back();
@@ -76,21 +75,6 @@ const Group* DataFiles::nextGroup() {
     for (std::size_t i = group->groups.size(); i-- > 0;)
         m_waiting.push_back(&group->groups[i]);
     return group;
-=======
-    while (!m_waiting.empty()) {
-        const Group* group = m_waiting.back();
-        m_waiting.pop_back();
-        const auto ownNumber = m_numbers.at(group);
-        m_group = static_cast<std::int16_t>(ownNumber);
-        append(group->header, false);
-        m_groups[static_cast<std::size_t>(ownNumber - 1)].headerRecord = m_record;
-        for (std::size_t i = group->groups.size(); i-- > 0;)
-            m_waiting.push_back(&group->groups[i]);
-        if (group->groups.empty() || !group->products.empty())
-            return group;
-    }
-    return nullptr;
->>>>>>> p-e
 }
 
 void DataFiles::add(const Product& product) {

@@ -26,9 +26,8 @@ struct RepeatedCode {
 ///
 ///     DataFiles files(folder, parameters, contents);
 ///     while (const Group* group = files.nextGroup())
-///         if (group->groups.empty())
-///             for (each product of the group)
-///                 files.add(product);
+///         for (each product of the group)
+///             files.add(product);
 ///     files.finish();
 ///
 /// What is written must have passed `check`; texts too long for their field are cut. Writing failures
@@ -38,16 +37,11 @@ public:
     DataFiles(const std::filesystem::path& folder, const catalog::ParameterValues& parameters,
               const Group& contents);
 
-<<<<<<< HEAD
     /// The next group, whose header record is written now. Where it has no sub-groups, its products come
     /// next. Nothing when all groups are done.
-=======
-    /// Writes the header records up to the next group that has products or no sub-groups; its products come
-    /// now. Nothing when all groups are done.
->>>>>>> p-e
     [[nodiscard]] const Group* nextGroup();
 
-    /// The next product of the group that `nextGroup` gave; it has no sub-groups.
+    /// The next product of the group that `nextGroup` gave.
     void add(const Product& product);
 
     /// Writes groups and index. Call it last.

@@ -139,7 +139,8 @@ void checkEntry(const Product& entry, const FileNames& files, const PlaceOf& pla
     EntryCheck check(entry, placeOf, complaints);
     check.checkCode();
     check.checkTexts();
-    if (!entry.picture.empty() && !files.holds(base::toUtf8(entry.picture)))
+    const bool fits = entry.picture.size() <= catalog::ProductRecord::pictureField.width;
+    if (!entry.picture.empty() && fits && !files.holds(base::toUtf8(entry.picture)))
         check.complain("picture", "picture-missing",
                        "the picture " + base::toUtf8(entry.picture) +
                            " is missing; put it there or take the name out");

@@ -28,8 +28,10 @@ OpenedCatalog::Kind kindOf(const fs::path& place) {
 }
 
 OpenedCatalog::OpenedCatalog(const fs::path& place, Complaints& complaints) : m_kind(kindOf(place)) {
-    if (m_kind == Kind::source)
-        return openSource(place, complaints);
+    if (m_kind == Kind::source) {
+        openSource(place, complaints);
+        return;
+    }
     m_folder = place;
     if (m_kind == Kind::zip)
         openZip(place, complaints);

@@ -12,14 +12,16 @@ namespace {
 
 constexpr char pathSeparator = '/';
 constexpr std::string_view groupColumn = "group";
+constexpr std::string_view nameColumn = "name";
 
 /// A column and where its text goes.
 struct Column {
     std::string_view name;
-    std::string Product::*text; // none: the group's path
+    std::string Product::*text; // none: not to the group's record
 };
 
 constexpr std::array columns{Column{groupColumn, nullptr},
+                             Column{nameColumn, nullptr},
                              Column{"code", &Product::code},
                              Column{"description", &Product::description},
                              Column{"other", &Product::other},
@@ -65,9 +67,10 @@ private:
             });
             m_order.push_back(found == columns.end() ? nullptr : &*found);
             if (found == columns.end())
-                complain(m_table.number(0), std::string(cell.text), "column-unknown",
-                         "unknown column \"" + std::string(cell.text) +
-                             "\"; the columns are group, code, description, other, picture and details");
+                complain(
+                    m_table.number(0), std::string(cell.text), "column-unknown",
+                    "unknown column \"" + std::string(cell.text) +
+                        "\"; the columns are group, name, code, description, other, picture and details");
         }
     }
 
@@ -87,6 +90,8 @@ private:
     static void readCell(GroupRow& row, const Column& column, std::string_view utf8) {
         if (column.text != nullptr)
             row.header.*column.text = base::fromUtf8(utf8);
+        else if (column.name == nameColumn)
+            row.name = base::fromUtf8(utf8);
         else
             row.path = pathOf(utf8);
     }

@@ -10,9 +10,13 @@ namespace publish {
 
 class ProductRows;
 
+/// What groups.csv says for the code or description of a group that shall have none.
+inline constexpr const char* noText = "(none)";
+
 /// A group's row in groups.csv.
 struct GroupRow {
     std::vector<std::string> path; ///< names from the top down; Windows-1252
+    std::string name = {};         ///< where it is not the last one of the path
     Product header;
     std::size_t line = 0;
 };
