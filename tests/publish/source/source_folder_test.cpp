@@ -1,5 +1,6 @@
 #include "base/files.h"
-#include "publish/source_folder.h"
+#include "publish/product_rows.h"
+#include "publish/source/source_folder.h"
 #include "tests/support/file_system.h"
 #include "tests/support/test_folder.h"
 
@@ -36,6 +37,7 @@ protected:
     std::vector<std::string> complaints() {
         publish::Complaints found;
         source = publish::readSourceFolder(folder, further, found);
+        writeDataFiles(source, folder.parent_path() / "data", found);
         std::vector<std::string> texts;
         for (const auto& complaint : found)
             texts.push_back(textOf(complaint));
@@ -49,7 +51,10 @@ protected:
 
 TEST_F(SourceFolder, AWholeFolderIsReadWithoutComplaint) {
     EXPECT_THAT(complaints(), IsEmpty());
-    const auto& product = source.catalog.contents.groups.at(0).products.at(0);
+    publish::Product product;
+    publish::Complaints ignored;
+    ASSERT_THAT(source.catalog.contents.groups.at(0).rows, ElementsAre(0));
+    source.catalog.products->read(0, product, ignored);
     EXPECT_EQ(product.description, "Gr\xFCn");
     EXPECT_EQ(product.price, 4.5F);
     EXPECT_EQ(product.taxRate, 7);
