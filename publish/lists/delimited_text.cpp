@@ -186,7 +186,8 @@ void DelimitedText::read(std::size_t row, TableRow& cells) const {
     Field field;
     for (bool more = true; more;) {
         more = reader.next(field);
-        cells.cells.push_back({textOf(field, cells.texts)});
+        if (cells.cells.size() < mostListColumns)
+            cells.cells.push_back({textOf(field, cells.texts)});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "publish/complaint.h"
+#include "publish/lists/table.h"
 
 #include <array>
 #include <cstddef>
@@ -15,6 +16,9 @@ namespace publish {
 enum class ListField { code, description, other, price, tax, picture, details };
 
 inline constexpr std::size_t listFieldCount = 7;
+
+/// The value that stands for no column, no heading row, no separator.
+inline constexpr const char* noColumnName = "none";
 
 /// What the mapping file says for a key.
 struct MappingValue {
@@ -35,7 +39,7 @@ struct ListMapping {
     MappingValue groupSeparator;      ///< between the names of a path in one column
     MappingValue groupRows;           ///< "yes": a row with one text between products names a group
     MappingValue decimalMark;         ///< "," or "."
-    MappingValue takesEveryColumn;    ///< "yes": a column that is not understood is an error
+    bool isOwn = false;               ///< our own products.csv: fixed columns, numbers with a point
 
     [[nodiscard]] MappingValue& column(ListField field) { return columns[static_cast<std::size_t>(field)]; }
 
@@ -46,6 +50,15 @@ struct ListMapping {
 
 /// The name of the mapping file in a source folder.
 inline constexpr const char* mappingFileName = "list.ini";
+
+/// The field's key in the mapping file, which is also its column in our own products.csv: "code".
+[[nodiscard]] const char* nameOf(ListField field);
+
+/// How the list's file is to be read.
+[[nodiscard]] TableForm formOf(const ListMapping& mapping);
+
+/// Puts in what was found by opening the file.
+void noteForm(ListMapping& mapping, const TableForm& form);
 
 /// Reads a mapping file, UTF-8. Unknown keys and values that make no sense are complained of by line.
 [[nodiscard]] ListMapping readMapping(std::string_view text, Complaints& complaints);

@@ -80,8 +80,4 @@ struct SheetsOfFile {
     std::vector<NamedSheet> sheets; ///< those that were wanted
 };
 
-/// The rows that a sheet can have, and the columns of it that are read.
-inline constexpr std::size_t mostSheetRows = 1 << 20;
-inline constexpr std::size_t mostListColumns = 1024;
-
 }

@@ -26,6 +26,12 @@ struct TableRow {
     [[nodiscard]] Cell at(std::size_t column) const { return column < cells.size() ? cells[column] : Cell{}; }
 };
 
+/// The rows that a sheet can have.
+inline constexpr std::size_t mostSheetRows = 1 << 20;
+
+/// Of longer rows the rest is not looked at.
+inline constexpr std::size_t mostListColumns = 1024;
+
 /// A table of texts, read by the row: delimited text or a sheet. Rows without any text are passed over; the
 /// others count from 0.
 class Table {
