@@ -4,10 +4,13 @@
 #include "publish/catalog_source.h"
 
 #include <array>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -58,10 +61,43 @@ private:
         std::int32_t headerRecord = 0;
     };
 
+    /// The key as numbers that are ordered as its bytes are.
     struct IndexEntry {
-        std::array<char, catalog::IndexRecord::keyField.width> key;
+        std::array<std::uint64_t, 2> first16;
+        std::uint32_t last4;
         std::int32_t record;
+
+        auto operator<=>(const IndexEntry&) const = default;
+
+        [[nodiscard]] bool hasKeyOf(const IndexEntry& other) const {
+            return first16 == other.first16 && last4 == other.last4;
+        }
     };
+
+    /// A file that is written from its beginning to its end, in few large steps.
+    class File {
+    public:
+        explicit File(std::filesystem::path path);
+
+        void append(std::string_view bytes);
+
+        template <std::size_t Length>
+        void append(const std::array<std::byte, Length>& bytes) {
+            append({reinterpret_cast<const char*>(bytes.data()), Length});
+        }
+
+        void close();
+
+    private:
+        void write();
+
+        std::filesystem::path m_path;
+        std::ofstream m_file;
+        std::string m_waiting;
+    };
+
+    static IndexEntry indexEntry(std::string_view code, std::int32_t record);
+    static std::array<char, catalog::IndexRecord::keyField.width> keyOf(const IndexEntry& entry);
 
     void number(const Group& contents);
     void append(const Product& product, bool isProduct);
@@ -70,8 +106,8 @@ private:
     void writeIndex();
 
     std::filesystem::path m_folder;
-    std::ofstream m_products;
-    std::ofstream m_memos;
+    File m_products;
+    File m_memos;
     std::vector<NumberedGroup> m_groups; // by number - 1: siblings stand together
     std::unordered_map<const Group*, std::int32_t> m_numbers;
     std::vector<const Group*> m_waiting; // header records still to write, the next one last

@@ -45,10 +45,10 @@ public:
 
 private:
     void complain(const char* rule, std::string text) {
-        m_complaints.push_back({Complaint::Weight::error,
-                                {.file = shownName(base::toUtf8(m_zip.fileName))},
-                                std::move(text),
-                                rule});
+        auto& complaint = m_complaints.emplace_back();
+        complaint.place.file = shown(m_zip.fileName);
+        complaint.text = std::move(text);
+        complaint.rule = rule;
     }
 
     void complainOfMarker() {
