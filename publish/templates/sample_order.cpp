@@ -45,10 +45,10 @@ order::OrderContents sampleOrder(const catalog::Catalog& catalog, order::TaxStat
                      .attention = "Anna O'Neill",
                      .city = "\xC5rhus",
                      .country = "Denmark",
-                     .business = "O'Neill & Sons {\"Hardware\"}",
+                     .business = "O'Neill & Sons {Hardware}",
                      .phone = "+45 20 00 00 00",
                      .state = "",
-                     .street = "Havnegade 5 <back door>",
+                     .street = "Havnegade 5, \"back door\"",
                      .zip = "8000"};
     order.orderNumber = "SAMPLE-1";
     order.comment = "Please ring the bell.\r\nThank you.";
