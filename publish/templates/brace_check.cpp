@@ -44,8 +44,10 @@ public:
           m_kind(use.kind),
           m_report(report),
           m_ranges(rawRanges(text)),
-          m_lastClose(text.rfind('}')),
-          m_lastOpen(text.rfind('{')) {}
+          m_nextOpen(text, "{"),
+          m_nextClose(text, "}"),
+          m_rowStart(text.find("<R1>")),
+          m_rowEnd(text.find("</R1>", std::min(m_rowStart, text.size()))) {}
 
     Braces run();
 
@@ -54,8 +56,16 @@ private:
         return m_kind == TemplateKind::print || m_kind == TemplateKind::mail;
     }
 
-    void readBlock(std::size_t start, std::size_t end);
+    std::size_t readUnopened(std::size_t from, std::size_t at);
+    std::size_t readBlock(std::size_t start, std::size_t end);
     void readText(std::size_t from, std::size_t to, bool inBlock);
+
+    // Head, row and foot have their tags filled apart from each other.
+    [[nodiscard]] std::size_t endOfPart(std::size_t at) const {
+        const bool isWhole = m_kind == TemplateKind::banner || m_kind == TemplateKind::welcome;
+        return isWhole ? none : at < m_rowStart ? m_rowStart : at < m_rowEnd ? m_rowEnd : none;
+    }
+
     void readTag(std::size_t at, std::string_view tag, bool decides);
     void unfilled(std::size_t at, std::string_view tag, bool decides);
     void unknown(std::size_t at, std::string_view tag);
@@ -68,8 +78,10 @@ private:
     TemplateKind m_kind;
     TemplateReport& m_report;
     std::vector<RawRange> m_ranges;
-    std::size_t m_lastClose;
-    std::size_t m_lastOpen;
+    Next m_nextOpen;
+    Next m_nextClose;
+    std::size_t m_rowStart;
+    std::size_t m_rowEnd;
     const RawRange* m_complainedOf = nullptr; // each style sheet once
     Braces m_found;
 };
@@ -88,33 +100,45 @@ Braces BraceCheck::run() {
             return std::move(m_found);
         }
         if (end < start) {
-            readText(at, end + 1, false); // the first of them may be a tag's own
-            if (!isOfStyle(end))
-                m_report.error("block-close", end,
-                               "\"}}\" stands before the \"{{\" that it should end; the viewer takes the "
-                               "template for damaged");
-            at = end + 2;
+            at = readUnopened(at, end);
             continue;
         }
         readText(at, start, false);
-        readBlock(start, end);
-        at = end + 2;
+        at = readBlock(start, end);
     }
     readText(at, m_text.size(), false);
     return std::move(m_found);
 }
 
+// Closing braces before any opening ones. The first may be a tag's own.
+std::size_t BraceCheck::readUnopened(std::size_t from, std::size_t at) {
+    const auto before = m_text.substr(from, at - from);
+    const auto open = before.rfind('{');
+    const bool closesTag = open != none && before.find('}', open) == none;
+    readText(from, closesTag ? at + 1 : at, false);
+    if (!isOfStyle(at))
+        m_report.error(
+            "block-close", at,
+            "\"}}\" stands before the \"{{\" that it should end; the viewer takes the template for "
+            "damaged");
+    return at + 2;
+}
+
 // The first tag inside decides. The closing braces may not touch a tag's own, and what follows the block may
-// not begin with one: dropped, the block would leave it to what stood before.
-void BraceCheck::readBlock(std::size_t start, std::size_t end) {
+// not begin with one: dropped, the block would leave it to what stood before. Answers where to read on.
+std::size_t BraceCheck::readBlock(std::size_t start, std::size_t end) {
     const auto inner = m_text.substr(start + 2, end - start - 2);
     const auto open = inner.find('{');
     const auto close = inner.find('}');
+    const bool touched = m_text.substr(end + 2).starts_with('}');
     m_found.blocks.push_back({start, end + 2});
     if (const auto nested = inner.find("{{"); nested != none) {
         m_report.error("block-nested", start + 2 + nested,
                        "a block begins inside another; end the first one before it");
-    } else if (inner.rfind('{') != none && inner.find('}', inner.rfind('{')) == none) {
+        const auto outer = m_text.find("}}", end + 2);
+        return outer == none ? end + 2 : outer + 2;
+    }
+    if (inner.rfind('{') != none && inner.find('}', inner.rfind('{')) == none) {
         m_report.error("block-tag-open", start + 2 + inner.rfind('{'),
                        "the tag's \"}\" touches the \"}}\" of its block, which then ends too early; put a "
                        "blank between them");
@@ -126,9 +150,10 @@ void BraceCheck::readBlock(std::size_t start, std::size_t end) {
         readText(start + 2, start + 2 + open, true);
         readTag(start + 2 + open, inner.substr(open, close - open + 1), true);
         readText(start + 2 + close + 1, end, true);
-        if (m_text.substr(end + 2).starts_with('}'))
+        if (touched)
             strayClose(end + 2, true);
     }
+    return touched ? end + 3 : end + 2;
 }
 
 void BraceCheck::readText(std::size_t from, std::size_t to, bool inBlock) {
@@ -218,7 +243,7 @@ void BraceCheck::strayClose(std::size_t at, bool inBlock) {
     if (inBlock)
         m_report.error("block-brace", at,
                        "this \"}\" ends no tag; at a block the viewer can take it for a part of \"}}\"");
-    else if (isOrder() && m_lastOpen != none && m_lastOpen > at)
+    else if (isOrder() && m_nextOpen.from(at) < endOfPart(at))
         m_report.error("brace-stray", at,
                        "this \"}\" ends no tag; the viewer takes an order template with it for damaged. "
                        "Write &#125; where a brace is to be seen");
@@ -232,7 +257,7 @@ void BraceCheck::strayOpen(std::size_t at, bool inBlock) {
     if (inBlock)
         m_report.error("block-brace", at,
                        "this \"{\" begins no tag; in a block the viewer can take it for a part of \"{{\"");
-    else if (m_lastClose != none && m_lastClose > at)
+    else if (m_nextClose.from(at) < endOfPart(at))
         m_report.error("brace-stray", at,
                        "this \"{\" begins a tag that is not closed; everything up to the next \"}\" vanishes "
                        "from the page");

@@ -91,6 +91,7 @@ private:
     [[nodiscard]] bool repeats() const { return isOrder() || m_kind == TemplateKind::group; }
 
     void collect();
+    void misspelt(std::size_t at, std::string_view marker);
     RowPart checkRows();
     void checkSecond(const FoundMarker& firstEnd);
     void noRows();
@@ -104,6 +105,7 @@ private:
     const std::vector<FoundBlock>& m_blocks;
     TemplateReport& m_report;
     std::vector<FoundMarker> m_markers;
+    bool m_hasMisspelt = false; // told once
 };
 
 void MarkerCheck::collect() {
@@ -112,10 +114,15 @@ void MarkerCheck::collect() {
             const auto text = m_text.substr(at, markerTexts[i].size());
             if (text == markerTexts[i])
                 m_markers.push_back({static_cast<Marker>(i), at});
-            else if (repeats() && base::equalIgnoringCase(text, markerTexts[i]))
-                m_report.error("row-marker-case", at,
-                               std::string(text) + " is no marker; write " + std::string(markerTexts[i]));
+            else if (repeats() && !m_hasMisspelt && base::equalIgnoringCase(text, markerTexts[i]))
+                misspelt(at, markerTexts[i]);
         }
+}
+
+void MarkerCheck::misspelt(std::size_t at, std::string_view marker) {
+    m_hasMisspelt = true;
+    m_report.error("row-marker-case", at,
+                   "row markers have capital letters, this one is only text; write " + std::string(marker));
 }
 
 const FoundMarker* MarkerCheck::next(Marker marker, std::size_t from) const {
@@ -180,6 +187,8 @@ void MarkerCheck::checkSecond(const FoundMarker& firstEnd) {
 }
 
 void MarkerCheck::noRows() {
+    if (m_hasMisspelt)
+        return;
     if (!m_markers.empty() && repeats())
         m_report.error("row-start", m_markers[0].at, "there is no <R1> at which the row would begin");
     else if (!m_markers.empty())

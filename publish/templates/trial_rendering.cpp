@@ -7,6 +7,7 @@
 #include "pages/product_fields.h"
 #include "pages/template/prepared_template.h"
 #include "pages/template/template_text.h"
+#include "publish/templates/viewer_setting.h"
 
 #include <algorithm>
 #include <string>
@@ -14,8 +15,6 @@
 
 namespace publish {
 namespace {
-
-const pages::LayoutSizes sizes{"50", "2", "3"};
 
 /// Every tag has the same value.
 class PlainFields : public pages::Fields {
@@ -82,7 +81,7 @@ void renderOrder(std::string text, const TemplateUse& use, const std::string& va
     auto contents = orderWith(value);
     contents.taxStatus = use.taxed ? pages::TaxStatus::taxed : pages::TaxStatus::exempt;
     const auto parameters = parametersWith(value);
-    const order::OrderWriter writer(parameters, {}, sizes);
+    const order::OrderWriter writer(parameters, {}, usualSizes());
     const pages::TemplateFile file{{}, std::move(text)};
     static_cast<void>(use.kind == TemplateKind::print ? writer.page(file, contents)
                                                       : writer.mailText(file, contents));
@@ -97,7 +96,7 @@ Trial tryRendering(std::string_view text, const TemplateUse& use) {
             if (isOrder)
                 renderOrder(std::string(text), use, value);
             else
-                renderPage(pages::replaceLayoutSizes(text, sizes), use.kind, value);
+                renderPage(pages::replaceLayoutSizes(text, usualSizes()), use.kind, value);
     } catch (const base::DamagedFile&) {
         return Trial::damaged;
     } catch (const order::NotANumber&) {
