@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "publish/catalog_source.h"
 #include "publish/existing/readable_text.h"
+#include "publish/existing/shown_numbers.h"
 #include "publish/existing/source_texts.h"
 #include "publish/product_table.h"
 #include "publish/source_check.h"
@@ -118,7 +119,7 @@ private:
         put(readableLine(record.code()));
         put(readableLine(record.descriptionLine()));
         putEntry(record, [&] {
-            put(base::textOf(record.price()));
+            put(priceText(record.price()));
             put(base::textOf(record.taxRate()));
         });
     }

@@ -65,7 +65,7 @@ TEST(Numbers, OnlyWhatASingleHoldsToTheLastDigitIsTaken) {
                  {"7.", 7, ""},
                  {"", 0, "empty"},
                  {"12,50", 0, "not a number"},
-                 {"-1", 0, "not a number"},
+                 {"-1.5", -1.5F, ""},
                  {"1e3", 0, "not a number"},
                  {"1.2.3", 0, "not a number"},
                  {".", 0, "not a number"},
