@@ -267,7 +267,7 @@ Group readProducts(std::string_view productsCsv, std::string_view groupsCsv, Com
             names.emplace_back(&group, std::move(row.name));
     }
     for (auto& [group, name] : names) // only now: the paths are of no more use
-        group->name = std::move(name);
+        group->name = name == noText ? std::string() : std::move(name);
     completeHeaders(contents);
     return contents;
 }

@@ -8,7 +8,7 @@
 
 namespace publish {
 
-/// What groups.csv says for the code or description of a group that shall have none.
+/// What groups.csv says for the name, code or description of a group that shall have none.
 inline constexpr const char* noText = "(none)";
 
 /// Reads products.csv and groups.csv, both UTF-8 (docs/publishing.md, "The products", "The groups"):

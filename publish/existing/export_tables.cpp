@@ -160,7 +160,9 @@ private:
     // Where it cannot stand in the path.
     [[nodiscard]] std::string nameOf(std::int32_t group) const {
         const auto name = readableLine(m_catalog.groupName(group));
-        return name == readableLine(m_tree.step(group)) ? std::string() : name;
+        if (group > m_catalog.groups.count() || name == readableLine(m_tree.step(group)))
+            return {};
+        return name.empty() ? noText : name;
     }
 
     // Parents before children, siblings as their records come.
