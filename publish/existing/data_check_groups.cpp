@@ -112,11 +112,11 @@ private:
         if (holdsGroups && next.isProduct())
             warning(number, "group-mixed",
                     "holds groups, but a product stands behind its own record; its page "
-                    "lists groups, its list products");
-        if (group.firstChild() >= 1 && !next.isProduct() && groupOf(next) != group.firstChild())
-            warning(number, "group-list",
-                    "is not followed by the own record of its first group; its list begins "
-                    "with another one");
+                    "lists the groups only, its list the products only");
+        else if (number != root && group.firstChild() >= 1 && groupOf(next) != group.firstChild())
+            error(number, "group-list",
+                  "is not followed by the own record of its first group; its list begins "
+                  "with another one and lacks those before");
     }
 
     void checkLinks(std::int32_t number, const catalog::GroupRecord& group) {

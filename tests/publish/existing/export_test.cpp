@@ -7,6 +7,7 @@
 #include "publish/existing/known_complaints.h"
 #include "publish/existing/plain_build.h"
 #include "tests/publish/existing/random_catalog.h"
+#include "tests/publish/existing/tidy_catalog.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/test_folder.h"
 
@@ -18,6 +19,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+using support::tidyCatalog;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -74,27 +76,6 @@ std::vector<std::string> rulesOf(const publish::Complaints& complaints) {
     for (const auto& complaint : complaints)
         rules.push_back(complaint.rule);
     return rules;
-}
-
-/// Root, groups 2 and 3, and in the first of them the groups 4 and 5: numbered as we do it.
-support::CatalogBuilder tidyCatalog() {
-    support::CatalogBuilder builder;
-    builder.texts = {{catalog::ParameterText::supplierName, "Acme"}};
-    builder.products = {
-        {.text = "TOC\nContents\n", .flag = 'N'},
-        {.text = "BOLTS\nBolts\n", .group = 2, .memo = "All bolts", .flag = 'N'},
-        {.text = "HEX\nHex\n", .group = 4, .flag = 'N'},
-        {.text = "H1\nHex bolt \xD8 6\nBox", .price = 2.5F, .taxRate = 20, .group = 4, .memo = "Good"},
-        {.text = "CAR\nCarriage\n", .group = 5, .flag = 'N'},
-        {.text = "C1\nCarriage bolt\n", .price = 0.125F, .group = 5, .picture = "p/c1.jpg"},
-        {.text = "NUTS\nNuts\n", .group = 3, .flag = 'N'},
-        {.text = "N1\nNut\n", .price = 1, .group = 3}};
-    builder.groups = {{"Table of Contents", 1, 2, 0},
-                      {"Bolts", 2, 4, 1},
-                      {"Nuts", 7, 0, 1},
-                      {"Hex", 3, 0, 2},
-                      {"Carriage", 5, 0, 2}};
-    return builder;
 }
 
 void replaceIn(const fs::path& file, const std::string& from, const std::string& to) {
