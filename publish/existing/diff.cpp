@@ -19,6 +19,10 @@ namespace {
 
 constexpr std::string_view templateEnding = ".ect";
 
+bool readSame(std::string_view before, std::string_view after) {
+    return base::trim(before) == base::trim(after) || readableLine(before) == readableLine(after);
+}
+
 class Comparison {
 public:
     Comparison(const std::filesystem::path& older, const std::filesystem::path& newer)
@@ -90,7 +94,7 @@ private:
         const auto a = m_old.catalog().products.at(before);
         const auto b = m_new.catalog().products.at(after);
         const auto compare = [&](const char* what, std::string_view x, std::string_view y) {
-            if (base::trim(x) != base::trim(y))
+            if (!readSame(x, y))
                 m_diff.texts.push_back({m_new.named(after), what, readableLine(x), readableLine(y)});
         };
         if (a.text() != b.text()) {

@@ -71,13 +71,13 @@ private:
         const auto left = writeTables(catalog, m_folder);
         if (left.strayRecords > 0)
             warn(std::string(catalog::productsFile),
-                 std::to_string(left.strayRecords) + " records are neither products nor the own record of a "
-                                                     "group; the tables do not have them",
+                 "the tables do not have the records that are neither products nor a group's own: " +
+                     std::to_string(left.strayRecords),
                  "export-stray");
         if (left.longDescriptions > 0)
             warn(std::string(catalog::memosFile),
-                 std::to_string(left.longDescriptions) +
-                     " products share long descriptions so large that the tables do not have them",
+                 "the tables do not have some long descriptions, since many products share large ones: " +
+                     std::to_string(left.longDescriptions),
                  "export-details");
     }
 

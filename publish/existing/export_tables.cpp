@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "publish/catalog_source.h"
 #include "publish/existing/readable_text.h"
+#include "publish/existing/shown_numbers.h"
 #include "publish/existing/source_texts.h"
 #include "publish/source/group_tree.h"
 
@@ -117,7 +118,7 @@ private:
         put(readableLine(record.code()));
         put(readableLine(record.descriptionLine()));
         putEntry(record, [&] {
-            put(base::textOf(record.price()));
+            put(priceText(record.price()));
             put(base::textOf(record.taxRate()));
         });
     }
@@ -158,7 +159,9 @@ private:
     // Where it cannot stand in the path.
     [[nodiscard]] std::string nameOf(std::int32_t group) const {
         const auto name = readableLine(m_catalog.groupName(group));
-        return name == readableLine(m_tree.step(group)) ? std::string() : name;
+        if (group > m_catalog.groups.count() || name == readableLine(m_tree.step(group)))
+            return {};
+        return name.empty() ? noText : name;
     }
 
     // Parents before children, siblings as their records come.

@@ -57,7 +57,7 @@ private:
     }
 
     void compare(std::string_view key, std::string_view before, std::string_view after) {
-        if (before != after)
+        if (readableLine(before) != readableLine(after))
             add(key, readableLine(before), readableLine(after));
     }
 
