@@ -13,9 +13,6 @@
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "catalog/program_folders.h"
-#include "catalog/settings_file.h"
-#include "order/basket_file.h"
-#include "pages/scratch_page.h"
 
 #include <algorithm>
 #include <array>
@@ -83,10 +80,6 @@ std::string addStatus(const fs::path& lastInstalledParameters) {
 /// The files that a catalogue cannot do without.
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
-
-/// The files of the user's own, which stand among the catalogue's, and one that must not stand there.
-constexpr std::array usersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile,
-                                catalog::probeFile};
 
 bool areParametersWhole(const fs::path& folder) {
     std::error_code error;
@@ -222,7 +215,7 @@ void CatalogZips::unpackInto(const Zip& zip, std::string_view status, StagedFold
     m_window.setStatus(status);
     if (!extract(zip, "*", staged.folder()))
         refuseDamaged(zip.path);
-    for (const auto file : usersFiles) {
+    for (const auto file : usersFiles()) {
         staged.leaveOut(file);
         staged.leaveOut(std::string(file).append(base::unfinishedEnding));
     }

@@ -1,9 +1,18 @@
 #include "app/zip_files.h"
 
 #include "base/text.h"
+#include "catalog/program_folders.h"
+#include "catalog/settings_file.h"
+#include "order/basket_file.h"
+#include "pages/scratch_page.h"
+
+#include <array>
 
 namespace app {
 namespace {
+
+constexpr std::array theUsersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile,
+                                   catalog::probeFile};
 
 bool isNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
@@ -23,6 +32,10 @@ std::string withoutCopyNumber(const std::string& name) {
 
 std::string markerOf(std::string_view folderName) {
     return std::string(folderName) + ".sup";
+}
+
+std::span<const std::string_view> usersFiles() {
+    return theUsersFiles;
 }
 
 std::optional<std::string> supplierOf(const std::string& zipName,

@@ -31,13 +31,6 @@ std::vector<fs::path> filesWhere(const fs::path& folder, Wanted wanted) {
     return found;
 }
 
-// What a rename must replace: the file that a symbolic link leads to, not the link.
-fs::path behindLinks(const fs::path& path) {
-    std::error_code error;
-    auto target = fs::weakly_canonical(path, error);
-    return error ? path : target;
-}
-
 // Writes a file anew; what was written of it goes when that fails.
 bool writeNew(const fs::path& path, std::string_view bytes) {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -52,20 +45,6 @@ bool writeNew(const fs::path& path, std::string_view bytes) {
 
 fs::path unfinished(const fs::path& target) {
     return fs::path(target).concat(unfinishedEnding);
-}
-
-// What is mapped can be flushed without the system's own calls. On a file system that maps no file for
-// writing, a power cut shortly after may still lose the bytes.
-bool isOnDisk(const fs::path& path, std::size_t size) {
-    if (size == 0)
-        return true;
-    constexpr bool later = false;
-    try {
-        const ipc::file_mapping file(path.c_str(), ipc::read_write);
-        return ipc::mapped_region(file, ipc::read_write).flush(0, size, later);
-    } catch (const ipc::interprocess_exception&) {
-        return true;
-    }
 }
 
 [[noreturn]] void failWriting(const fs::path& path) {
@@ -144,7 +123,29 @@ void replaceFile(const fs::path& path, std::string_view bytes) {
 }
 
 void replaceFileDurably(const fs::path& path, std::string_view bytes) {
-    replace(path, bytes, [&](const fs::path& written) { return isOnDisk(written, bytes.size()); });
+    replace(path, bytes, flushToDisk);
+}
+
+// What is mapped can be flushed without the system's own calls. On a file system that maps no file for
+// writing, a power cut shortly after may still lose the bytes.
+bool flushToDisk(const fs::path& path) {
+    std::error_code error;
+    const auto size = fs::file_size(path, error);
+    if (error || size == 0)
+        return !error;
+    constexpr bool later = false;
+    try {
+        const ipc::file_mapping file(path.c_str(), ipc::read_write);
+        return ipc::mapped_region(file, ipc::read_write).flush(0, static_cast<std::size_t>(size), later);
+    } catch (const ipc::interprocess_exception&) {
+        return true;
+    }
+}
+
+fs::path behindLinks(const fs::path& path) {
+    std::error_code error;
+    auto target = fs::weakly_canonical(path, error);
+    return error ? path : target;
 }
 
 std::string_view withoutUnfinishedEnding(std::string_view name) {

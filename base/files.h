@@ -38,6 +38,13 @@ void replaceFile(const std::filesystem::path& path, std::string_view bytes);
 /// or the new one too. Takes as long as the disk does: some milliseconds.
 void replaceFileDurably(const std::filesystem::path& path, std::string_view bytes);
 
+/// Whether the file's bytes have reached the disk, for which this waits. On a file system that maps no file
+/// for writing it is taken for granted.
+[[nodiscard]] bool flushToDisk(const std::filesystem::path& path);
+
+/// What a rename onto the path must replace: the file that a symbolic link leads to, not the link.
+[[nodiscard]] std::filesystem::path behindLinks(const std::filesystem::path& path);
+
 /// What stands beside a file while it is being replaced: its name with this ending.
 inline constexpr std::string_view unfinishedEnding = ".new";
 

@@ -25,9 +25,10 @@ RecordsText firstRecords(const std::filesystem::path& path) {
 
 }
 
-Parameters::Parameters(const std::filesystem::path& path) {
-    const auto bytes = firstRecords(path);
-    const auto records = std::as_bytes(std::span(bytes));
+Parameters::Parameters(const std::filesystem::path& path)
+    : Parameters(std::as_bytes(std::span<const char>(firstRecords(path)))) {}
+
+Parameters::Parameters(RecordBytes records) {
     std::copy_n(records.begin(), m_header.size(), m_header.begin());
     for (std::size_t number = 2; number <= recordCount; ++number)
         m_texts[number] = base::trim(

@@ -43,6 +43,9 @@ public:
     /// A missing file throws base::MissingFile, one with fewer than 19 records base::DamagedFile.
     explicit Parameters(const std::filesystem::path& path);
 
+    /// From the bytes of such a file, which hold all records.
+    explicit Parameters(RecordBytes records);
+
     /// A view of this object.
     [[nodiscard]] ParameterHeader header() const { return ParameterHeader(m_header); }
 

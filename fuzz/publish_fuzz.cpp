@@ -3,9 +3,8 @@
 #include "fuzz/require.h"
 #include "fuzz/scratch_folder.h"
 #include "fuzz/sections.h"
-#include "publish/data_files.h"
-#include "publish/source_check.h"
-#include "publish/source_folder.h"
+#include "publish/product_rows.h"
+#include "publish/source/source_folder.h"
 
 #include <array>
 #include <map>
@@ -48,12 +47,17 @@ void checkEntry(const publish::Product& product, const catalog::Catalog& catalog
         checkProduct(product, catalog.products.at(record));
 }
 
-void checkGroup(const publish::Group& group, const catalog::Catalog& catalog, Records& seen) {
+void checkGroup(const publish::Group& group, const publish::ProductRows& products,
+                const catalog::Catalog& catalog, Records& seen) {
     checkEntry(group.header, catalog, seen);
     for (const auto& child : group.groups)
-        checkGroup(child, catalog, seen);
-    for (const auto& product : group.products)
+        checkGroup(child, products, catalog, seen);
+    publish::Product product;
+    publish::Complaints ignored;
+    for (const auto row : group.rows) {
+        products.read(row, product, ignored);
         checkEntry(product, catalog, seen);
+    }
 }
 
 }
@@ -67,12 +71,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     writeSource(folder, fuzz::sections<5>(data, size));
     publish::Complaints complaints;
     const auto source = publish::readSourceFolder(folder, {}, complaints);
+    publish::writeDataFiles(source, catalogFolder, complaints);
     for (const auto& complaint : complaints)
         fuzz::require(!textOf(complaint).empty(), "a complaint says nothing");
     if (publish::holdsError(complaints))
         return 0;
-    publish::writeDataFiles(source.catalog, catalogFolder);
     Records seen;
-    checkGroup(source.catalog.contents, catalog::openCatalog(catalogFolder), seen);
+    checkGroup(source.catalog.contents, *source.catalog.products, catalog::openCatalog(catalogFolder), seen);
     return 0;
 }

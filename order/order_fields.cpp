@@ -171,6 +171,10 @@ unsigned OrderFields::number(std::string_view tag) const {
     return orderTags.number(tag);
 }
 
+std::vector<std::string_view> OrderFields::tags() {
+    return pages::tagsOf(rowTags, orderTags, parameterTags);
+}
+
 void OrderFields::append(unsigned number, std::string& out) const {
     if (parameterTags.holds(number)) {
         out += m_parameters.text(parameterTags[number]);

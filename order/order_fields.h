@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace order {
 
@@ -29,6 +30,9 @@ public:
 
     [[nodiscard]] unsigned number(std::string_view tag) const override;
     void append(unsigned number, std::string& out) const override;
+
+    /// All that it knows.
+    [[nodiscard]] static std::vector<std::string_view> tags();
 
 private:
     const catalog::Parameters& m_parameters;

@@ -47,22 +47,6 @@ TemplateParts partsOf(std::string_view bytes, const OrderFields& fields, RenderG
     return parts;
 }
 
-// Takes the row marker out of the text, and everything in front of it; gives the row places that are taken
-// on the first page. Deliberate: the character behind the marker goes with it.
-unsigned takeRowMarker(std::string& text) {
-    constexpr std::string_view markerStart = "{ROW=";
-    constexpr std::size_t digits = 2;
-    constexpr std::size_t taken = 9;
-    constexpr double most = 255;
-
-    const auto at = text.find(markerStart);
-    if (at == std::string::npos)
-        return 0;
-    const auto value = base::parseNumber(std::string_view(text).substr(at + markerStart.size(), digits));
-    text.erase(0, std::min(at + taken, text.size()));
-    return static_cast<unsigned>(std::clamp(std::nearbyint(value), 0.0, most));
-}
-
 void removeEvery(MarkedText& text, const MarkedText& marker, RenderGuard& guard) {
     pages::replaceEvery(text, marker, MarkedText(), 0, guard);
 }
@@ -123,6 +107,21 @@ std::string_view orderTemplateName(OutputKind kind, bool chargesTax, TaxStatus s
     if (kind == OutputKind::print)
         return taxed ? catalog::printTemplate : catalog::printTemplateWithoutTax;
     return taxed ? catalog::mailTemplate : catalog::mailTemplateWithoutTax;
+}
+
+unsigned takeRowMarker(std::string& text) {
+    constexpr std::string_view markerStart = "{ROW=";
+    constexpr std::size_t digits = 2;
+    // Deliberate: the character behind the marker goes with it.
+    constexpr std::size_t taken = 9;
+    constexpr double most = 255;
+
+    const auto at = text.find(markerStart);
+    if (at == std::string::npos)
+        return 0;
+    const auto value = base::parseNumber(std::string_view(text).substr(at + markerStart.size(), digits));
+    text.erase(0, std::min(at + taken, text.size()));
+    return static_cast<unsigned>(std::clamp(std::nearbyint(value), 0.0, most));
 }
 
 OrderWriter::OrderWriter(const catalog::Parameters& parameters, std::filesystem::path dataFolder,

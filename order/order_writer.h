@@ -16,6 +16,11 @@ namespace order {
 /// "PrtOrd.ect" or "EmlOrd.ect"; with "_NT" where no tax is charged.
 [[nodiscard]] std::string_view orderTemplateName(OutputKind kind, bool chargesTax, TaxStatus status);
 
+/// Takes the row marker ("{ROW=12}") out of the text of a printed order's template, with everything in front
+/// of it and one character behind it. Gives its number, the row places that are taken on the first page; 0
+/// where there is no marker or no number.
+unsigned takeRowMarker(std::string& text);
+
 /// Fills a catalogue's order templates (docs/template-language.md, "Order templates"). The parameters must
 /// live as long.
 class OrderWriter {

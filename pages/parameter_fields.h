@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pages {
 
@@ -25,6 +26,9 @@ public:
 
     [[nodiscard]] unsigned number(std::string_view tag) const override;
     void append(unsigned number, std::string& out) const override;
+
+    /// All that it knows.
+    [[nodiscard]] static std::vector<std::string_view> tags() { return tagsOf(parameterTags, folderTags); }
 
 private:
     const catalog::Parameters& m_parameters;

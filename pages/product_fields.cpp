@@ -53,6 +53,10 @@ unsigned ProductFields::number(std::string_view tag) const {
     return number != 0 ? number : m_parameters.number(tag);
 }
 
+std::vector<std::string_view> ProductFields::tags() {
+    return tagsOf(productTags, folderTags, parameterTags);
+}
+
 void ProductFields::append(unsigned number, std::string& out) const {
     if (!productTags.holds(number))
         return m_parameters.append(number, out);

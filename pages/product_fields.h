@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pages {
 
@@ -24,6 +25,9 @@ public:
 
     [[nodiscard]] unsigned number(std::string_view tag) const override;
     void append(unsigned number, std::string& out) const override;
+
+    /// All that it knows.
+    [[nodiscard]] static std::vector<std::string_view> tags();
 
 private:
     void appendPicture(std::string& out) const;

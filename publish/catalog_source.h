@@ -3,10 +3,15 @@
 #include "catalog/record_codec.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace publish {
+
+class ProductRows;
 
 /// What a supplier offers, in the order of the catalogue. Texts are Windows-1252.
 struct Product {
@@ -17,15 +22,15 @@ struct Product {
     std::string longDescription = {}; ///< lines separated by line feeds; empty means none
     float taxRate = 0;                ///< percent
     float price = 0;                  ///< without tax
-    std::size_t line = 0;             ///< of the file that it was read from; 0 where it was not read
 };
 
 /// A group holds groups or products, never both.
 struct Group {
     std::string name = {};
-    Product header = {}; ///< the group's own record: its code, description, other text and picture
+    Product header = {};  ///< the group's own record
+    std::size_t line = 0; ///< of groups.csv; 0 where the group has none
     std::vector<Group> groups = {};
-    std::vector<Product> products = {};
+    std::vector<std::uint32_t> rows = {}; ///< its products, as rows of `CatalogSource::products`
 };
 
 /// The name by which the first group's page lists the top-level groups.
@@ -34,6 +39,18 @@ inline constexpr const char* contentsName = "Table of Contents";
 struct CatalogSource {
     catalog::ParameterValues parameters = {};
     Group contents = {.name = contentsName};
+    std::shared_ptr<const ProductRows> products = {}; ///< none where there is no list
 };
+
+/// A template, picture or other file that goes into the zip as it is.
+struct ContentFile {
+    std::string name;           ///< in the zip: UTF-8, folders separated by "/"
+    std::filesystem::path path; ///< where its bytes are
+};
+
+/// The files of a source folder that complaints name.
+inline constexpr const char* parametersSource = "catalog.ini";
+inline constexpr const char* productsSource = "products.csv";
+inline constexpr const char* groupsSource = "groups.csv";
 
 }

@@ -7,7 +7,7 @@
 namespace publish {
 namespace {
 
-constexpr std::string_view page = "TMP.HTM";
+constexpr std::string_view page = "Tmp.htm";
 
 std::string unescaped(std::string_view text) {
     std::string plain;
@@ -26,20 +26,21 @@ std::string unescaped(std::string_view text) {
     return base::replaceAll(plain, "&amp;", "&");
 }
 
+// What follows the page's name from this place on; nothing where a tag stands in it.
+void collect(std::string_view rest, std::vector<std::string>& codes) {
+    const auto code = rest.substr(0, rest.find_first_of("\"'<>\n"));
+    if (code.find('{') == std::string_view::npos)
+        codes.emplace_back(base::trim(unescaped(code)));
+}
+
 }
 
 std::vector<std::string> linkedCodes(std::string_view html) {
     std::vector<std::string> codes;
-    const auto upper = base::upper(html);
-    for (auto at = upper.find(page); at != std::string::npos; at = upper.find(page, at + 1)) {
-        const auto start = at + page.size();
-        if (start >= html.size() || (html[start] != '?' && html[start] != '|'))
-            continue;
-        const auto rest = html.substr(start + 1);
-        const auto code = rest.substr(0, rest.find_first_of("\"'<>\n"));
-        if (code.find('{') == std::string_view::npos)
-            codes.emplace_back(base::trim(unescaped(code)));
-    }
+    for (auto at = html.find_first_of("?|"); at != std::string_view::npos;
+         at = html.find_first_of("?|", at + 1))
+        if (base::endsIgnoringCase(html.substr(0, at), page))
+            collect(html.substr(at + 1), codes);
     return codes;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace publish {
@@ -24,8 +25,9 @@ public:
     /// Sets every field of the product. What cannot be read is complained of, by place, and left empty or 0.
     virtual void read(std::size_t row, Product& product, Complaints& complaints) const = 0;
 
-    /// Where the row stands; `Place::column` is empty.
-    [[nodiscard]] virtual Place place(std::size_t row) const = 0;
+    /// Where a field of the row stands, by the field's name ("code", "price") under the heading that it has
+    /// in the list; without a name, where the row stands.
+    [[nodiscard]] virtual Place placeOf(std::size_t row, std::string_view field) const = 0;
 };
 
 }

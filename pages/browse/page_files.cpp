@@ -29,30 +29,6 @@ constexpr std::array<std::string_view, 2> documentEndings{".pdf", ".txt"};
 // They may hold scripts, but have no head for the rules that confine those.
 constexpr std::array<std::string_view, 3> notInFrames{".xhtml", ".xht", ".svg"};
 
-bool isOfKind(std::string_view ending, Resource resource) {
-    switch (resource) {
-    case Resource::link:
-        return base::holdsName(pageEndings, ending);
-    case Resource::frame:
-        return !base::holdsName(notInFrames, ending) &&
-               (base::holdsName(pageEndings, ending) || base::holdsName(pictureEndings, ending) ||
-                base::holdsName(mediaEndings, ending) || base::holdsName(documentEndings, ending));
-    case Resource::picture:
-        return base::holdsName(pictureEndings, ending);
-    case Resource::style:
-        return base::holdsName(styleEndings, ending);
-    case Resource::script:
-        return base::holdsName(scriptEndings, ending);
-    case Resource::font:
-        return base::holdsName(fontEndings, ending);
-    case Resource::media:
-        return base::holdsName(mediaEndings, ending);
-    case Resource::other:
-        return false;
-    }
-    return false;
-}
-
 bool isInside(const fs::path& path, const fs::path& folder) {
     return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
@@ -112,6 +88,30 @@ fs::path canonicalFile(const fs::path& path) {
     return folder.empty() ? fs::path() : folder / path.filename();
 }
 
+}
+
+bool isOfKind(std::string_view ending, Resource resource) {
+    switch (resource) {
+    case Resource::link:
+        return base::holdsName(pageEndings, ending);
+    case Resource::frame:
+        return !base::holdsName(notInFrames, ending) &&
+               (base::holdsName(pageEndings, ending) || base::holdsName(pictureEndings, ending) ||
+                base::holdsName(mediaEndings, ending) || base::holdsName(documentEndings, ending));
+    case Resource::picture:
+        return base::holdsName(pictureEndings, ending);
+    case Resource::style:
+        return base::holdsName(styleEndings, ending);
+    case Resource::script:
+        return base::holdsName(scriptEndings, ending);
+    case Resource::font:
+        return base::holdsName(fontEndings, ending);
+    case Resource::media:
+        return base::holdsName(mediaEndings, ending);
+    case Resource::other:
+        return false;
+    }
+    return false;
 }
 
 PageFiles::PageFiles(const PagePlaces& places)

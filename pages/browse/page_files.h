@@ -4,11 +4,15 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace pages {
 
 /// What a file is asked for: to be shown in a page's place, or as a part of the page.
 enum class Resource { link, frame, picture, style, script, font, media, other };
+
+/// Whether a file with this ending (".jpg", any letter case) may be had for this use.
+[[nodiscard]] bool isOfKind(std::string_view ending, Resource resource);
 
 /// Where the files of some pages lie. Each of the three may be empty.
 struct PagePlaces {

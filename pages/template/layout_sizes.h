@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace pages {
 
@@ -11,5 +13,8 @@ struct LayoutSizes {
     std::string FS1;
     std::string FS2;
 };
+
+/// The tags of its members, in their order.
+inline constexpr std::array<std::string_view, 3> layoutTags{"{LS}", "{FS1}", "{FS2}"};
 
 }

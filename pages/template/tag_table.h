@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace pages {
 
@@ -50,6 +51,18 @@ private:
     unsigned m_first;
     std::array<Tag<Value>, Count> m_tags;
 };
+
+/// All tags of these tables, braces included.
+template <typename... Tables>
+[[nodiscard]] std::vector<std::string_view> tagsOf(const Tables&... tables) {
+    std::vector<std::string_view> all;
+    const auto append = [&all](const auto& table) {
+        for (const auto& tag : table.tags())
+            all.push_back(tag.tag);
+    };
+    (append(tables), ...);
+    return all;
+}
 
 /// Whether no tag stands twice in a table.
 template <typename Value, std::size_t Count>

@@ -24,9 +24,9 @@ TemplateFile readTemplate(const std::filesystem::path& folder, std::string_view 
 }
 
 std::string replaceLayoutSizes(std::string_view text, const LayoutSizes& sizes) {
-    auto result = base::replaceAll(text, "{LS}", sizes.LS);
-    result = base::replaceAll(result, "{FS1}", sizes.FS1);
-    return base::replaceAll(result, "{FS2}", sizes.FS2);
+    auto result = base::replaceAll(text, layoutTags[0], sizes.LS);
+    result = base::replaceAll(result, layoutTags[1], sizes.FS1);
+    return base::replaceAll(result, layoutTags[2], sizes.FS2);
 }
 
 unsigned takeColumnCount(std::string& text) {

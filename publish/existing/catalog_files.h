@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "publish/source_folder.h"
+#include "publish/catalog_source.h"
 
 #include <array>
 #include <filesystem>

@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "publish/catalog_source.h"
 #include "publish/existing/catalog_files.h"
 #include "publish/existing/diff.h"
 #include "publish/existing/exact_bytes.h"
@@ -11,7 +12,6 @@
 #include "publish/existing/plain_build.h"
 #include "publish/existing/source_texts.h"
 #include "publish/existing/work_folder.h"
-#include "publish/source_check.h"
 
 #include <algorithm>
 

@@ -5,8 +5,7 @@
 #include "publish/existing/readable_text.h"
 #include "publish/existing/shown_numbers.h"
 #include "publish/existing/source_texts.h"
-#include "publish/product_table.h"
-#include "publish/source_check.h"
+#include "publish/source/group_tree.h"
 
 #include <algorithm>
 #include <fstream>

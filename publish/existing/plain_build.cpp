@@ -1,14 +1,13 @@
 #include "publish/existing/plain_build.h"
 
-#include "publish/data_files.h"
-#include "publish/source_folder.h"
+#include "publish/source/source_folder.h"
 
 namespace publish {
 
 void buildPlainly(const std::filesystem::path& sourceFolder, const std::filesystem::path& dataFolder,
                   Complaints& complaints) {
     const auto source = readSourceFolder(sourceFolder, {}, complaints);
-    writeDataFiles(source.catalog, dataFolder);
+    writeDataFiles(source, dataFolder, complaints);
 }
 
 }

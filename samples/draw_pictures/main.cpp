@@ -1,7 +1,6 @@
 #include "base/code_page.h"
-#include "base/files.h"
-#include "publish/product_table.h"
-#include "publish/source_check.h"
+#include "publish/product_rows.h"
+#include "publish/source/source_folder.h"
 #include "samples/draw_pictures/house.h"
 
 #include <QDir>
@@ -9,7 +8,6 @@
 #include <QGuiApplication>
 
 #include <cstdio>
-#include <filesystem>
 
 namespace {
 
@@ -24,16 +22,20 @@ QString textOf(const std::string& text) {
 /// Draws the pictures of a catalogue into a folder, under the names by which the catalogue asks for them.
 class Pictures {
 public:
-    Pictures(const House& house, const QString& folder) : m_house(house), m_folder(folder) {}
+    Pictures(const House& house, const publish::ProductRows& products, const QString& folder)
+        : m_house(house), m_products(products), m_folder(folder) {}
 
     /// Returns the products that stand for the group on pictures of groups.
     std::vector<drawing::Drawer> drawGroup(const publish::Group& group) {
         std::vector<std::vector<drawing::Drawer>> offered;
         for (const auto& child : group.groups)
             offered.push_back(drawGroup(child));
-        for (std::size_t i = 0; i < group.products.size(); ++i) {
-            const auto drawer = drawProduct(group, group.products[i]);
-            if (drawer && i == group.products.size() / 2)
+        for (std::size_t i = 0; i < group.rows.size(); ++i) {
+            publish::Product product;
+            publish::Complaints ignored; // reported by tavorine-publish, which reads the same list
+            m_products.read(group.rows[i], product, ignored);
+            const auto drawer = drawProduct(group, product);
+            if (drawer && i == group.rows.size() / 2)
                 offered = {{drawer}};
         }
         auto shown = inTurn(offered);
@@ -83,16 +85,14 @@ private:
     }
 
     const House& m_house;
+    const publish::ProductRows& m_products;
     QDir m_folder;
     bool m_failed = false;
 };
 
-publish::Group readContents(const QDir& source) {
-    const auto read = [&](const char* name) {
-        return base::readFile(std::filesystem::path(source.filePath(name).toStdU16String())).value_or("");
-    };
-    publish::Complaints complaints; // reported by tavorine-publish, which reads the same files
-    return publish::readProducts(read(publish::productsSource), read(publish::groupsSource), complaints);
+publish::CatalogSource readSource(const QString& folder) {
+    publish::Complaints ignored;
+    return publish::readSourceFolder(folder.toStdU16String(), {}, ignored).catalog;
 }
 
 }
@@ -107,8 +107,9 @@ int main(int argc, char** argv) {
         std::fputs("draw_pictures SOURCE FOLDER: draws the pictures of a sample catalogue\n", stderr);
         return 2;
     }
-    Pictures pictures(*house, arguments[2]);
-    (void)pictures.drawGroup(readContents(arguments[1]));
+    const auto source = readSource(arguments[1]);
+    Pictures pictures(*house, *source.products, arguments[2]);
+    (void)pictures.drawGroup(source.contents);
     pictures.save(house->logo(), "logo.jpg");
     pictures.save(drawing::noPicture(house->backdrop), "NoImg.jpg");
     return pictures.failed() ? 1 : 0;

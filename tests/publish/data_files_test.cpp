@@ -1,6 +1,8 @@
 #include "base/files.h"
 #include "catalog/catalog.h"
+#include "publish/catalog_writer.h"
 #include "publish/data_files.h"
+#include "tests/publish/memory_source.h"
 #include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using catalog::ParameterText;
-using publish::Group;
 using publish::Product;
+using support::GroupWithProducts;
 
 Product product(const char* code, const char* description = "Thing") {
     return {.code = code, .description = description};
@@ -19,9 +21,8 @@ Product product(const char* code, const char* description = "Thing") {
 // Contents
 //   Bolts            Hex (b2, A1), Carriage (c3)
 //   Nuts             (b2 again, d4)
-publish::CatalogSource smallCatalog() {
-    publish::CatalogSource source;
-    auto& contents = source.contents;
+GroupWithProducts smallCatalog() {
+    GroupWithProducts contents{.name = publish::contentsName};
     contents.header = product("TOC", "Contents");
     contents.groups = {{.name = "Bolts", .header = product("BOLTS")},
                        {.name = "Nuts", .header = product("NUTS")}};
@@ -30,7 +31,7 @@ publish::CatalogSource smallCatalog() {
     contents.groups[0].groups[0].products = {product("b2"), product("A1")};
     contents.groups[0].groups[1].products = {product("c3")};
     contents.groups[1].products = {product("B2", "Twin"), product("d4")};
-    return source;
+    return contents;
 }
 
 std::vector<std::string> codesInOrder(const catalog::Catalog& catalog) {
@@ -42,17 +43,18 @@ std::vector<std::string> codesInOrder(const catalog::Catalog& catalog) {
 
 class DataFiles : public testing::Test {
 protected:
-    catalog::Catalog written(const publish::CatalogSource& source) {
-        publish::writeDataFiles(source, folder);
+    catalog::Catalog written(const GroupWithProducts& contents, const catalog::ParameterValues& values = {}) {
+        publish::writeDataFiles(support::sourceOf(contents, values), {}, folder, complaints);
         return catalog::openCatalog(folder);
     }
 
+    publish::Complaints complaints;
     fs::path folder = support::testFolder();
 };
 
 TEST_F(DataFiles, EveryFieldComesBack) {
-    auto source = smallCatalog();
-    auto& values = source.parameters;
+    auto contents = smallCatalog();
+    catalog::ParameterValues values;
     values.catalogPassword = "secret";
     values.resetPassword = "again";
     values.groupPageStyle = 'T';
@@ -63,15 +65,15 @@ TEST_F(DataFiles, EveryFieldComesBack) {
     values.otherColumnAlignment = 'R';
     values.text(ParameterText::supplierName) = std::string(40, 'n');
     values.text(ParameterText::currency) = "\x80";
-    source.contents.groups[1].products[1] = {.code = "d4",
-                                             .description = "Caf\xE9",
-                                             .other = "10 pcs",
-                                             .picture = "p/d4.png",
-                                             .longDescription = "One\nTwo",
-                                             .taxRate = 12.5F,
-                                             .price = 19.99F};
+    contents.groups[1].products[1] = {.code = "d4",
+                                      .description = "Caf\xE9",
+                                      .other = "10 pcs",
+                                      .picture = "p/d4.png",
+                                      .longDescription = "One\nTwo",
+                                      .taxRate = 12.5F,
+                                      .price = 19.99F};
 
-    const auto catalog = written(source);
+    const auto catalog = written(contents, values);
     const auto header = catalog.parameters.header();
     EXPECT_EQ(header.catalogPassword(), "SECRET");
     EXPECT_EQ(header.resetPassword(), "AGAIN");
@@ -140,16 +142,23 @@ TEST_F(DataFiles, TheIndexFindsEveryCodeAndTheFirstOfEqualOnes) {
         EXPECT_EQ(catalog.codes.find(codes[i]), codes[i] == "B2" ? 4 : static_cast<int>(i + 1)) << codes[i];
 }
 
+TEST_F(DataFiles, ACodeThatCameBeforeIsComplainedOfByPlace) {
+    (void)written(smallCatalog());
+    ASSERT_EQ(complaints.size(), 1);
+    EXPECT_EQ(textOf(complaints[0]),
+              "products.csv:5, code: warning: the code B2 was used before (products.csv:2); links "
+              "to it lead to the first");
+}
+
 TEST_F(DataFiles, CodesAreOrderedByUnsignedByte) {
-    publish::CatalogSource source;
-    source.contents.header = product("TOC");
-    source.contents.groups = {{.name = "A", .header = product("A")}};
-    source.contents.groups[0].products = {product("\xC9"
-                                                  "1"),
-                                          product("z"), product("-"),
-                                          product("\xE9"
-                                                  "0")};
-    const auto catalog = written(source);
+    GroupWithProducts contents{.name = publish::contentsName, .header = product("TOC")};
+    contents.groups = {{.name = "A", .header = product("A")}};
+    contents.groups[0].products = {product("\xC9"
+                                           "1"),
+                                   product("z"), product("-"),
+                                   product("\xE9"
+                                           "0")};
+    const auto catalog = written(contents);
     EXPECT_EQ(catalog.codes.find("\xE9"
                                  "1"),
               3);
@@ -160,11 +169,11 @@ TEST_F(DataFiles, CodesAreOrderedByUnsignedByte) {
 }
 
 TEST_F(DataFiles, ProductsMayComeOneByOne) {
-    publish::CatalogSource source = smallCatalog();
+    const auto source = support::sourceOf(smallCatalog());
     publish::DataFiles files(folder, source.parameters, source.contents);
     int products = 0;
-    while (files.nextGroup() != nullptr)
-        for (int i = 0; i < 1000; ++i)
+    while (const auto* group = files.nextGroup())
+        for (int i = 0; i < 1000 && group->groups.empty(); ++i)
             files.add({.code = "P" + std::to_string(++products), .description = "Thing"});
     files.finish();
     const auto catalog = catalog::openCatalog(folder);

@@ -1,8 +1,8 @@
 #include "ui/qt/browser/page_loader.h"
 
+#include "base/charset.h"
 #include "base/code_page.h"
 #include "base/files.h"
-#include "ui/qt/browser/charset.h"
 #include "ui/qt/widgets/qt_text.h"
 
 #include <QUrl>
@@ -53,7 +53,7 @@ void PageLoader::load(const std::filesystem::path& file, std::string_view bytes,
 }
 
 void PageLoader::handOver(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
-    const auto charset = QString::fromStdString(declaredCharset(bytes));
+    const auto charset = QString::fromStdString(base::declaredCharset(bytes));
     m_page.startLoad([&] {
         m_page.setContent(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())),
                           "text/html;charset=" + charset, addressOf(file, place));
@@ -64,7 +64,7 @@ void PageLoader::handOver(const std::filesystem::path& file, std::string_view by
 // own. The number behind its address makes it a new page each time, which opens at its top.
 void PageLoader::loadCopy(const std::filesystem::path& file, std::string_view bytes, std::string_view place) {
     m_copy = copyPath(file, m_copyMark);
-    base::overwriteFile(m_copy, marked(bytes, declaredCharset(bytes)));
+    base::overwriteFile(m_copy, marked(bytes, base::declaredCharset(bytes)));
     auto address = addressOf(m_copy, place);
     address.setQuery(QString::number(++m_copies));
     m_profile.filter().allowPage(address.adjusted(QUrl::RemoveFragment));

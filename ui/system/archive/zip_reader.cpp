@@ -113,6 +113,22 @@ bool ZipReader::isPlain(std::uint64_t index) const {
     return type == 0 || type == regularFile || type == folder;
 }
 
+std::vector<ZipListing> ZipReader::listing() const {
+    std::vector<ZipListing> found;
+    found.reserve(entryCount());
+    for (std::uint64_t index = 0; index < entryCount(); ++index) {
+        const auto* name = zip_get_name(m_archive.get(), index, ZIP_FL_ENC_GUESS);
+        zip_stat_t stat;
+        const bool known = zip_stat_index(m_archive.get(), index, 0, &stat) == 0;
+        found.push_back(
+            {.name = name != nullptr ? name : "",
+             .isPlain = isPlain(index),
+             .isOpen = !known || stat.encryption_method == ZIP_EM_NONE,
+             .isCommon = !known || stat.comp_method == ZIP_CM_STORE || stat.comp_method == ZIP_CM_DEFLATE});
+    }
+    return found;
+}
+
 std::vector<ZipEntry> ZipReader::entries(std::string_view mask) const {
     std::vector<ZipEntry> found;
     std::map<std::string, std::size_t> places; // by path in upper case

@@ -22,6 +22,14 @@ struct ZipEntry {
     EntryPath where;
 };
 
+/// What an archive says of an entry, whether it may be extracted or not.
+struct ZipListing {
+    std::string name;     ///< UTF-8, as it stands there
+    bool isPlain = true;  ///< a file or folder; no link or other special file
+    bool isOpen = true;   ///< not encrypted
+    bool isCommon = true; ///< stored or deflated, which every program can unpack
+};
+
 /// The contents of one entry, a piece at a time.
 class ZipEntryReader {
 public:
@@ -53,6 +61,9 @@ public:
 
     /// What all entries say they unpack to; the largest number there is when they say more.
     [[nodiscard]] std::uint64_t unpackedSize() const;
+
+    /// All entries, in the archive's order.
+    [[nodiscard]] std::vector<ZipListing> listing() const;
 
     /// The entries that match and may be extracted, in the archive's order. Links and other special
     /// files are left out, and so are paths that are not allowed; of files whose paths differ in letter

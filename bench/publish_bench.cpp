@@ -1,0 +1,124 @@
+#include "publish/data_files.h"
+#include "publish/zips/zip_writer.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t productsPerGroup = 50;
+
+/// A folder that is gone when the program ends.
+const fs::path& workFolder() {
+    static const struct Folder {
+        fs::path path = fs::temp_directory_path() / "tavorine-publish-bench";
+
+        Folder() { fs::create_directories(path); }
+
+        ~Folder() {
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
+        }
+
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+    } folder;
+
+    return folder.path;
+}
+
+/// Texts that pack about as well as descriptions of goods do.
+std::string description(std::mt19937& random) {
+    static const std::vector<std::string> words = [] {
+        std::mt19937 letters(3);
+        std::vector<std::string> made(4000);
+        for (auto& word : made)
+            for (auto length = 3 + letters() % 8; length > 0; --length)
+                word += "aeiourstlnmdkp"[letters() % 14];
+        return made;
+    }();
+    std::string text;
+    for (auto count = 40 + random() % 40; count > 0; --count)
+        text += words[random() % words.size()] + " ";
+    return text;
+}
+
+/// Codes in no order, as suppliers have them.
+publish::Product productOf(std::size_t number, std::mt19937& random) {
+    return {.code = std::to_string(random() % 1000) + "-" + std::to_string(number),
+            .description = "Hexagon bolt M" + std::to_string(number % 40),
+            .other = "Box of 100",
+            .longDescription = description(random),
+            .taxRate = 20,
+            .price = 0.25F * static_cast<float>(number % 1000)};
+}
+
+publish::CatalogSource catalogOf(std::size_t products) {
+    publish::CatalogSource source;
+    std::mt19937 random(1);
+    for (std::size_t number = 0; number < products; ++number) {
+        if (number % (productsPerGroup * 40) == 0)
+            source.contents.groups.push_back({.name = "Group " + std::to_string(number)});
+        source.contents.groups.back().products.push_back(productOf(number, random));
+    }
+    return source;
+}
+
+/// The data files of so many products and a few hundred small pages, as a zip's contents.
+const std::vector<fs::path>& contentsOfZip(std::size_t products) {
+    static const auto files = [products] {
+        const auto folder = workFolder() / "contents";
+        publish::writeDataFiles(catalogOf(products), folder);
+        std::mt19937 random(2);
+        for (int page = 0; page < 300; ++page)
+            std::ofstream(folder / ("page" + std::to_string(page) + ".htm")) << description(random);
+        std::vector<fs::path> found;
+        for (const auto& entry : fs::directory_iterator(folder))
+            found.push_back(entry.path());
+        std::sort(found.begin(), found.end());
+        return found;
+    }();
+    return files;
+}
+
+void writeDataFiles(benchmark::State& state) {
+    const auto source = catalogOf(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state)
+        publish::writeDataFiles(source, workFolder() / "data");
+}
+
+void writeZip(benchmark::State& state) {
+    const auto& files = contentsOfZip(100'000);
+    for (auto _ : state) {
+        publish::ZipWriter zip(workFolder() / "OURS.zip", static_cast<unsigned>(state.range(0)));
+        for (const auto& file : files)
+            zip.addFile(file.filename().string(), file);
+        zip.finish();
+    }
+}
+
+// The same files by the zip program that Debian has, at its usual level.
+void writeZipByProgram(benchmark::State& state) {
+    static_cast<void>(contentsOfZip(100'000));
+    const auto zip = (workFolder() / "THEIRS.zip").string();
+    const auto command = "cd '" + (workFolder() / "contents").string() + "' && rm -f '" + zip +
+                         "' && exec zip -6 -q -X -r '" + zip + "' .";
+    for (auto _ : state)
+        if (std::system(command.c_str()) != 0)
+            state.SkipWithError("zip is not installed");
+}
+
+BENCHMARK(writeDataFiles)->Arg(100'000)->Arg(990'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(writeZip)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK(writeZipByProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}

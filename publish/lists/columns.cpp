@@ -1,0 +1,96 @@
+#include "publish/lists/columns.h"
+
+#include "publish/lists/column_guess.h"
+#include "publish/lists/heading_row.h"
+#include "publish/lists/headings.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace publish {
+namespace {
+
+constexpr std::string_view byNumber = "column ";
+
+std::optional<std::size_t> rowNumbered(const Table& table, const std::string& text) {
+    std::size_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    for (std::size_t row = 0; row < table.count() && table.number(row) <= number; ++row)
+        if (table.number(row) == number)
+            return row;
+    return std::nullopt;
+}
+
+std::optional<std::size_t> headingRowOf(const Table& table, const ListMapping& mapping,
+                                        std::vector<MappingValue>& missing) {
+    const auto& wanted = mapping.headingRow;
+    if (wanted.text == noColumnName)
+        return std::nullopt;
+    if (wanted.text.empty())
+        return findHeadingRow(table, mapping);
+    const auto row = rowNumbered(table, wanted.text);
+    if (!row)
+        missing.push_back(wanted);
+    return row;
+}
+
+void readHeadings(const Table& table, ListColumns& columns) {
+    if (!columns.headingRow)
+        return;
+    TableRow row;
+    table.read(*columns.headingRow, row);
+    for (const auto& cell : row.cells)
+        columns.headings.push_back(onOneLine(cell.text));
+}
+
+void takeNamed(const ListMapping& mapping, ListColumns& columns, std::vector<MappingValue>& missing) {
+    const auto find = [&](const MappingValue& value) {
+        if (value.text.empty() || value.text == noColumnName)
+            return noColumn;
+        const auto column = columns.named(value.text);
+        if (column == noColumn)
+            missing.push_back(value);
+        return column;
+    };
+    for (std::size_t i = 0; i < listFieldCount; ++i)
+        columns.set(static_cast<ListField>(i), find(mapping.columns[i]));
+    for (const auto& group : mapping.groups)
+        if (const auto column = find(group); column != noColumn)
+            columns.groups.push_back(column);
+}
+
+}
+
+bool ListColumns::isUsed(std::size_t column) const {
+    return std::find(m_fields.begin(), m_fields.end(), column) != m_fields.end() ||
+           std::find(groups.begin(), groups.end(), column) != groups.end();
+}
+
+std::string ListColumns::nameOf(std::size_t column) const {
+    if (column < headings.size() && !headings[column].empty() && named(headings[column]) == column)
+        return headings[column];
+    return std::string(byNumber) + std::to_string(column + 1);
+}
+
+std::size_t ListColumns::named(const std::string& name) const {
+    const auto found = std::find_if(headings.begin(), headings.end(),
+                                    [&](const std::string& heading) { return isSameHeading(heading, name); });
+    if (found != headings.end())
+        return static_cast<std::size_t>(found - headings.begin());
+    std::size_t number = 0;
+    if (name.starts_with(byNumber))
+        std::from_chars(name.data() + byNumber.size(), name.data() + name.size(), number);
+    return number > 0 && number <= mostListColumns ? number - 1 : noColumn;
+}
+
+ListColumns findColumns(const Table& table, const ListMapping& mapping, std::vector<MappingValue>& missing) {
+    ListColumns columns;
+    columns.headingRow = headingRowOf(table, mapping, missing);
+    readHeadings(table, columns);
+    takeNamed(mapping, columns, missing);
+    if (missing.empty())
+        guessColumns(mapping, lookAtColumns(table, columns.firstRow()), columns);
+    return columns;
+}
+
+}

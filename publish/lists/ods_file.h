@@ -1,0 +1,16 @@
+#pragma once
+
+#include "publish/lists/packed_file.h"
+#include "publish/lists/sheet_cells.h"
+
+#include <string>
+
+namespace publish {
+
+/// Whether the zip is a spreadsheet of this kind.
+[[nodiscard]] bool isOds(const PackedFile& file);
+
+/// As `readXlsx`, of an .ods.
+[[nodiscard]] SheetsOfFile readOds(const PackedFile& file, const std::string& wanted);
+
+}

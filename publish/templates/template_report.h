@@ -1,0 +1,58 @@
+#pragma once
+
+#include "publish/complaint.h"
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace publish {
+
+/// A template's text as the viewer goes through it, and the complaints about it. Places are those of the text
+/// in the viewer's hands; complaints name the lines of the file. Of one rule the first few are told one by
+/// one.
+class TemplateReport {
+public:
+    /// The text must live as long.
+    TemplateReport(std::string file, std::string_view text, Complaints& complaints);
+
+    /// From now on places count without the `length` characters that stood at `start`.
+    void cut(std::size_t start, std::size_t length);
+
+    void error(std::string_view rule, std::size_t at, std::string text) {
+        add(Complaint::Weight::error, rule, lineOf(at), std::move(text));
+    }
+
+    void warning(std::string_view rule, std::size_t at, std::string text) {
+        add(Complaint::Weight::warning, rule, lineOf(at), std::move(text));
+    }
+
+    /// Of the whole file.
+    void add(Complaint::Weight weight, std::string_view rule, std::string text) {
+        add(weight, rule, 0, std::move(text));
+    }
+
+    /// So many have been told that one more of the rule says nothing new: it only counts.
+    [[nodiscard]] bool hasEnough(std::string_view rule) const;
+
+    [[nodiscard]] bool holdsError() const { return m_holdsError; }
+
+private:
+    void add(Complaint::Weight weight, std::string_view rule, std::size_t line, std::string text);
+    [[nodiscard]] std::size_t lineOf(std::size_t at) const;
+
+    std::string m_file;
+    std::vector<std::size_t> m_lineEnds;
+    std::size_t m_cutStart = 0;
+    std::size_t m_cutLength = 0;
+    std::map<std::string, std::size_t, std::less<>> m_counts; // by rule
+    Complaints& m_complaints;
+    bool m_holdsError = false;
+};
+
+/// A piece of a template as a message shows it: UTF-8, on one line, cut where it grows long.
+[[nodiscard]] std::string shown(std::string_view text);
+
+}
