@@ -67,7 +67,7 @@ private:
         const auto catalog = openedCatalog(m_catalogFolder);
         base::replaceFile(
             m_folder / parametersSource,
-            parametersText(base::filePath(m_catalogFolder, catalog::parametersFile), m_supplier.displayName));
+            parametersText(base::filePath(m_catalogFolder, catalog::parametersFile), m_supplier));
         const auto left = writeTables(catalog, m_folder);
         if (left.strayRecords > 0)
             warn(std::string(catalog::productsFile),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/catalog.h"
+#include "publish/existing/export.h"
 #include "publish/existing/group_tree.h"
 
 #include <cstddef>
@@ -23,7 +24,7 @@ struct LeftOut {
 
 /// The text of catalog.ini with all that the parameters say.
 [[nodiscard]] std::string parametersText(const std::filesystem::path& parametersFile,
-                                         const std::string& displayName);
+                                         const SupplierMarker& supplier);
 
 /// Writes groups.csv and products.csv. Throws base::FileError.
 [[nodiscard]] LeftOut writeTables(const catalog::Catalog& catalog, const std::filesystem::path& sourceFolder);
