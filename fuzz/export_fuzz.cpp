@@ -3,12 +3,12 @@
 #include "fuzz/scratch_folder.h"
 #include "fuzz/sections.h"
 #include "publish/existing/catalog_files.h"
+#include "publish/existing/compare/diff.h"
 #include "publish/existing/data_check.h"
-#include "publish/existing/diff.h"
-#include "publish/existing/exact_bytes.h"
-#include "publish/existing/export.h"
-#include "publish/existing/known_complaints.h"
-#include "publish/existing/plain_build.h"
+#include "publish/existing/export/exact_bytes.h"
+#include "publish/existing/export/export.h"
+#include "publish/existing/export/known_complaints.h"
+#include "publish/existing/export/plain_build.h"
 
 #include <algorithm>
 #include <string>

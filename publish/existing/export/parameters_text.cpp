@@ -3,9 +3,9 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "catalog/template_names.h"
+#include "publish/existing/export/source_texts.h"
 #include "publish/existing/parameter_keys.h"
 #include "publish/existing/readable_text.h"
-#include "publish/existing/source_texts.h"
 
 #include <array>
 #include <span>
