@@ -62,6 +62,14 @@ struct ProductList::Parts {
 
     [[nodiscard]] std::uint32_t tableRow(std::size_t row) const { return list.rows.products[row]; }
 
+    // The field that is called so; groups by their first level.
+    [[nodiscard]] std::size_t columnOf(std::string_view name) const {
+        for (std::size_t field = 0; field < listFieldCount; ++field)
+            if (nameOf(static_cast<ListField>(field)) == name)
+                return list.columns.of(static_cast<ListField>(field));
+        return name == "group" && !list.columns.groups.empty() ? list.columns.groups[0] : noColumn;
+    }
+
     void complain(std::size_t row, std::size_t column, std::string text, const char* rule,
                   Complaints& complaints) const {
         auto place = list.place(tableRow(row));
@@ -142,7 +150,6 @@ void ProductList::read(std::size_t row, Product& product, Complaints& complaints
     const auto& list = m_parts->list;
     const auto tableRow = m_parts->tableRow(row);
     list.table()->read(tableRow, m_parts->cells);
-    product.line = list.table()->number(tableRow);
     for (const auto& [field, text] : textFields) {
         const auto column = list.columns.of(field);
         if (!setText(product.*text, column == noColumn ? std::string_view() : m_parts->cells.at(column).text))
@@ -158,8 +165,12 @@ void ProductList::read(std::size_t row, Product& product, Complaints& complaints
                           complaints);
 }
 
-Place ProductList::place(std::size_t row) const {
-    return m_parts->list.place(m_parts->tableRow(row));
+Place ProductList::placeOf(std::size_t row, std::string_view field) const {
+    const auto& list = m_parts->list;
+    auto place = list.place(m_parts->tableRow(row));
+    const auto column = m_parts->columnOf(field);
+    place.column = field.empty() || column == noColumn ? std::string(field) : list.columns.nameOf(column);
+    return place;
 }
 
 std::string ProductList::summary() const {

@@ -56,7 +56,7 @@ public:
             group.header = node.own->header;
             group.line = node.own->line;
             if (!node.own->name.empty())
-                group.name = node.own->name;
+                group.name = node.own->name == noText ? std::string() : node.own->name;
         }
         completeHeader(group);
         group.groups.reserve(node.children.size());

@@ -10,7 +10,7 @@ namespace publish {
 
 class ProductRows;
 
-/// What groups.csv says for the code or description of a group that shall have none.
+/// What groups.csv says for the name, code or description of a group that shall have none.
 inline constexpr const char* noText = "(none)";
 
 /// A group's row in groups.csv.

@@ -3,10 +3,13 @@
 #include "publish/complaint.h"
 
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace publish {
+
+struct PictureHeader;
 
 /// Whether this program was built with the library that scales pictures. Without it a PictureScaler lets
 /// every picture pass and warns.
@@ -23,6 +26,7 @@ namespace publish {
 /// each other.
 class PictureScaler {
 public:
+    /// At least 1.
     explicit PictureScaler(int longestEdge) : m_longestEdge(longestEdge) {}
 
     /// A picture that cannot be scaled, damaged or of more than 100 megapixels, is given back as it is,
@@ -32,6 +36,9 @@ public:
                                      Complaints& complaints) const;
 
 private:
+    [[nodiscard]] bool isSmall(const PictureHeader& header) const;
+    [[nodiscard]] std::optional<std::string> scale(std::string_view bytes, const PictureHeader& header) const;
+
     int m_longestEdge;
     mutable std::mutex m_large;
 };
