@@ -53,13 +53,19 @@ support::CatalogBuilder smallCatalog(char groupPageStyle) {
     return builder;
 }
 
-/// All data files of a small catalogue with this template for its pages.
-std::string recordSeed(const fs::path& scratch, char groupPageStyle, const std::string& page) {
+/// All data files of a small catalogue.
+std::vector<std::string> dataFiles(const fs::path& scratch, char groupPageStyle) {
     smallCatalog(groupPageStyle).writeTo(scratch);
     std::vector<std::string> texts;
     for (const auto name : {catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                             catalog::indexFile, catalog::memosFile})
         texts.push_back(base::readFile(scratch / name).value());
+    return texts;
+}
+
+/// The same with this template for its pages.
+std::string recordSeed(const fs::path& scratch, char groupPageStyle, const std::string& page) {
+    auto texts = dataFiles(scratch, groupPageStyle);
     texts.push_back(page);
     texts.emplace_back("hammer");
     return joined(texts);
@@ -139,6 +145,8 @@ int main(int argc, char** argv) {
     const fs::path out = argv[2];
     const auto scratch = out / "scratch";
     makeArchives(out / "archive", scratch);
+    write(out / "export" / "small",
+          joined(dataFiles(scratch, 'I')) + std::string(fuzz::sectionEnd) + "Exact 1\n");
     for (const auto* sample : {"ORRENDALE", "SONDERHAVEN"})
         makeFromSample(samples / sample, out, scratch);
     fs::remove_all(scratch);

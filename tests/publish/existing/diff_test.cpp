@@ -1,6 +1,6 @@
 #include "base/errors.h"
 #include "base/files.h"
-#include "publish/existing/diff.h"
+#include "publish/existing/compare/diff.h"
 #include "tests/publish/existing/tidy_catalog.h"
 #include "tests/support/test_folder.h"
 

@@ -1,4 +1,4 @@
-#include "publish/existing/diff.h"
+#include "publish/existing/compare/diff.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
@@ -6,8 +6,8 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "publish/existing/catalog_files.h"
-#include "publish/existing/compared_catalog.h"
-#include "publish/existing/parameters_diff.h"
+#include "publish/existing/compare/compared_catalog.h"
+#include "publish/existing/compare/parameters_diff.h"
 #include "publish/existing/readable_text.h"
 
 #include <algorithm>
@@ -66,7 +66,7 @@ private:
         const auto newName = readableLine(m_new.catalog().groupName(after));
         const auto newParent = m_newGroup[static_cast<std::size_t>(m_old.groups().parent(before))];
         const auto own = std::pair(m_old.ownRecord(before), m_new.ownRecord(after));
-        if (before == GroupTree::root && oldName != newName)
+        if (before == GroupPaths::root && oldName != newName)
             m_diff.regrouped.push_back({{}, "group", oldName, newName});
         else if (oldName != newName || newParent != m_new.groups().parent(after))
             m_diff.regrouped.push_back({{}, "group", m_old.groupPath(before), m_new.groupPath(after)});

@@ -1,4 +1,4 @@
-#include "publish/existing/group_tree.h"
+#include "publish/existing/group_paths.h"
 
 #include "base/text.h"
 #include "publish/catalog_source.h"
@@ -27,7 +27,7 @@ std::string stepOf(std::string_view name, std::int32_t group) {
 
 }
 
-GroupTree::GroupTree(const catalog::GroupTable& groups) {
+GroupPaths::GroupPaths(const catalog::GroupTable& groups) {
     const auto count =
         std::clamp<std::int32_t>(groups.count(), root, std::numeric_limits<std::int16_t>::max());
     m_nodes.resize(static_cast<std::size_t>(count) + 1);
@@ -42,7 +42,7 @@ GroupTree::GroupTree(const catalog::GroupTable& groups) {
 }
 
 // Finds the levels of a group and of all above it.
-void GroupTree::place(std::int32_t group) {
+void GroupPaths::place(std::int32_t group) {
     std::vector<std::int32_t> way;
     for (; at(group).level == unknown; group = at(group).parent) {
         at(group).level = underWay;
@@ -58,7 +58,7 @@ void GroupTree::place(std::int32_t group) {
     }
 }
 
-void GroupTree::nameSteps(const catalog::GroupTable& groups) {
+void GroupPaths::nameSteps(const catalog::GroupTable& groups) {
     std::map<std::pair<std::int32_t, std::string>, int> uses;
     const auto usesOf = [&uses](std::int32_t parent, std::string_view step) -> int& {
         return uses[{parent, base::upper(step)}];
@@ -75,7 +75,7 @@ void GroupTree::nameSteps(const catalog::GroupTable& groups) {
     }
 }
 
-std::string GroupTree::path(std::int32_t group) const {
+std::string GroupPaths::path(std::int32_t group) const {
     if (group == root)
         return at(root).step;
     auto text = at(group).step;

@@ -1,10 +1,10 @@
-#include "publish/existing/compared_catalog.h"
+#include "publish/existing/compare/compared_catalog.h"
 
 #include "base/code_page.h"
 #include "base/text.h"
 #include "publish/existing/catalog_files.h"
+#include "publish/existing/own_records.h"
 #include "publish/existing/readable_text.h"
-#include "publish/existing/source_texts.h"
 
 #include <algorithm>
 #include <map>
@@ -51,7 +51,7 @@ void sortByNewer(Pairs& pairs) {
 
 std::map<std::string, std::int32_t> byPath(const ComparedCatalog& catalog) {
     std::map<std::string, std::int32_t> groups;
-    for (auto group = GroupTree::root; group <= catalog.groups().count(); ++group)
+    for (auto group = GroupPaths::root; group <= catalog.groups().count(); ++group)
         groups.emplace(catalog.groups().path(group), group);
     return groups;
 }
@@ -64,7 +64,7 @@ std::string ownCode(const ComparedCatalog& catalog, std::int32_t group) {
 std::map<std::string, std::int32_t> singlesByCode(const ComparedCatalog& catalog,
                                                   const std::vector<std::int32_t>& fellows) {
     std::map<std::string, std::int32_t> groups;
-    for (auto group = GroupTree::root; group <= catalog.groups().count(); ++group)
+    for (auto group = GroupPaths::root; group <= catalog.groups().count(); ++group)
         if (fellows[static_cast<std::size_t>(group)] == 0)
             groups.emplace(ownCode(catalog, group), group);
     groups.erase("");
@@ -95,7 +95,7 @@ ComparedCatalog::ComparedCatalog(const std::filesystem::path& folder)
 
 std::int32_t ComparedCatalog::groupOf(std::int32_t record) const {
     const std::int32_t group = m_catalog.products.at(record).group();
-    return group == 0 ? GroupTree::root : m_groups.holds(group) ? group : 0;
+    return group == 0 ? GroupPaths::root : m_groups.holds(group) ? group : 0;
 }
 
 std::string ComparedCatalog::groupPath(std::int32_t group) const {
@@ -136,9 +136,9 @@ Pairs pairedGroups(const ComparedCatalog& older, const ComparedCatalog& newer) {
     pairEqual(byPath(older), byPath(newer), ofOlder, ofNewer);
     pairEqual(singlesByCode(older, ofOlder), singlesByCode(newer, ofNewer), ofOlder, ofNewer);
     Pairs pairs;
-    for (auto group = GroupTree::root; group <= newer.groups().count(); ++group)
+    for (auto group = GroupPaths::root; group <= newer.groups().count(); ++group)
         pairs.emplace_back(ofNewer[static_cast<std::size_t>(group)], group);
-    for (auto group = GroupTree::root; group <= older.groups().count(); ++group)
+    for (auto group = GroupPaths::root; group <= older.groups().count(); ++group)
         if (ofOlder[static_cast<std::size_t>(group)] == 0)
             pairs.emplace_back(group, 0);
     return pairs;

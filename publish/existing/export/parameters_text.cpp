@@ -3,9 +3,9 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "catalog/template_names.h"
+#include "publish/existing/export/source_texts.h"
 #include "publish/existing/parameter_keys.h"
 #include "publish/existing/readable_text.h"
-#include "publish/existing/source_texts.h"
 
 #include <array>
 #include <span>
@@ -19,11 +19,11 @@ class Writer {
 public:
     explicit Writer(std::string_view file) : m_file(file) {}
 
-    std::string run(const std::string& displayName) {
+    std::string run(const SupplierMarker& supplier) {
         m_out = "; The parameters of the catalogue. UTF-8.\n; A line is a key, \"=\" and a value; one that "
                 "begins "
                 "with \";\" says nothing.\n";
-        writeCatalogue(displayName);
+        writeCatalogue(supplier);
         section("Supplier");
         for (const auto& key : supplierKeys)
             put(key);
@@ -39,15 +39,15 @@ public:
     }
 
 private:
-    void writeCatalogue(const std::string& displayName) {
+    void writeCatalogue(const SupplierMarker& supplier) {
         section("Catalogue");
         put(catalogNameKey);
-        if (displayName != text(ParameterText::supplierName)) {
-            note("The name on the customer's list of suppliers");
-            put("Display name", displayName);
-        }
+        note("The name of the zip, and the one on the customer's list of suppliers");
+        put("Supplier id", supplier.id);
+        put("Display name", supplier.displayName);
         note("An update with a greater version replaces the customer's catalogue without a question");
-        put("Version", header().version());
+        note("It is counted up by itself where it says \"auto\"");
+        m_out.append("Version = ").append(readableLine(header().version())).append("\n");
         put(currencyKey);
         note("I: GroupI.Ect shows groups, T: GroupT.Ect does");
         put("Group pages", header().groupPageStyle() == catalog::firstGroupStyle ? "I" : "T");
@@ -88,11 +88,11 @@ private:
 
 }
 
-std::string parametersText(const std::filesystem::path& parametersFile, const std::string& displayName) {
+std::string parametersText(const std::filesystem::path& parametersFile, const SupplierMarker& supplier) {
     const auto file = base::readFile(parametersFile);
     if (!file || file->size() < catalog::Parameters::recordCount * catalog::ParameterHeader::length)
         throw base::FileError("Cannot read " + base::textOf(parametersFile));
-    return Writer(*file).run(displayName);
+    return Writer(*file).run(supplier);
 }
 
 }

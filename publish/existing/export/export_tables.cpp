@@ -2,9 +2,10 @@
 #include "base/errors.h"
 #include "base/numbers.h"
 #include "publish/catalog_source.h"
+#include "publish/existing/export/source_texts.h"
+#include "publish/existing/own_records.h"
 #include "publish/existing/readable_text.h"
 #include "publish/existing/shown_numbers.h"
-#include "publish/existing/source_texts.h"
 #include "publish/source/group_tree.h"
 
 #include <algorithm>
@@ -50,7 +51,7 @@ public:
           m_tree(catalog.groups),
           m_own(ownRecordsOf(catalog, m_tree)),
           m_textsLeft(catalog.memos.file().bytes().size() * mostCopies + sharedTextsLimit) {
-        for (auto group = GroupTree::root; group <= m_tree.count(); ++group)
+        for (auto group = GroupPaths::root; group <= m_tree.count(); ++group)
             m_paths.push_back(readableLine(m_tree.path(group)));
     }
 
@@ -97,7 +98,7 @@ private:
         m_row = "group,code,description,other,price,tax,picture,details,";
         file.write(m_row);
         const auto& products = m_catalog.products;
-        auto group = GroupTree::root; // an unknown one counts as that of the product before
+        auto group = GroupPaths::root; // an unknown one counts as that of the product before
         for (std::int32_t number = 1; number <= products.count(); ++number) {
             const auto record = products.at(number);
             if (!record.isProduct()) {
@@ -105,7 +106,7 @@ private:
                     ++m_left.strayRecords;
                 continue;
             }
-            const std::int32_t wanted = record.group() == 0 ? GroupTree::root : record.group();
+            const std::int32_t wanted = record.group() == 0 ? GroupPaths::root : record.group();
             group = m_tree.holds(wanted) ? wanted : group;
             writeProduct(record, group);
             file.write(m_row);
@@ -167,10 +168,10 @@ private:
     // Parents before children, siblings as their records come.
     [[nodiscard]] std::vector<std::int32_t> groupsInOrder() const {
         std::vector<std::vector<std::int32_t>> children(m_own.size());
-        for (auto group = m_tree.count(); group > GroupTree::root; --group)
+        for (auto group = m_tree.count(); group > GroupPaths::root; --group)
             children[static_cast<std::size_t>(m_tree.parent(group))].push_back(group);
         std::vector<std::int32_t> order;
-        std::vector<std::int32_t> waiting{GroupTree::root};
+        std::vector<std::int32_t> waiting{GroupPaths::root};
         while (!waiting.empty()) {
             order.push_back(waiting.back());
             waiting.pop_back();
@@ -190,7 +191,7 @@ private:
 
     const catalog::Catalog& m_catalog;
     fs::path m_folder;
-    GroupTree m_tree;
+    GroupPaths m_tree;
     std::vector<std::int32_t> m_own;
     std::vector<std::int32_t> m_sortedOwn = [this] {
         auto sorted = m_own;
@@ -204,20 +205,6 @@ private:
     LeftOut m_left;
 };
 
-}
-
-std::vector<std::int32_t> ownRecordsOf(const catalog::Catalog& catalog, const GroupTree& tree) {
-    std::vector<std::int32_t> own(static_cast<std::size_t>(tree.count()) + 1);
-    const auto& products = catalog.products;
-    for (auto number = products.count(); number > 0; --number)
-        if (const auto record = products.at(number); !record.isProduct() && tree.holds(record.group()))
-            own[static_cast<std::size_t>(record.group())] = number;
-    for (auto group = GroupTree::root; group <= tree.count(); ++group) {
-        const auto named = catalog.groups.at(group).headerRecord();
-        if (named >= 1 && named <= products.count() && !products.at(named).isProduct())
-            own[static_cast<std::size_t>(group)] = named;
-    }
-    return own;
 }
 
 LeftOut writeTables(const catalog::Catalog& catalog, const fs::path& sourceFolder) {

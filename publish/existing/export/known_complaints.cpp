@@ -1,10 +1,10 @@
-#include "publish/existing/known_complaints.h"
+#include "publish/existing/export/known_complaints.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
-#include "publish/existing/exact_bytes.h"
+#include "publish/existing/export/exact_bytes.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "publish/existing/patch_file.h"
+#include "publish/existing/export/patch_file.h"
 
 #include "base/bytes.h"
 #include "base/code_page.h"

@@ -1,4 +1,4 @@
-#include "publish/existing/export.h"
+#include "publish/existing/export/export.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
@@ -6,12 +6,12 @@
 #include "base/text.h"
 #include "publish/catalog_source.h"
 #include "publish/existing/catalog_files.h"
-#include "publish/existing/diff.h"
-#include "publish/existing/exact_bytes.h"
-#include "publish/existing/known_complaints.h"
-#include "publish/existing/plain_build.h"
-#include "publish/existing/source_texts.h"
-#include "publish/existing/work_folder.h"
+#include "publish/existing/compare/diff.h"
+#include "publish/existing/export/exact_bytes.h"
+#include "publish/existing/export/known_complaints.h"
+#include "publish/existing/export/plain_build.h"
+#include "publish/existing/export/source_texts.h"
+#include "publish/existing/export/work_folder.h"
 
 #include <algorithm>
 
@@ -67,7 +67,7 @@ private:
         const auto catalog = openedCatalog(m_catalogFolder);
         base::replaceFile(
             m_folder / parametersSource,
-            parametersText(base::filePath(m_catalogFolder, catalog::parametersFile), m_supplier.displayName));
+            parametersText(base::filePath(m_catalogFolder, catalog::parametersFile), m_supplier));
         const auto left = writeTables(catalog, m_folder);
         if (left.strayRecords > 0)
             warn(std::string(catalog::productsFile),

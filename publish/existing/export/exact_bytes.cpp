@@ -1,11 +1,11 @@
-#include "publish/existing/exact_bytes.h"
+#include "publish/existing/export/exact_bytes.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/mapped_file.h"
 #include "publish/existing/catalog_files.h"
-#include "publish/existing/patch_file.h"
+#include "publish/existing/export/patch_file.h"
 
 #include <algorithm>
 #include <map>

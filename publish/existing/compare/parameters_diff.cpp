@@ -1,4 +1,4 @@
-#include "publish/existing/parameters_diff.h"
+#include "publish/existing/compare/parameters_diff.h"
 
 #include "base/text.h"
 #include "catalog/template_names.h"

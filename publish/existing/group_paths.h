@@ -11,9 +11,9 @@ namespace publish {
 /// The groups of any GrpIdx.idx as a tree with group 1 as its root, by record number. A group whose parents
 /// lead in a circle or nowhere hangs at the root; one that lies too deep hangs beside its parent. Groups
 /// behind the last number that a product can name take no part.
-class GroupTree {
+class GroupPaths {
 public:
-    explicit GroupTree(const catalog::GroupTable& groups);
+    explicit GroupPaths(const catalog::GroupTable& groups);
 
     static constexpr std::int32_t root = 1;
     static constexpr int mostLevels = 16; ///< below the root

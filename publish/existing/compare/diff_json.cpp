@@ -1,5 +1,5 @@
 #include "base/numbers.h"
-#include "publish/existing/diff.h"
+#include "publish/existing/compare/diff.h"
 #include "publish/existing/shown_numbers.h"
 
 #include <array>

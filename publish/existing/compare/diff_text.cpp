@@ -1,7 +1,7 @@
 #include "base/code_page.h"
 #include "base/numbers.h"
 #include "base/text.h"
-#include "publish/existing/diff.h"
+#include "publish/existing/compare/diff.h"
 #include "publish/existing/shown_numbers.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "publish/existing/work_folder.h"
+#include "publish/existing/export/work_folder.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"

@@ -1,4 +1,4 @@
-#include "publish/existing/plain_build.h"
+#include "publish/existing/export/plain_build.h"
 
 #include "publish/source/source_folder.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/existing/compared_catalog.h"
+#include "publish/existing/compare/compared_catalog.h"
 
 #include <vector>
 

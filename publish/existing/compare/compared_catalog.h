@@ -1,8 +1,8 @@
 #pragma once
 
 #include "catalog/catalog.h"
-#include "publish/existing/diff.h"
-#include "publish/existing/group_tree.h"
+#include "publish/existing/compare/diff.h"
+#include "publish/existing/group_paths.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -20,7 +20,7 @@ public:
 
     [[nodiscard]] const catalog::Catalog& catalog() const { return m_catalog; }
 
-    [[nodiscard]] const GroupTree& groups() const { return m_groups; }
+    [[nodiscard]] const GroupPaths& groups() const { return m_groups; }
 
     [[nodiscard]] const std::filesystem::path& folder() const { return m_folder; }
 
@@ -43,7 +43,7 @@ public:
 private:
     std::filesystem::path m_folder;
     catalog::Catalog m_catalog;
-    GroupTree m_groups;
+    GroupPaths m_groups;
     std::vector<std::int32_t> m_own; // by group
 };
 
