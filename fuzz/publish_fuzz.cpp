@@ -3,16 +3,31 @@
 #include "fuzz/require.h"
 #include "fuzz/scratch_folder.h"
 #include "fuzz/sections.h"
+#include "pages/catalog_pages.h"
 #include "publish/product_rows.h"
 #include "publish/source/source_folder.h"
+#include "publish/templates/page_check.h"
+#include "publish/templates/preview.h"
+#include "publish/templates/template_check.h"
 
 #include <array>
+#include <iostream>
 #include <map>
+#include <set>
 #include <string>
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::array<std::string_view, 9> templates{"Banner.Ect",    "Catalog.Ect", "GroupI.Ect",
+                                                    "GroupT.Ect",    "Welcome.ECT", "EmlOrd.ect",
+                                                    "EmlOrd_NT.ect", "PrtOrd.ect",  "PrtOrd_NT.ect"};
+
+void writeTemplates(const fs::path& folder, std::string_view page) {
+    for (const auto name : templates)
+        base::overwriteFile(folder / name, page);
+}
 
 void writeSource(const fs::path& folder, const std::array<std::string_view, 5>& texts) {
     const auto& [parameters, products, groups, description, page] = texts;
@@ -22,9 +37,7 @@ void writeSource(const fs::path& folder, const std::array<std::string_view, 5>& 
     base::overwriteFile(folder / publish::groupsSource, groups);
     base::overwriteFile(folder / "descriptions" / "T1.txt", description);
     base::overwriteFile(folder / "t1.jpg", "picture");
-    for (const auto* name : {"Banner.Ect", "Catalog.Ect", "GroupI.Ect", "GroupT.Ect", "Welcome.ECT",
-                             "EmlOrd.ect", "EmlOrd_NT.ect", "PrtOrd.ect", "PrtOrd_NT.ect"})
-        base::overwriteFile(folder / name, page);
+    writeTemplates(folder, page);
 }
 
 void checkProduct(const publish::Product& product, catalog::ProductRecord record) {
@@ -60,6 +73,52 @@ void checkGroup(const publish::Group& group, const publish::ProductRows& product
     }
 }
 
+// The templates of which nothing is said that would stop a catalogue.
+std::set<std::string, std::less<>> soundTemplates(const fs::path& folder, std::string_view page) {
+    const auto files = publish::CatalogFiles::in(folder);
+    publish::Complaints complaints;
+    for (const auto name : templates)
+        publish::checkTemplate(name, page, files, complaints);
+    publish::checkPages(folder, files, complaints);
+    std::set<std::string, std::less<>> sound(templates.begin(), templates.end());
+    for (const auto& complaint : complaints)
+        if (complaint.weight == publish::Complaint::Weight::error)
+            sound.erase(complaint.place.file);
+    return sound;
+}
+
+template <typename Show>
+void requireShown(bool isSound, Show show) {
+    try {
+        if (isSound)
+            static_cast<void>(show());
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        fuzz::require(false, "a template that has passed ends the viewer");
+    }
+}
+
+// What has passed every check ends no viewer, whatever the catalogue holds.
+void checkPages(const fs::path& folder, std::string_view page) {
+    const auto sound = soundTemplates(folder, page);
+    const auto catalog = catalog::openCatalog(folder);
+    const std::string end = catalog.parameters.chargesTax() ? ".ect" : "_NT.ect";
+    const std::pair<const char*, bool> named[] = {
+        {"banner", sound.contains("Banner.Ect")},
+        {"welcome", sound.contains("Welcome.ECT")},
+        {"order", sound.contains("PrtOrd" + end)},
+        {"mail", sound.contains("EmlOrd" + end)},
+    };
+    for (const auto& [what, isSound] : named)
+        requireShown(isSound, [&, name = what] { return publish::preview(folder, name); });
+    pages::CatalogPages pages(catalog, {folder, folder, folder}, {"50", "2", "3"}, false);
+    const auto* const group =
+        catalog.parameters.header().groupPageStyle() == 'I' ? "GroupI.Ect" : "GroupT.Ect";
+    for (std::int32_t number = 1; number <= catalog.products.count(); ++number)
+        requireShown(sound.contains(catalog.products.at(number).isProduct() ? "Catalog.Ect" : group),
+                     [&] { return pages.page(number, pages::TaxStatus::taxed); });
+}
+
 }
 
 // A supplier's tables, parameters, a description and templates: complained of, or written as a catalogue that
@@ -70,6 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto catalogFolder = scratch.path() / "catalog";
     writeSource(folder, fuzz::sections<5>(data, size));
     publish::Complaints complaints;
+    const auto page = fuzz::sections<5>(data, size).back();
     const auto source = publish::readSourceFolder(folder, {}, complaints);
     publish::writeDataFiles(source, catalogFolder, complaints);
     for (const auto& complaint : complaints)
@@ -78,5 +138,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     Records seen;
     checkGroup(source.catalog.contents, *source.catalog.products, catalog::openCatalog(catalogFolder), seen);
+    writeTemplates(catalogFolder, page);
+    checkPages(catalogFolder, page);
     return 0;
 }

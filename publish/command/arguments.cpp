@@ -193,7 +193,9 @@ bool isFirstForm(const std::vector<std::string>& arguments) {
 }
 
 Outcome buildAsBefore(const std::vector<std::string>& arguments, const Streams& streams) {
-    BuildOptions options{.source = pathOf(arguments[0]), .zip = pathOf(arguments[1])};
+    BuildOptions options;
+    options.source = pathOf(arguments[0]);
+    options.zip = pathOf(arguments[1]);
     std::transform(arguments.begin() + 2, arguments.end(), std::back_inserter(options.further), pathOf);
     return build(options, streams);
 }

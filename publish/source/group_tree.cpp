@@ -127,9 +127,11 @@ void placeProducts(Tree& tree, const ProductRows& products, Complaints& complain
     std::size_t node = 0;
     for (std::size_t row = 0; row < products.count(); ++row) {
         products.readGroup(row, path);
-        if (path.empty())
+        if (path.empty()) {
             complain(complaints, products.placeOf(row, "group"), "group-missing",
                      "group is empty; write the group's name or path");
+            path.emplace_back(noText); // so that the rest of the row is looked at
+        }
         if (isTooDeep(path))
             complain(complaints, products.placeOf(row, "group"), "group-too-deep", tooDeep);
         if (path != last || row == 0)

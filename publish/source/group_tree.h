@@ -17,7 +17,7 @@ inline constexpr const char* noText = "(none)";
 struct GroupRow {
     std::vector<std::string> path; ///< names from the top down; Windows-1252
     std::string name = {};         ///< where it is not the last one of the path
-    Product header;
+    Product header = {};
     std::size_t line = 0;
 };
 

@@ -182,31 +182,30 @@ void BraceCheck::readTag(std::size_t at, std::string_view tag, bool decides) {
 }
 
 void BraceCheck::unfilled(std::size_t at, std::string_view tag, bool decides) {
-    const auto name = shown(tag);
+    const auto with = [tag](const char* text) { return [=] { return shown(tag) + text; }; };
     if (tag.starts_with(columnTag) || tag.starts_with(rowTag))
-        m_report.warning("tag-elsewhere", at, name + " says nothing here and vanishes");
+        m_report.warning("tag-elsewhere", at, with(" says nothing here and vanishes"));
     else if (standingOf(tag, m_kind) == TagStanding::unknown)
         unknown(at, tag);
     else if (decides)
         m_report.warning("tag-elsewhere", at,
-                         name + " is always empty in this template, so its block is never shown");
+                         with(" is always empty in this template, so its block is never shown"));
     else
-        m_report.error("tag-elsewhere", at, name + " is not filled in this template; its place stays empty");
+        m_report.error("tag-elsewhere", at, with(" is not filled in this template; its place stays empty"));
 }
 
 void BraceCheck::unknown(std::size_t at, std::string_view tag) {
     if (isProse(tag))
-        return m_report.error("text-in-braces", at,
-                              "everything from " + shown(tag) +
-                                  " to the next \"}\" vanishes from the page; "
-                                  "braces are for tags");
-    if (m_report.hasEnough("tag-unknown"))
-        return m_report.error("tag-unknown", at, {});
-    const auto meant = meantBy(tag, m_kind);
-    m_report.error("tag-unknown", at,
-                   shown(tag) + " is no tag" +
-                       (meant ? "; did you mean " + std::string(*meant) + "?"
-                              : " and vanishes; docs/template-language.md lists them all"));
+        return m_report.error("text-in-braces", at, [tag] {
+            return "everything from " + shown(tag) +
+                   " to the next \"}\" vanishes from the page; braces are for tags";
+        });
+    m_report.error("tag-unknown", at, [tag, kind = m_kind] {
+        const auto meant = meantBy(tag, kind);
+        return shown(tag) + " is no tag" +
+               (meant ? "; did you mean " + std::string(*meant) + "?"
+                      : " and vanishes; docs/template-language.md lists them all");
+    });
 }
 
 // True where the brace is one of a style sheet or script, which is complained of as a whole.

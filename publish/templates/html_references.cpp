@@ -85,7 +85,8 @@ std::optional<Resource> resourceOf(std::string_view element, std::string_view at
 
 // An ampersand is the only character of an address that people write as a reference.
 std::string addressIn(std::string_view value) {
-    return base::replaceAll(base::trim(value), "&amp;", "&");
+    const auto plain = base::trim(value);
+    return plain.find('&') == none ? std::string(plain) : base::replaceAll(plain, "&amp;", "&");
 }
 
 }

@@ -195,10 +195,10 @@ void MarkerCheck::noRows() {
         m_report.warning("row-elsewhere", m_markers[0].at,
                          "a product's page has no rows; the marker stays text");
     else if (isOrder())
-        m_report.add(Complaint::Weight::error, "order-without-rows",
+        m_report.add(Complaint::Weight::error, "order-without-rows", std::nullopt,
                      "the order would not say what is ordered; write a row from <R1> to </R1>");
     else if (m_kind == TemplateKind::group)
-        m_report.add(Complaint::Weight::warning, "rows-missing",
+        m_report.add(Complaint::Weight::warning, "rows-missing", std::nullopt,
                      "the page lists none of the group's entries; write a row from <R1> to </R1>");
 }
 

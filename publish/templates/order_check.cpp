@@ -23,7 +23,7 @@ public:
             checkRow();
         const bool hasTotal = has("{TOTINC}") || (has("{TOTEXC}") && (!m_use.taxed || has("{TOTTAX}")));
         if (!hasTotal)
-            m_report.add(Weight::warning, "order-without-total",
+            m_report.add(Weight::warning, "order-without-total", std::nullopt,
                          "the order does not say what it comes to; write {CUR} {TOTINC} below the row");
     }
 

@@ -188,7 +188,7 @@ void RenderedCheck::report(Weight weight, std::string_view rule, const Pattern* 
                            const std::string& subject, const std::string& text) {
     const auto said = subject + ": " + text;
     if (pattern == nullptr)
-        m_report.add(weight, rule, said);
+        m_report.add(weight, rule, std::nullopt, said);
     else if (weight == Weight::error)
         m_report.error(rule, pattern->reference.at, said);
     else

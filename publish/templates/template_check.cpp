@@ -75,7 +75,7 @@ void checkReferences(std::string_view text, const CatalogFiles& files, TemplateR
 void checkTrial(std::string_view text, const TemplateUse& use, TemplateReport& report) {
     if (!report.holdsError() && tryRendering(text, use) != Trial::passed)
         report.add(
-            Weight::error, "template-damaged",
+            Weight::error, "template-damaged", std::nullopt,
             "the viewer takes the template for damaged: it has more than 10,000 tags to replace on a page, "
             "makes a page of more than 8 MB, or keeps the customer waiting");
 }
@@ -87,9 +87,9 @@ void checkTemplate(std::string_view name, std::string_view text, const CatalogFi
     const auto use = templateUse(name);
     if (!use)
         return;
-    TemplateReport report(std::string(use->name), text, complaints);
+    TemplateReport report(std::string(name), text, complaints);
     if (text.size() > pages::RenderGuard::mostBytes)
-        return report.add(Weight::error, "template-damaged",
+        return report.add(Weight::error, "template-damaged", std::nullopt,
                           "a template has at most 8 MB; the viewer takes a larger one for damaged");
     if (isWide(text))
         return report.error(

@@ -22,20 +22,20 @@ void TemplateReport::cut(std::size_t start, std::size_t length) {
     m_cutLength = length;
 }
 
-bool TemplateReport::hasEnough(std::string_view rule) const {
-    const auto found = m_counts.find(rule);
-    return found != m_counts.end() && found->second >= mostOfARule;
+bool TemplateReport::isToBeTold(Complaint::Weight weight, std::string_view rule) {
+    m_holdsError = m_holdsError || weight == Complaint::Weight::error;
+    auto found = m_counts.find(rule);
+    if (found == m_counts.end())
+        found = m_counts.emplace(rule, 0).first;
+    return ++found->second <= mostOfARule;
 }
 
-void TemplateReport::add(Complaint::Weight weight, std::string_view rule, std::size_t line,
-                         std::string text) {
-    m_holdsError = m_holdsError || weight == Complaint::Weight::error;
-    const auto count = ++m_counts[std::string(rule)];
-    if (count > mostOfARule)
-        return;
-    if (count == mostOfARule)
+void TemplateReport::tell(Complaint::Weight weight, std::string_view rule, std::optional<std::size_t> at,
+                          std::string text) {
+    if (m_counts.find(rule)->second == mostOfARule)
         text += " (more of this kind are not listed)";
-    m_complaints.push_back({weight, {.file = m_file, .row = line}, std::move(text), std::string(rule)});
+    m_complaints.push_back(
+        {weight, {.file = m_file, .row = at ? lineOf(*at) : 0}, std::move(text), std::string(rule)});
 }
 
 std::size_t TemplateReport::lineOf(std::size_t at) const {

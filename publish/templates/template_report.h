@@ -4,8 +4,10 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace publish {
@@ -21,26 +23,35 @@ public:
     /// From now on places count without the `length` characters that stood at `start`.
     void cut(std::size_t start, std::size_t length);
 
-    void error(std::string_view rule, std::size_t at, std::string text) {
-        add(Complaint::Weight::error, rule, lineOf(at), std::move(text));
+    /// The text is a string, or a function that makes it when it is needed.
+    template <typename Text>
+    void error(std::string_view rule, std::size_t at, const Text& text) {
+        add(Complaint::Weight::error, rule, at, text);
     }
 
-    void warning(std::string_view rule, std::size_t at, std::string text) {
-        add(Complaint::Weight::warning, rule, lineOf(at), std::move(text));
+    template <typename Text>
+    void warning(std::string_view rule, std::size_t at, const Text& text) {
+        add(Complaint::Weight::warning, rule, at, text);
     }
 
-    /// Of the whole file.
-    void add(Complaint::Weight weight, std::string_view rule, std::string text) {
-        add(weight, rule, 0, std::move(text));
+    /// Of the whole file where there is no place.
+    template <typename Text>
+    void add(Complaint::Weight weight, std::string_view rule, std::optional<std::size_t> at,
+             const Text& text) {
+        if (!isToBeTold(weight, rule))
+            return;
+        if constexpr (std::is_invocable_v<Text>)
+            tell(weight, rule, at, text());
+        else
+            tell(weight, rule, at, std::string(text));
     }
-
-    /// So many have been told that one more of the rule says nothing new: it only counts.
-    [[nodiscard]] bool hasEnough(std::string_view rule) const;
 
     [[nodiscard]] bool holdsError() const { return m_holdsError; }
 
 private:
-    void add(Complaint::Weight weight, std::string_view rule, std::size_t line, std::string text);
+    [[nodiscard]] bool isToBeTold(Complaint::Weight weight, std::string_view rule);
+    void tell(Complaint::Weight weight, std::string_view rule, std::optional<std::size_t> at,
+              std::string text);
     [[nodiscard]] std::size_t lineOf(std::size_t at) const;
 
     std::string m_file;
