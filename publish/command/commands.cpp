@@ -140,7 +140,10 @@ Outcome exportSource(const ExportOptions& options, const Streams& streams) {
     Complaints complaints;
     const OpenedCatalog catalog(place, complaints);
     const auto folder = meantPath(options.folder);
-    for (auto& complaint : exportCatalog(catalog.folder(), supplierOf(catalog.folder()), folder))
+    const auto build = [](const fs::path& source, const fs::path& data, Complaints& found) {
+        static_cast<void>(buildCatalog(source, {}, data, found));
+    };
+    for (auto& complaint : exportCatalog(catalog.folder(), supplierOf(catalog.folder()), folder, build))
         complaints.push_back(std::move(complaint));
     for (auto& complaint : complaints)
         complaint.weight = Complaint::Weight::warning; // it is exported as it is

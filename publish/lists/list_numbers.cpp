@@ -209,7 +209,9 @@ ListNumber readListNumber(const Cell& cell, NumberStyle style, DecimalMark mark)
     constexpr std::size_t mostDigits = 38; // before the point
     if (cell.text.empty())
         return {0, "is empty", "number-empty"};
-    const auto written = decimalTextOf(cell, style, mark);
+    const bool isNegative = (cell.isNumber || style == NumberStyle::plain) && cell.text.starts_with('-');
+    const Cell positive{cell.text.substr(isNegative ? 1 : 0), cell.isNumber};
+    const auto written = decimalTextOf(positive, style, mark);
     if (written.empty())
         return {0, notANumber(cell, style, mark), "number-unreadable"};
     const auto text = shortest(written);
@@ -219,7 +221,7 @@ ListNumber readListNumber(const Cell& cell, NumberStyle style, DecimalMark mark)
     std::from_chars(text.data(), text.data() + text.size(), value);
     if (const auto stored = base::textOf(value); stored != text)
         return {0, text + " has too many digits; the nearest that fits is " + stored, "number-digits"};
-    return {value};
+    return {isNegative ? -value : value}; // which only catalogues have that were made elsewhere
 }
 
 }

@@ -47,8 +47,9 @@ void copy(const ContentFile& file, const fs::path& folder) {
 
 class Exporter {
 public:
-    Exporter(const fs::path& catalogFolder, const SupplierMarker& supplier, const fs::path& folder)
-        : m_catalogFolder(catalogFolder), m_supplier(supplier), m_folder(folder) {}
+    Exporter(const fs::path& catalogFolder, const SupplierMarker& supplier, const fs::path& folder,
+             const SourceBuild& build)
+        : m_catalogFolder(catalogFolder), m_supplier(supplier), m_folder(folder), m_build(build) {}
 
     Complaints run(const std::vector<ContentFile>& files) {
         for (const auto& file : files)
@@ -82,17 +83,19 @@ private:
     }
 
     void keepTheRest() {
-        Complaints found;
+        Complaints ofTables;
         const auto built = m_folder / builtFolder;
-        buildPlainly(m_folder, built, found);
+        buildPlainly(m_folder, built, ofTables);
         keepExactBytes(m_catalogFolder, built, m_folder);
-        keepKnown(found, m_folder);
         const auto seen = compareData(m_catalogFolder, built);
         if (!seen.isEmpty())
             warn(exactFolder,
                  "not everything can stand in the tables; once they are edited, customers will also see: " +
                      sumOf(seen),
                  "export-only-bytes");
+        Complaints known;
+        m_build(m_folder, built, known);
+        keepKnown(known, m_folder);
         std::error_code ignored;
         fs::remove_all(built, ignored);
     }
@@ -105,6 +108,7 @@ private:
     fs::path m_catalogFolder;
     SupplierMarker m_supplier;
     fs::path m_folder;
+    const SourceBuild& m_build;
     Complaints m_complaints;
 };
 
@@ -127,12 +131,12 @@ SupplierMarker supplierOf(const fs::path& catalogFolder) {
 }
 
 Complaints exportCatalog(const fs::path& catalogFolder, const SupplierMarker& supplier,
-                         const fs::path& outFolder) {
+                         const fs::path& outFolder, const SourceBuild& build) {
     static_cast<void>(openedCatalog(catalogFolder));
     const auto files = otherFilesOf(catalogFolder);
     FolderBeside folder(outFolder);
     try {
-        auto complaints = Exporter(catalogFolder, supplier, folder.path()).run(files);
+        auto complaints = Exporter(catalogFolder, supplier, folder.path(), build).run(files);
         folder.moveToPlace();
         return complaints;
     } catch (const fs::filesystem_error&) {

@@ -191,6 +191,18 @@ TEST_F(Export, ErrorsThatWereThereBeforeAreWarningsAndNewOnesAreNot) {
     EXPECT_TRUE(publish::holdsError(build(source, data)));
 }
 
+TEST_F(Export, ErrorsThatOnlyAWholeBuildFindsAreKnownToo) {
+    tidyCatalog().writeTo(catalog);
+    const publish::Complaint error{.place = {.file = "Catalog.Ect", .row = 3}, .text = "line 3 is bad"};
+    static_cast<void>(publish::exportCatalog(catalog, {}, source,
+                                             [&](auto&, auto&, auto& found) { found.push_back(error); }));
+    publish::Complaints twice{error, error};
+    twice[0].text = "line 14 is bad";
+    publish::demoteKnown(source, twice);
+    EXPECT_EQ(twice[0].weight, publish::Complaint::Weight::warning);
+    EXPECT_EQ(twice[1].weight, publish::Complaint::Weight::error);
+}
+
 TEST_F(Export, PatchesThatMakeNoSenseAreErrors) {
     tidyCatalog().writeTo(catalog);
     static_cast<void>(exported());
