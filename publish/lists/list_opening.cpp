@@ -223,7 +223,8 @@ void note(OpenedList& list) {
     auto& mapping = list.mapping;
     noteForm(mapping, list.tables.form);
     mapping.file.text = list.file;
-    mapping.sheet.text = list.tables.tables[list.sheet].sheet;
+    if (const auto& sheet = list.tables.tables[list.sheet].sheet; isWritable(sheet))
+        mapping.sheet.text = sheet;
     mapping.headingRow.text = list.columns.headingRow
                                   ? std::to_string(list.table()->number(*list.columns.headingRow))
                                   : noColumnName;

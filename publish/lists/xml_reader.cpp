@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <exception>
 #include <expat.h>
 #include <memory>
@@ -93,7 +94,7 @@ private:
 
 std::string_view XmlAttributes::value(std::string_view name) const {
     for (const char** pair = m_pairs; *pair != nullptr; pair += 2)
-        if (name == *pair)
+        if (std::strncmp(*pair, name.data(), name.size()) == 0 && (*pair)[name.size()] == '\0')
             return pair[1];
     return {};
 }
