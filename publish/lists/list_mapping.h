@@ -1,7 +1,7 @@
 #pragma once
 
 #include "publish/complaint.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "publish/lists/xml_reader.h"
+#include "publish/lists/tables/xml_reader.h"
 
 #include "base/errors.h"
 
