@@ -121,8 +121,8 @@ private:
         for (std::size_t i = 0; i < row.cells.size(); ++i) {
             columns.headings.emplace_back(row.cells[i].text);
             if (!takeOwn(columns.headings.back(), i))
-                complain(m_list.table()->number(0), "unknown column \"" + columns.headings.back() + "\"",
-                         "column-unknown");
+                complain(m_list.table()->number(0),
+                         "unknown column \"" + shownText(columns.headings.back()) + "\"", "column-unknown");
         }
     }
 
