@@ -2,8 +2,8 @@
 // beside the spreadsheet library liborcus with a handler that keeps nothing.
 
 #include "bench/large_list.h"
-#include "publish/lists/delimited_text.h"
 #include "publish/lists/product_list.h"
+#include "publish/lists/tables/delimited_text.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <cstddef>
 #include <optional>

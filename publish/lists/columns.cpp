@@ -67,20 +67,22 @@ bool ListColumns::isUsed(std::size_t column) const {
 }
 
 std::string ListColumns::nameOf(std::size_t column) const {
-    if (column < headings.size() && !headings[column].empty() && named(headings[column]) == column)
+    if (column < headings.size() && isWritable(headings[column]) && named(headings[column]) == column)
         return headings[column];
     return std::string(byNumber) + std::to_string(column + 1);
 }
 
 std::size_t ListColumns::named(const std::string& name) const {
+    if (name.starts_with(byNumber)) {
+        std::size_t number = 0;
+        const auto* const end = name.data() + name.size();
+        const auto read = std::from_chars(name.data() + byNumber.size(), end, number);
+        if (read.ptr == end && number > 0 && number <= mostListColumns)
+            return number - 1;
+    }
     const auto found = std::find_if(headings.begin(), headings.end(),
                                     [&](const std::string& heading) { return isSameHeading(heading, name); });
-    if (found != headings.end())
-        return static_cast<std::size_t>(found - headings.begin());
-    std::size_t number = 0;
-    if (name.starts_with(byNumber))
-        std::from_chars(name.data() + byNumber.size(), name.data() + name.size(), number);
-    return number > 0 && number <= mostListColumns ? number - 1 : noColumn;
+    return found == headings.end() ? noColumn : static_cast<std::size_t>(found - headings.begin());
 }
 
 ListColumns findColumns(const Table& table, const ListMapping& mapping, std::vector<MappingValue>& missing) {

@@ -2,7 +2,7 @@
 
 #include "publish/lists/column_stats.h"
 #include "publish/lists/list_mapping.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <array>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "publish/lists/list_mapping.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <cstddef>
 #include <optional>

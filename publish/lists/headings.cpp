@@ -240,6 +240,15 @@ std::string onOneLine(std::string_view heading) {
     return out;
 }
 
+std::string shownText(std::string_view text) {
+    constexpr std::size_t shown = 40;
+    auto bytes = base::fromUtf8(onOneLine(text.substr(0, shown * 4)));
+    bytes.resize(std::min(bytes.size(), shown));
+    for (auto& c : bytes)
+        c = static_cast<unsigned char>(c) < ' ' ? ' ' : c;
+    return base::shownAsUtf8(bytes);
+}
+
 bool isSameHeading(std::string_view a, std::string_view b) {
     return base::equalIgnoringCase(base::fromUtf8(onOneLine(a)), base::fromUtf8(onOneLine(b)));
 }

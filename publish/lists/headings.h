@@ -29,6 +29,9 @@ inline constexpr int sureScore = 50;
 /// Whether the text is a word for a total: "Summe:", "I alt".
 [[nodiscard]] bool saysTotal(std::string_view text);
 
+/// The beginning of a text on one line, for complaints; always UTF-8.
+[[nodiscard]] std::string shownText(std::string_view text);
+
 /// A heading as it is named and compared: on one line, single blanks.
 [[nodiscard]] std::string onOneLine(std::string_view heading);
 [[nodiscard]] bool isSameHeading(std::string_view a, std::string_view b);

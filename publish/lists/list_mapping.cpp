@@ -190,6 +190,11 @@ void noteForm(ListMapping& mapping, const TableForm& form) {
             mapping.delimiter.text = name;
 }
 
+bool isWritable(std::string_view text) {
+    return !text.empty() && text != noColumnName && base::isUtf8(text) &&
+           std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; });
+}
+
 ListMapping readMapping(std::string_view text, Complaints& complaints) {
     ListMapping mapping;
     std::size_t number = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "publish/complaint.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <array>
 #include <cstddef>
@@ -59,6 +59,9 @@ inline constexpr const char* mappingFileName = "list.ini";
 
 /// Puts in what was found by opening the file.
 void noteForm(ListMapping& mapping, const TableForm& form);
+
+/// Whether a text can be a value that names something.
+[[nodiscard]] bool isWritable(std::string_view text);
 
 /// Reads a mapping file, UTF-8. Unknown keys and values that make no sense are complained of by line.
 [[nodiscard]] ListMapping readMapping(std::string_view text, Complaints& complaints);

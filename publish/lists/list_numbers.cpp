@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "base/text.h"
+#include "publish/lists/headings.h"
 
 #include <algorithm>
 #include <array>
@@ -163,8 +164,7 @@ std::string notANumber(const Cell& cell, NumberStyle style, DecimalMark mark) {
     const auto example = style == NumberStyle::plain  ? "digits and one point"
                          : mark == DecimalMark::comma ? "a comma parts the decimals, as in 1234,50"
                                                       : "a point parts the decimals, as in 1234.50";
-    constexpr std::size_t shown = 40;
-    return "\"" + std::string(cell.text.substr(0, shown)) + "\" is not a number (" + example + ")";
+    return "\"" + shownText(cell.text) + "\" is not a number (" + example + ")";
 }
 
 }

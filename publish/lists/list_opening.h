@@ -3,7 +3,7 @@
 #include "publish/lists/columns.h"
 #include "publish/lists/list_mapping.h"
 #include "publish/lists/list_rows.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <filesystem>
 #include <string>
@@ -34,8 +34,5 @@ struct OpenedList {
 /// What `ProductList` does when it is made.
 [[nodiscard]] OpenedList openList(const std::filesystem::path& file, std::string name,
                                   const ListMapping& mapping, Complaints& complaints);
-
-/// One line for the supplier (UTF-8).
-[[nodiscard]] std::string summaryOf(const OpenedList& list);
 
 }

@@ -80,9 +80,11 @@ private:
     }
 
     [[nodiscard]] bool isHeading(std::string_view code, std::string_view price) const {
-        const auto& headings = m_columns.headings;
-        return !headings.empty() && isSameHeading(price, headings[m_columns.of(ListField::price)]) &&
-               isSameHeading(code, headings[m_columns.of(ListField::code)]);
+        const auto heads = [&](ListField field, std::string_view text) {
+            const auto column = m_columns.of(field);
+            return column < m_columns.headings.size() && isSameHeading(text, m_columns.headings[column]);
+        };
+        return heads(ListField::price, price) && heads(ListField::code, code);
     }
 
     void take(std::uint32_t at, const TableRow& row) {

@@ -3,7 +3,7 @@
 #include "publish/complaint.h"
 #include "publish/lists/columns.h"
 #include "publish/lists/list_numbers.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <cstdint>
 #include <string>

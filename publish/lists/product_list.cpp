@@ -2,7 +2,7 @@
 
 #include "base/code_page.h"
 #include "publish/lists/group_paths.h"
-#include "publish/lists/list_opening.h"
+#include "publish/lists/list_summary.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "base/code_page.h"
 #include "base/files.h"
-#include "publish/lists/delimited_text.h"
+#include "publish/lists/tables/delimited_text.h"
 #include "tests/publish/lists/read_list.h"
 #include "tests/support/test_folder.h"
 

@@ -1,6 +1,6 @@
 #include "base/errors.h"
 #include "base/files.h"
-#include "publish/lists/cell_formats.h"
+#include "publish/lists/tables/cell_formats.h"
 #include "tests/publish/lists/read_list.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/zip_builder.h"

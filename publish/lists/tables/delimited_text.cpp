@@ -1,4 +1,4 @@
-#include "publish/lists/delimited_text.h"
+#include "publish/lists/tables/delimited_text.h"
 
 #include "base/text.h"
 

@@ -1,8 +1,8 @@
-#include "publish/lists/ods_file.h"
+#include "publish/lists/tables/ods_file.h"
 
 #include "base/errors.h"
-#include "publish/lists/cell_formats.h"
-#include "publish/lists/xml_reader.h"
+#include "publish/lists/tables/cell_formats.h"
+#include "publish/lists/tables/xml_reader.h"
 
 #include <algorithm>
 

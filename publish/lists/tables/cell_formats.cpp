@@ -1,4 +1,4 @@
-#include "publish/lists/cell_formats.h"
+#include "publish/lists/tables/cell_formats.h"
 
 #include "base/numbers.h"
 

@@ -1,9 +1,10 @@
-#include "publish/lists/xml_reader.h"
+#include "publish/lists/tables/xml_reader.h"
 
 #include "base/errors.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <exception>
 #include <expat.h>
 #include <memory>
@@ -93,7 +94,7 @@ private:
 
 std::string_view XmlAttributes::value(std::string_view name) const {
     for (const char** pair = m_pairs; *pair != nullptr; pair += 2)
-        if (name == *pair)
+        if (std::strncmp(*pair, name.data(), name.size()) == 0 && (*pair)[name.size()] == '\0')
             return pair[1];
     return {};
 }

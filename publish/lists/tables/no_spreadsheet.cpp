@@ -1,5 +1,5 @@
 #include "base/errors.h"
-#include "publish/lists/spreadsheet.h"
+#include "publish/lists/tables/spreadsheet.h"
 
 namespace publish {
 

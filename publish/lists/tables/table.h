@@ -1,7 +1,5 @@
 #pragma once
 
-#include "publish/complaint.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>

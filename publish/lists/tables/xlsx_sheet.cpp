@@ -1,4 +1,4 @@
-#include "publish/lists/xlsx_sheet.h"
+#include "publish/lists/tables/xlsx_sheet.h"
 
 #include "base/code_page.h"
 

@@ -1,11 +1,11 @@
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/mapped_file.h"
-#include "publish/lists/delimited_text.h"
-#include "publish/lists/spreadsheet.h"
-#include "publish/lists/text_encoding.h"
+#include "publish/lists/tables/delimited_text.h"
+#include "publish/lists/tables/spreadsheet.h"
+#include "publish/lists/tables/text_encoding.h"
 
 namespace publish {
 namespace fs = std::filesystem;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "publish/lists/packed_file.h"
-#include "publish/lists/sheet_cells.h"
+#include "publish/lists/tables/packed_file.h"
+#include "publish/lists/tables/sheet_cells.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "publish/lists/text_encoding.h"
+#include "publish/lists/tables/text_encoding.h"
 
 #include "base/code_page.h"
 

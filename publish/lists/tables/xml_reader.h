@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/lists/packed_file.h"
+#include "publish/lists/tables/packed_file.h"
 
 #include <string>
 #include <string_view>

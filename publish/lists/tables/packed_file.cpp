@@ -1,4 +1,4 @@
-#include "publish/lists/packed_file.h"
+#include "publish/lists/tables/packed_file.h"
 
 #include "base/errors.h"
 

@@ -1,8 +1,8 @@
-#include "publish/lists/spreadsheet.h"
+#include "publish/lists/tables/spreadsheet.h"
 
 #include "base/errors.h"
-#include "publish/lists/ods_file.h"
-#include "publish/lists/xlsx_file.h"
+#include "publish/lists/tables/ods_file.h"
+#include "publish/lists/tables/xlsx_file.h"
 
 namespace publish {
 namespace {

@@ -1,4 +1,4 @@
-#include "publish/lists/sheet_cells.h"
+#include "publish/lists/tables/sheet_cells.h"
 
 #include "base/errors.h"
 #include "base/text.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "publish/lists/cell_formats.h"
-#include "publish/lists/sheet_cells.h"
-#include "publish/lists/xml_reader.h"
+#include "publish/lists/tables/cell_formats.h"
+#include "publish/lists/tables/sheet_cells.h"
+#include "publish/lists/tables/xml_reader.h"
 
 #include <string>
 #include <vector>

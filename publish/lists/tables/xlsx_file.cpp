@@ -1,7 +1,7 @@
-#include "publish/lists/xlsx_file.h"
+#include "publish/lists/tables/xlsx_file.h"
 
 #include "base/errors.h"
-#include "publish/lists/xlsx_sheet.h"
+#include "publish/lists/tables/xlsx_sheet.h"
 
 #include <filesystem>
 #include <map>
