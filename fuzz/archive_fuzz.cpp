@@ -1,4 +1,5 @@
 #include "app/catalog_zips.h"
+#include "base/errors.h"
 #include "base/files.h"
 #include "catalog/catalog.h"
 #include "fuzz/require.h"
@@ -6,6 +7,7 @@
 #include "fuzz/sections.h"
 #include "fuzz/stored_zip.h"
 #include "platform/message_box.h"
+#include "publish/zips/zip_reader.h"
 #include "tests/app/quiet_window.h"
 #include "ui/system/archive/zip_extractor.h"
 
@@ -131,12 +133,26 @@ void checkCatalogIsWhole(const Files& after) {
                   "half a catalogue");
 }
 
+/// Whether `tavorine-publish` finds nothing in the zip for which the viewer would not install it.
+bool isFoundGood(const fs::path& zip) {
+    try {
+        const auto complaints = publish::ZipReader(zip).check();
+        return std::none_of(complaints.begin(), complaints.end(), [](const publish::Complaint& complaint) {
+            return complaint.weight == publish::Complaint::Weight::error &&
+                   complaint.rule != "zip-marker-fields"; // which is told when it is listed
+        });
+    } catch (const base::FileError&) {
+        return false;
+    }
+}
+
 void checkInstallation(const fs::path& program, const std::string& zip, bool isUpdate) {
     clear(program);
     base::overwriteFile(program / "Start.ini", "settings");
     if (isUpdate)
         install(program);
     base::overwriteFile(program / "ACME.zip", zip);
+    const bool isGood = isFoundGood(program / "ACME.zip");
     const auto before = filesIn(program);
     DirectArchive archive;
     SilentBox box;
@@ -146,6 +162,8 @@ void checkInstallation(const fs::path& program, const std::string& zip, bool isU
     fuzz::require(!after.contains("ACME.zip") || box.shown > 0, "a zip stays and nothing is said");
     checkUnchangedElsewhere(before, after);
     checkCatalogIsWhole(after);
+    fuzz::require(isUpdate || isGood == after.contains("ACME"),
+                  "what is found good is not what is installed");
 }
 
 }

@@ -1,5 +1,7 @@
 #include "publish/zips/picture_header.h"
 
+#include <algorithm>
+
 namespace publish {
 namespace {
 
@@ -92,14 +94,15 @@ private:
     void take(unsigned char marker) {
         const auto length = Numbers(m_bytes).at(m_at, 2);
         const auto segment = m_bytes.substr(m_at, length);
+        const auto contents = segment.substr(std::min<std::size_t>(2, segment.size()));
         if (startsFrame(marker))
             takeFrame(Numbers(segment));
         else if (marker == startOfScan)
             ++m_header.scans;
-        else if (marker == cameraNotes && segment.substr(2).starts_with(beginningOfExif))
-            m_header.wayUp = wayUpIn(segment.substr(2 + beginningOfExif.size()));
-        else if (marker == profile && segment.substr(2).starts_with(beginningOfProfile))
-            m_header.profile.append(m_bytes.substr(m_at - 2, length + 2));
+        else if (marker == cameraNotes && contents.starts_with(beginningOfExif))
+            m_header.wayUp = wayUpIn(contents.substr(beginningOfExif.size()));
+        else if (marker == profile && contents.starts_with(beginningOfProfile))
+            m_header.profile.append(m_bytes.substr(m_at - 2, segment.size() + 2));
         m_at += segment.size();
     }
 

@@ -7,7 +7,9 @@
 #include <gd.h>
 #include <memory>
 #include <mutex>
+#include <png.h>
 #include <utility>
+#include <vector>
 #endif
 
 namespace publish {
@@ -39,17 +41,13 @@ void listenToLibrary() {
     std::call_once(once, [] { gdSetErrorMethod(noteComplaint); });
 }
 
-// A JPEG that is cut off comes back with grey where its rest should be, and a complaint. Of a PNG there are
-// complaints about trifles.
-Image decoded(std::string_view bytes, PictureHeader::Kind kind) {
+// One that is cut off comes back with grey where its rest should be, and a complaint.
+Image decodedJpeg(std::string_view bytes) {
     constexpr int complain = 0;
-    const auto size = static_cast<int>(bytes.size());
     auto* data = const_cast<char*>(bytes.data()); // the library only reads it
     listenToLibrary();
-    if (kind == PictureHeader::Kind::png)
-        return Image(gdImageCreateFromPngPtr(size, data));
     hasComplained = false;
-    Image image(gdImageCreateFromJpegPtrEx(size, data, complain));
+    Image image(gdImageCreateFromJpegPtrEx(static_cast<int>(bytes.size()), data, complain));
     return hasComplained ? nullptr : std::move(image);
 }
 
@@ -60,6 +58,29 @@ Image blank(int width, int height) {
         gdImageSaveAlpha(image.get(), 1);
     }
     return image;
+}
+
+Image imageOf(const std::vector<png_byte>& pixels, int width, int height) {
+    auto image = blank(width, height);
+    const auto* at = pixels.data();
+    for (int y = 0; image && y < height; ++y)
+        for (int x = 0; x < width; ++x, at += 4)
+            gdImageTrueColorPixel(image.get(), x, y) =
+                gdTrueColorAlpha(at[0], at[1], at[2], gdAlphaMax - at[3] / 2);
+    return image;
+}
+
+// Not by the library that scales, which has trifles written to the terminal.
+Image decodedPng(std::string_view bytes) {
+    png_image png{};
+    png.version = PNG_IMAGE_VERSION;
+    if (png_image_begin_read_from_memory(&png, bytes.data(), bytes.size()) == 0)
+        return nullptr;
+    png.format = PNG_FORMAT_RGBA;
+    std::vector<png_byte> pixels(std::size_t{4} * png.width * png.height);
+    if (png_image_finish_read(&png, nullptr, pixels.data(), 0, nullptr) == 0)
+        return nullptr;
+    return imageOf(pixels, static_cast<int>(png.width), static_cast<int>(png.height));
 }
 
 Image resampled(gdImage& image, int width, int height) {
@@ -139,7 +160,7 @@ bool canScalePictures() {
 
 std::optional<std::string> scaledPicture(std::string_view bytes, const PictureHeader& header,
                                          std::uint32_t width, std::uint32_t height) {
-    auto image = decoded(bytes, header.kind);
+    auto image = header.kind == PictureHeader::Kind::png ? decodedPng(bytes) : decodedJpeg(bytes);
     if (image)
         image = resampled(*image, static_cast<int>(width), static_cast<int>(height));
     image = upright(std::move(image), header.wayUp);

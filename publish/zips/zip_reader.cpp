@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "catalog/catalog.h"
 #include "publish/zips/zip_catalog_check.h"
+#include "publish/zips/zip_end.h"
 #include "publish/zips/zip_entry_check.h"
 #include "ui/system/archive/zip_extractor.h"
 #include "ui/system/archive/zip_reader.h"
@@ -50,6 +51,15 @@ using ui::system::ZipEntryReader;
               "smaller");
 }
 
+const fs::path& checked(const fs::path& zip) {
+    std::error_code error;
+    if (!fs::is_regular_file(zip, error)) // reading from a pipe would wait for ever
+        failToOpen(zip);
+    if (claimedEntries(zip) > ui::system::ExtractionLimits().entries)
+        failAsTooLarge(zip);
+    return zip;
+}
+
 void makeFolder(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
@@ -62,7 +72,7 @@ void makeFolder(const fs::path& folder) {
 
 class ZipReader::Parts {
 public:
-    explicit Parts(const fs::path& path) : m_path(path), m_zip(path) {
+    explicit Parts(const fs::path& path) : m_path(path), m_zip(checked(path)) {
         const ui::system::ExtractionLimits limits;
         if (!m_zip.isOpen())
             failToOpen(path);

@@ -122,10 +122,13 @@ TEST_F(Pictures, WhatIsSmallOrCannotBeScaledStaysAsItIs) {
     const auto whole = jpeg(400, 200);
     for (const auto size : {3U, 20U, 200U, 600U})
         EXPECT_EQ(ruleOf(whole.substr(0, whole.size() * size / 1000)), "picture-damaged") << size;
+    const auto dots = png(400, 200, red, blue);
+    EXPECT_EQ(ruleOf(dots.substr(0, dots.size() / 2), "a.png"), "picture-damaged");
     auto bomb = png(400, 200, red, blue);
     bomb.replace(16, 8, "\0\0\x80\0\0\0\x80\0"s);
     EXPECT_EQ(ruleOf(bomb, "a.png"), "picture-too-large");
     auto slow = jpeg(400, 200);
+    EXPECT_EQ(ruleOf("\xFF\xD8\xFF\xE1\0\0\xFF\xE1\0"s), "picture-damaged");
     for (int i = 0; i < 200; ++i)
         slow += "\xFF\xDA\0\x02"s;
     slow.erase(slow.find("\xFF\xD9"s), 2);

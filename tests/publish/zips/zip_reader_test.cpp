@@ -132,6 +132,11 @@ TEST_F(ZipReader, AnEndThatClaimsTooMuchIsRefusedBeforeItIsRead) {
     const auto entry = bytes.rfind("PK\x01\x02");
     bytes.replace(entry + 24, 4, "\xF0\xFF\xFF\xFF"); // unpacked size
     EXPECT_THAT(failureOf(bytes), HasSubstr("more than 2 GiB"));
+
+    const std::string large =
+        "PK\x06\x06" + std::string(28, '\0') + "\xFF\xFF\xFF\xFF" + std::string(20, '\0');
+    EXPECT_THAT(failureOf(large + "PK\x06\x07" + std::string(12, '\0') + "PK\x05\x06"),
+                HasSubstr("100,000 files"));
 }
 
 }
