@@ -7,6 +7,7 @@
 #include "publish/data_files.h"
 #include "publish/source_check.h"
 #include "publish/source_folder.h"
+#include "publish/templates/content_file_check.h"
 #include "publish/templates/page_check.h"
 #include "publish/templates/preview.h"
 #include "publish/templates/template_check.h"
@@ -127,6 +128,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     publish::Complaints complaints;
     const auto page = fuzz::sections<5>(data, size).back();
     const auto source = publish::readSourceFolder(folder, {}, complaints);
+    for (const auto* const name : {"a.css", "sub/a.htm", "Catalog.Ect", "PrtOrd.ect"}) {
+        publish::Complaints found;
+        publish::checkTemplate(name, page, publish::CatalogFiles({}), found);
+        publish::checkContentFile(name, page, publish::CatalogFiles({}), found);
+        fuzz::require(found.size() <= 300, "there is no end of complaints");
+    }
     for (const auto& complaint : complaints)
         fuzz::require(!textOf(complaint).empty(), "a complaint says nothing");
     if (publish::holdsError(complaints))
