@@ -162,8 +162,7 @@ void PageCheck::checkMailAddress() {
 }
 
 void checkPages(const fs::path& folder, const CatalogFiles& files, Complaints& complaints) {
-    std::error_code ignored;
-    const auto dataFolder = fs::weakly_canonical(folder, ignored);
+    const auto dataFolder = fullPath(folder);
     if (const auto catalog = openInstalled(dataFolder, complaints))
         PageCheck(dataFolder, *catalog, files, complaints).run();
 }

@@ -135,8 +135,7 @@ std::int32_t Previewer::recordOf(std::string_view what) const {
 
 Preview preview(const fs::path& folder, std::string_view what) {
     constexpr std::array<std::string_view, 4> names{"welcome", "banner", "order", "mail"};
-    std::error_code ignored;
-    const auto dataFolder = fs::weakly_canonical(folder, ignored);
+    const auto dataFolder = fullPath(folder);
     Complaints complaints;
     const auto catalog = openInstalled(dataFolder, complaints);
     if (!catalog)
