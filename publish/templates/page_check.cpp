@@ -53,7 +53,7 @@ public:
         });
         for (const auto kind : {OutputKind::print, OutputKind::email})
             for (const auto status : {TaxStatus::taxed, TaxStatus::exempt})
-                if (m_catalog.parameters.chargesTax() || status == TaxStatus::exempt)
+                if (m_catalog.parameters.chargesTax() || status == TaxStatus::taxed)
                     checkOrder(kind, status);
     }
 

@@ -90,7 +90,7 @@ Preview Previewer::banner() const {
 
 Preview Previewer::order(OutputKind kind) const {
     const order::OrderWriter writer(m_parameters, m_folders.DataFolder, usualSizes());
-    const auto status = m_parameters.chargesTax() ? TaxStatus::taxed : TaxStatus::exempt;
+    constexpr auto status = TaxStatus::taxed; // as every order begins, also where no tax is charged
     const auto name = order::orderTemplateName(kind, m_parameters.chargesTax(), status);
     const auto file = writer.readTemplate(kind, status);
     if (!file)
