@@ -6,6 +6,7 @@
 #include "pages/catalog_pages.h"
 #include "publish/product_rows.h"
 #include "publish/source/source_folder.h"
+#include "publish/templates/content_file_check.h"
 #include "publish/templates/page_check.h"
 #include "publish/templates/preview.h"
 #include "publish/templates/template_check.h"
@@ -132,6 +133,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto page = fuzz::sections<5>(data, size).back();
     const auto source = publish::readSourceFolder(folder, {}, complaints);
     publish::writeDataFiles(source, catalogFolder, complaints);
+    for (const auto* const name : {"a.css", "sub/a.htm", "Catalog.Ect", "PrtOrd.ect"}) {
+        publish::Complaints found;
+        publish::checkTemplate(name, page, publish::CatalogFiles({}), found);
+        publish::checkContentFile(name, page, publish::CatalogFiles({}), found);
+        fuzz::require(found.size() <= 300, "there is no end of complaints");
+    }
     for (const auto& complaint : complaints)
         fuzz::require(!textOf(complaint).empty(), "a complaint says nothing");
     if (publish::holdsError(complaints))

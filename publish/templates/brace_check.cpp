@@ -18,6 +18,19 @@ bool isProse(std::string_view tag) {
     return tag.size() > longestName || tag.find_first_of("<>\r\n;:", 1) != none || tag.find('{', 1) != none;
 }
 
+// Where styles and scripts may stand. An e-mail has no files beside it, an order's page no {DIR}.
+std::string adviceFor(RawRange::Kind range, TemplateKind kind) {
+    const bool isStyle = range == RawRange::Kind::style;
+    if (kind == TemplateKind::mail)
+        return isStyle ? "write style=\"...\" into the elements"
+                       : "an e-mail runs no scripts, so leave it out";
+    const std::string folder = kind == TemplateKind::print ? "" : "{DIR}/";
+    return isStyle ? "put the styles into a file of their own and write <link rel=\"stylesheet\" href=\"" +
+                         folder + "pages.css\">"
+                   : "put the script into a file of its own and write <script src=\"" + folder +
+                         "pages.js\"></script>";
+}
+
 /// The next place of some characters; asked for places that only grow, it goes through the text once.
 class Next {
 public:
@@ -216,16 +229,10 @@ bool BraceCheck::isOfStyle(std::size_t at) {
     if (range == m_complainedOf)
         return true;
     m_complainedOf = range;
-    if (range->kind == RawRange::Kind::style)
-        m_report.error("style-braces", at,
-                       "the viewer takes the braces of this style sheet for tags and drops what is in them; "
-                       "put the styles into a file of their own, pages.css, and write <link "
-                       "rel=\"stylesheet\" href=\"{DIR}/pages.css\">");
-    else
-        m_report.error("script-braces", at,
-                       "the viewer takes the braces of this script for tags and drops what is in them; put "
-                       "the script into a file of its own, pages.js, and write <script "
-                       "src=\"{DIR}/pages.js\"></script>");
+    const bool isStyle = range->kind == RawRange::Kind::style;
+    m_report.error(isStyle ? "style-braces" : "script-braces", at,
+                   "the viewer takes these braces for tags and drops what is in them; " +
+                       adviceFor(range->kind, m_kind));
     return true;
 }
 

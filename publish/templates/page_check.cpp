@@ -53,7 +53,7 @@ public:
         });
         for (const auto kind : {OutputKind::print, OutputKind::email})
             for (const auto status : {TaxStatus::taxed, TaxStatus::exempt})
-                if (m_catalog.parameters.chargesTax() || status == TaxStatus::exempt)
+                if (m_catalog.parameters.chargesTax() || status == TaxStatus::taxed)
                     checkOrder(kind, status);
     }
 
@@ -162,8 +162,7 @@ void PageCheck::checkMailAddress() {
 }
 
 void checkPages(const fs::path& folder, const CatalogFiles& files, Complaints& complaints) {
-    std::error_code ignored;
-    const auto dataFolder = fs::weakly_canonical(folder, ignored);
+    const auto dataFolder = fullPath(folder);
     if (const auto catalog = openInstalled(dataFolder, complaints))
         PageCheck(dataFolder, *catalog, files, complaints).run();
 }

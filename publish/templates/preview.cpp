@@ -90,7 +90,7 @@ Preview Previewer::banner() const {
 
 Preview Previewer::order(OutputKind kind) const {
     const order::OrderWriter writer(m_parameters, m_folders.DataFolder, usualSizes());
-    const auto status = m_parameters.chargesTax() ? TaxStatus::taxed : TaxStatus::exempt;
+    constexpr auto status = TaxStatus::taxed; // as every order begins, also where no tax is charged
     const auto name = order::orderTemplateName(kind, m_parameters.chargesTax(), status);
     const auto file = writer.readTemplate(kind, status);
     if (!file)
@@ -135,8 +135,7 @@ std::int32_t Previewer::recordOf(std::string_view what) const {
 
 Preview preview(const fs::path& folder, std::string_view what) {
     constexpr std::array<std::string_view, 4> names{"welcome", "banner", "order", "mail"};
-    std::error_code ignored;
-    const auto dataFolder = fs::weakly_canonical(folder, ignored);
+    const auto dataFolder = fullPath(folder);
     Complaints complaints;
     const auto catalog = openInstalled(dataFolder, complaints);
     if (!catalog)

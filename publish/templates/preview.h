@@ -8,7 +8,7 @@ namespace publish {
 
 /// A page as the viewer would show it.
 struct Preview {
-    std::string bytes;
+    std::string bytes; ///< in Windows-1252, unless the page says otherwise in its head
     std::string title; ///< what it shows, UTF-8: "the page of A1", "an order, printed"
     bool isHtml;       ///< else plain text, as some order e-mails are
 };

@@ -17,7 +17,6 @@ namespace publish {
 /// one.
 class TemplateReport {
 public:
-    /// The text must live as long.
     TemplateReport(std::string file, std::string_view text, Complaints& complaints);
 
     /// From now on places count without the `length` characters that stood at `start`.

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+#include <system_error>
 
 namespace publish {
 namespace {
@@ -26,6 +27,12 @@ bool canBeRead(const std::filesystem::path& folder, std::string_view name) {
     }
 }
 
+}
+
+std::filesystem::path fullPath(const std::filesystem::path& folder) {
+    std::error_code error;
+    auto path = std::filesystem::weakly_canonical(folder, error);
+    return error ? folder : path;
 }
 
 catalog::Folders foldersFor(const std::filesystem::path& dataFolder) {

@@ -14,6 +14,9 @@ namespace publish {
     return {"50", "2", "3"};
 }
 
+/// A folder by its full path, as the viewer has it.
+[[nodiscard]] std::filesystem::path fullPath(const std::filesystem::path& folder);
+
 /// The folders of the viewer when the catalogue is installed in this one.
 [[nodiscard]] catalog::Folders foldersFor(const std::filesystem::path& dataFolder);
 

@@ -3,6 +3,7 @@
 #include "catalog/catalog.h"
 #include "pages/browse/link_rules.h"
 #include "publish/templates/address_check.h"
+#include "publish/templates/content_file_check.h"
 #include "tests/publish/templates/sample_catalog.h"
 
 #include <gtest/gtest.h>
@@ -66,6 +67,35 @@ TEST(AddressCheck, AgreesWithWhatTheViewerLoadsAndFollows) {
         }
         const auto end = links.follow(isOwn ? "file://" + (sample.folder / address).string() : address);
         EXPECT_EQ(!std::holds_alternative<pages::LeadsNowhere>(end), c.works) << c.address;
+    }
+}
+
+TEST(AddressCheck, ReadsStyleSheetsAndPagesOfTheSuppliersOwn) {
+    const struct {
+        const char* name;
+        const char* text;
+        std::vector<std::string> complaints;
+    } cases[] = {
+        {"fonts/a.css",
+         "@font-face{src:url(a.woff),url( 'b.woff' )}\n/* url(c.gif) */ b{background:url(../a.jpg)}",
+         {"error file-missing 1"}},
+        {"a.css",
+         "\n@import \"https://x.example/a.css\";\n@IMPORT url(//x.example/b.css)",
+         {"warning network-file 2", "warning network-file 3"}},
+        {"a.css",
+         "u{content:url(data:image/gif;base64,AA)} @import '../x.css'; url(",
+         {"error file-outside 1"}},
+        {"fonts/a.HTM",
+         "<a href=b.htm>\n<img src='../A.JPG'><a href='#x'><a href=../a.htm?P1>",
+         {"error link-missing 1"}},
+        {"notes.txt", "url(none.gif) <img src=none.gif>", {}},
+    };
+
+    for (const auto& c : cases) {
+        publish::Complaints complaints;
+        publish::checkContentFile(c.name, c.text, publish::CatalogFiles({"fonts/a.woff", "a.jpg"}),
+                                  complaints);
+        EXPECT_EQ(shortly(complaints), c.complaints) << c.text;
     }
 }
 
