@@ -129,7 +129,8 @@ void makeFromSample(const fs::path& sample, const fs::path& out, const fs::path&
                   joined({page, "detail", "a\r\nb", "1|H1|Hammer|steel|12.50|10.00|2.50|22.50\n2|H2", "7",
                           "a@b.example"}));
     }
-    write(out / "publish" / name, publishSeed(sample, "{{x {CODE} }} {DESC}"));
+    if (fs::exists(sample / "products.csv")) // the other's list is a spreadsheet
+        write(out / "publish" / name, publishSeed(sample, "{{x {CODE} }} {DESC}"));
 }
 
 }

@@ -1,7 +1,6 @@
 #include "publish/catalog_writer.h"
 
 #include "base/code_page.h"
-#include "base/text.h"
 #include "catalog/catalog.h"
 #include "publish/data_files.h"
 #include "publish/entry_check.h"
@@ -77,12 +76,22 @@ private:
                 m_links.push_back({m_origins.size() - 1, std::move(code)});
     }
 
+    // As it is written there; the index has it in capitals.
+    [[nodiscard]] std::string codeOf(std::size_t origin) {
+        const auto& [group, row] = m_origins[origin];
+        if (group != nullptr)
+            return group->header.code;
+        Complaints told; // when it was read first
+        m_source.products->read(row, m_product, told);
+        return m_product.code;
+    }
+
     void complainOfTwin(const RepeatedCode& twin) {
+        const auto origin = static_cast<std::size_t>(twin.record - 1);
         const auto first = placeOf(static_cast<std::size_t>(twin.first - 1), {});
-        m_complaints.push_back({Complaint::Weight::warning,
-                                placeOf(static_cast<std::size_t>(twin.record - 1), "code"),
-                                "the code " + base::toUtf8(base::trim({twin.key.data(), twin.key.size()})) +
-                                    " was used before (" + textOf(first) + "); links to it lead to the first",
+        m_complaints.push_back({Complaint::Weight::warning, placeOf(origin, "code"),
+                                "the code " + base::toUtf8(codeOf(origin)) + " was used before (" +
+                                    textOf(first) + "); links to it lead to the first",
                                 "code-twice"});
     }
 

@@ -192,7 +192,7 @@ void DataFiles::writeIndex() {
     const IndexEntry* first = nullptr;
     for (const auto& entry : m_index)
         if (first != nullptr && first->hasKeyOf(entry)) {
-            m_repeated.push_back({keyOf(entry), entry.record, first->record});
+            m_repeated.push_back({entry.record, first->record});
         } else {
             file.append(catalog::encodeIndex(keyOf(entry), entry.record));
             first = &entry;

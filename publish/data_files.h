@@ -18,7 +18,6 @@ namespace publish {
 
 /// A code that a second record has.
 struct RepeatedCode {
-    std::array<char, catalog::IndexRecord::keyField.width> key; ///< as in the index
     std::int32_t record;
     std::int32_t first; ///< the record that the index leads to
 };

@@ -25,8 +25,8 @@ public:
     EntryCheck(const Product& entry, const PlaceOf& placeOf, Complaints& complaints)
         : m_entry(entry), m_placeOf(placeOf), m_complaints(complaints) {}
 
-    void complain(std::string_view field, const char* rule, std::string text) {
-        m_complaints.push_back({Weight::error, m_placeOf(field), std::move(text), rule});
+    void complain(std::string_view field, const char* rule, std::string text, Weight weight = Weight::error) {
+        m_complaints.push_back({weight, m_placeOf(field), std::move(text), rule});
     }
 
     void checkLength(const char* field, const std::string& text, std::size_t most) {
@@ -141,9 +141,11 @@ void checkEntry(const Product& entry, const FileNames& files, const PlaceOf& pla
     check.checkTexts();
     const bool fits = entry.picture.size() <= catalog::ProductRecord::pictureField.width;
     if (!entry.picture.empty() && fits && !files.holds(base::toUtf8(entry.picture)))
-        check.complain("picture", "picture-missing",
-                       "the picture " + base::toUtf8(entry.picture) +
-                           " is missing; put it there or take the name out");
+        check.complain(
+            "picture", "picture-missing",
+            "the picture " + base::toUtf8(entry.picture) +
+                " is missing, so that the viewer shows an empty place; put it there or take the name out",
+            Weight::warning);
 }
 
 void checkProduct(const Product& product, const PlaceOf& placeOf, Complaints& complaints) {

@@ -185,11 +185,15 @@ private:
     Command m_command;
 };
 
+bool isCommand(const std::string& word) {
+    constexpr std::array commands{"new", "build", "check", "preview", "export", "diff"};
+    return std::find(commands.begin(), commands.end(), word) != commands.end();
+}
+
 // The first form of the command line, which scripts of suppliers still use.
 bool isFirstForm(const std::vector<std::string>& arguments) {
-    constexpr std::array commands{"new", "build", "check", "preview", "export", "diff"};
-    return arguments.size() >= 2 && !arguments[0].starts_with('-') && !arguments[1].starts_with('-') &&
-           std::find(commands.begin(), commands.end(), arguments[0]) == commands.end();
+    return arguments.size() >= 2 && !isCommand(arguments[0]) && !arguments[0].starts_with('-') &&
+           !arguments[1].starts_with('-');
 }
 
 Outcome buildAsBefore(const std::vector<std::string>& arguments, const Streams& streams) {
@@ -204,6 +208,15 @@ Outcome runCommand(const std::vector<std::string>& arguments, const Streams& str
     if (isFirstForm(arguments))
         return buildAsBefore(arguments, streams);
     Arguments commandLine;
+    if (arguments.empty()) {
+        streams.err << commandLine.app().help();
+        return Outcome::misuse;
+    }
+    if (!isCommand(arguments[0]) && !arguments[0].starts_with('-')) {
+        streams.err << "There is no command \"" << arguments[0]
+                    << "\". tavorine-publish --help names them all.\n";
+        return Outcome::misuse;
+    }
     try {
         commandLine.app().parse(
             std::vector<std::string>(arguments.rbegin(), arguments.rend())); // the last one first

@@ -35,11 +35,13 @@ std::string groupSeparatorOf(const std::unordered_set<std::string>& texts) {
     for (const std::string_view separator : unusual)
         if (partedBy(texts, separator).texts > 0)
             return std::string(base::trim(separator));
-    const auto spaced = partedBy(texts, " / ");
     const auto plain = partedBy(texts, "/");
-    if (spaced.texts > 0 && spaced.texts < plain.texts)
-        return " / ";
-    return spaced.texts > 0 || plain.tops < plain.texts ? "/" : "";
+    if (partedBy(texts, " / ").texts == 0)
+        return plain.tops < plain.texts ? "/" : "";
+    const bool holdNames = std::any_of(texts.begin(), texts.end(), [](const std::string& text) {
+        return base::replaceAll(text, " / ", "").find('/') != std::string::npos;
+    });
+    return holdNames ? " / " : "/"; // "M6/M8" is a name there
 }
 
 void appendPath(std::string_view utf8, std::string_view separator, std::vector<std::string>& path) {

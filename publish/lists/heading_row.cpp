@@ -92,8 +92,10 @@ std::optional<std::size_t> findHeadingRow(const Table& table, const ListMapping&
     if (const auto names = columnsNamedBy(mapping); !names.empty())
         if (const auto named = bestRow(table, 1, [&](const TableRow& row) { return namesIn(row, names); }))
             return named;
-    const auto known = bestRow(table, 2, meaningsIn);
-    return known ? known : rowOfTexts(table);
+    if (const auto known = bestRow(table, 2, meaningsIn))
+        return known;
+    const auto texts = rowOfTexts(table);
+    return texts ? texts : bestRow(table, 1, meaningsIn);
 }
 
 }

@@ -54,7 +54,7 @@ public:
 
     void open(const std::filesystem::path& file) {
         m_list.tables = openTables(file, formOf(m_list.mapping));
-        if (m_list.table() == nullptr) {
+        if (m_list.table() == nullptr || m_list.table()->count() == 0) {
             complainOfNothing();
             return;
         }

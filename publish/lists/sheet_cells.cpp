@@ -9,7 +9,7 @@ namespace publish {
 namespace {
 
 constexpr std::size_t mostText = std::size_t{1} << 29;
-constexpr std::size_t mostCells = std::size_t{1} << 25;
+constexpr std::size_t mostCells = std::size_t{1} << 24;
 
 [[noreturn]] void failTooLarge() {
     throw base::FileError(

@@ -7,6 +7,7 @@
 #include "order/order_mail.h"
 #include "order/order_writer.h"
 #include "pages/catalog_pages.h"
+#include "pages/group_entries.h"
 #include "pages/template/whole_page.h"
 #include "publish/templates/record_sample.h"
 #include "publish/templates/rendered_check.h"
@@ -14,6 +15,7 @@
 #include "publish/templates/trial_rendering.h"
 #include "publish/templates/viewer_setting.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 
@@ -24,6 +26,15 @@ namespace fs = std::filesystem;
 using Weight = Complaint::Weight;
 using order::OutputKind;
 using pages::TaxStatus;
+
+// So many pages that looking at them stays quick, however large a template is and however many tags it has.
+std::size_t pagesWorthLookingAt(std::string_view text, std::size_t entries, std::size_t most) {
+    constexpr std::size_t bytesOfPages = 20'000'000;
+    constexpr std::size_t bytesGoneThrough = 500'000'000;
+    const auto tags = static_cast<std::size_t>(std::count(text.begin(), text.end(), '{')) + 1;
+    const auto page = (text.size() + 1) * entries;
+    return std::clamp<std::size_t>(std::min(bytesOfPages / page, bytesGoneThrough / page / tags), 5, most);
+}
 
 class PageCheck {
 public:
@@ -112,7 +123,9 @@ void PageCheck::checkRecords() {
     Looked groups;
     begin(products, catalog::productTemplate);
     begin(groups, first ? catalog::firstGroupTemplate : catalog::secondGroupTemplate);
-    for (const auto number : recordSample(m_catalog)) {
+    const SampleSize most{pagesWorthLookingAt(groups.text, pages::mostGroupEntries, 400),
+                          pagesWorthLookingAt(products.text, 1, 1'500)};
+    for (const auto number : recordSample(m_catalog, most)) {
         const auto record = m_catalog.products.at(number);
         lookAt(record.isProduct() ? products : groups,
                "the page of " + base::toUtf8(record.code()) + " (record " + std::to_string(number) + ")",

@@ -13,7 +13,8 @@ namespace publish {
 ///
 /// The folder holds the five data files and the templates; whatever else belongs to the catalogue is named by
 /// `files` and need not lie there. Missing templates are passed over. Of large catalogues every n-th record's
-/// page is rendered, some 2,000 in all, and the pages of records whose texts hold template text.
+/// page is rendered, some 2,000 in all and fewer where templates are large, and the pages of records whose
+/// texts hold template text.
 void checkPages(const std::filesystem::path& folder, const CatalogFiles& files, Complaints& complaints);
 
 }

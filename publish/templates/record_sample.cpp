@@ -1,5 +1,7 @@
 #include "publish/templates/record_sample.h"
 
+#include "pages/group_entries.h"
+
 #include <algorithm>
 
 namespace publish {
@@ -7,18 +9,15 @@ namespace {
 
 using Records = std::vector<std::int32_t>;
 
-constexpr std::size_t mostGroups = 400;
-constexpr std::size_t mostProducts = 1'500;
-constexpr std::size_t mostSuspicious = 400;
-
 bool isSuspicious(std::string_view text) {
     return text.find('{') != std::string_view::npos || text.find("<R") != std::string_view::npos ||
            text.find("</R") != std::string_view::npos;
 }
 
-bool isSuspicious(const catalog::ProductRecord& record, const catalog::MemoFile& memos) {
+bool isSuspicious(const catalog::Catalog& catalog, const catalog::ProductRecord& record) {
     return isSuspicious(record.text()) || isSuspicious(record.pictureName()) ||
-           isSuspicious(memos.text(record.memoPosition(), record.memoLength()));
+           isSuspicious(catalog.memos.text(record.memoPosition(), record.memoLength())) ||
+           isSuspicious(pages::groupDescription(catalog, record));
 }
 
 void appendEveryNth(Records& sample, const Records& all, std::size_t most) {
@@ -29,20 +28,22 @@ void appendEveryNth(Records& sample, const Records& all, std::size_t most) {
 
 }
 
-Records recordSample(const catalog::Catalog& catalog) {
+Records recordSample(const catalog::Catalog& catalog, const SampleSize& most) {
     Records groups;
     Records products;
-    Records suspicious;
+    Records suspiciousGroups;
+    Records suspiciousProducts;
     for (std::int32_t number = 1; number <= catalog.products.count(); ++number) {
         const auto record = catalog.products.at(number);
         (record.isProduct() ? products : groups).push_back(number);
-        if (isSuspicious(record, catalog.memos))
-            suspicious.push_back(number);
+        if (isSuspicious(catalog, record))
+            (record.isProduct() ? suspiciousProducts : suspiciousGroups).push_back(number);
     }
     Records sample{1};
-    appendEveryNth(sample, groups, mostGroups);
-    appendEveryNth(sample, products, mostProducts);
-    appendEveryNth(sample, suspicious, mostSuspicious);
+    for (const auto* const groupRecords : {&groups, &suspiciousGroups})
+        appendEveryNth(sample, *groupRecords, most.groups);
+    for (const auto* const productRecords : {&products, &suspiciousProducts})
+        appendEveryNth(sample, *productRecords, most.products);
     std::sort(sample.begin(), sample.end());
     sample.erase(std::unique(sample.begin(), sample.end()), sample.end());
     return sample;

@@ -148,7 +148,7 @@ void RenderedCheck::checkProductLink(const HtmlReference& reference, const Patte
                                      const std::string& subject) {
     const auto end = m_links.follow(asBrowserWrites(reference.address));
     if (std::holds_alternative<pages::LeadsToMissingProduct>(end))
-        report(Weight::error, "link-code", &pattern, subject,
+        report(Weight::error, "link-code-unreachable", &pattern, subject,
                "the link to " + base::toUtf8(reference.address) +
                    " leads to no product; codes with quotation marks, \"%\", \"<\" or \"&\" cannot be linked "
                    "to");
@@ -177,7 +177,7 @@ void RenderedCheck::finish() {
         return;
     const auto& first = *m_missingPictures.begin();
     const auto others = m_missingPictures.size() - 1;
-    m_report.warning("picture-missing", m_pictureAt,
+    m_report.warning("picture-of-code", m_pictureAt,
                      "the place of {IMG} stays empty on some pages: " + first +
                          (others > 0 ? " and " + std::to_string(others) + " more are" : " is") +
                          " not in the catalogue; add the picture, or tell with onerror=\"...\" what to show "

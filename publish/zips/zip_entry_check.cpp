@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace publish {
 namespace {
@@ -46,7 +47,7 @@ public:
 
 private:
     void complain(Weight weight, const std::string& name, const char* rule, std::string text) {
-        m_complaints.push_back({weight, {.file = shownName(name)}, std::move(text), rule});
+        m_complaints.push_back(entryComplaint(weight, name, rule, std::move(text)));
     }
 
     void check(const ZipListing& entry) {
@@ -122,6 +123,15 @@ private:
 
 Complaints checkEntries(const std::vector<ZipListing>& entries) {
     return EntryCheck().run(entries);
+}
+
+Complaint entryComplaint(Weight weight, std::string_view name, const char* rule, std::string text) {
+    Complaint complaint;
+    complaint.weight = weight;
+    complaint.place.file = shownName(name);
+    complaint.text = std::move(text);
+    complaint.rule = rule;
+    return complaint;
 }
 
 std::string shownName(std::string_view name) {

@@ -170,11 +170,9 @@ Complaints ZipReader::check() const {
     auto complaints = checkEntries(listing);
     for (const auto& entry : m_parts->entries())
         if (listing[entry.index].isOpen && !m_parts->isWhole(entry))
-            complaints.push_back(
-                {Complaint::Weight::error,
-                 {.file = shownName(entry.where.path)},
-                 "this is damaged; the viewer refuses the zip. Please make or download it again",
-                 "zip-entry-damaged"});
+            complaints.push_back(entryComplaint(
+                Complaint::Weight::error, entry.where.path, "zip-entry-damaged",
+                "this is damaged; the viewer refuses the zip. Please make or download it again"));
     const auto found = checkCatalogZip({.fileName = m_parts->fileName(),
                                         .topLevelFiles = m_parts->topLevelFiles(),
                                         .markerLine = m_parts->markerLine(),

@@ -50,7 +50,7 @@ protected:
 
     [[nodiscard]] std::string versionIn(const std::string& zip) const {
         const auto entries = support::zipEntries(folder / zip);
-        return entries.at("PrdPrm.dat").substr(28, 5);
+        return entries.at("PrdPrm.dat").substr(29, 5);
     }
 
     fs::path folder = support::testFolder();

@@ -84,7 +84,7 @@ TEST_F(SourceFolder, ComplaintsNameFileAndLine) {
         {"products.csv", "group,code,description,price\nT,1,\"One,1\n",
          "products.csv:2: error: a quotation mark"},
         {"products.csv", "group,code,description,price,picture\nTeas,T1,One,1,q.jpg\n",
-         "products.csv:2, picture: error: the picture q.jpg is missing"},
+         "products.csv:2, picture: warning: the picture q.jpg is missing"},
         {"products.csv",
          "group,code,description,price,details\nTeas,T1,One,1,\n\nTeas,T2,Two,2,<a href=\"Tmp.htm?T9\">\n",
          "products.csv:4, details: error: a link leads to T9"},

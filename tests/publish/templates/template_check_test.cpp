@@ -72,6 +72,8 @@ TEST(TemplateCheck, NamesTheBracesThatAreNoTagsOrBlocks) {
         {name, "{CODE}} {{ {CODE} }}", "error block-close 1", "ends"},
         {name, "\n{{ CODE }}", "error block-without-tag 2", "ends"},
         {name, "{{ {OTHER} {{ {CODE} }} }}x", "error block-nested 1", " }}x"},
+        {name, "{{ {OTHER} {{ {CODE} }} }} {{ {CODE} }}", "error block-nested 1", "ends"},
+        {name, "{CODE}{{ {OTHER} }}} {{ {CODE} }}", "error block-brace 1", "ends"},
         {name, "{{\nFax {CODE}}}", "error block-tag-open 2", "ends"},
         {name, "{{ {CODE} {OTHER}}}x", "error block-tag-open 1", " P1 x"},
         {name, "{{ {OTHER} }}} x", "error block-brace 1", "} x"},
