@@ -16,7 +16,7 @@ public:
     explicit GroupPaths(const catalog::GroupTable& groups);
 
     static constexpr std::int32_t root = 1;
-    static constexpr int mostLevels = 16; ///< below the root
+    static constexpr int mostLevels = 8; ///< below the root
 
     /// At least 1; a catalogue without groups has a root all the same.
     [[nodiscard]] std::int32_t count() const { return static_cast<std::int32_t>(m_nodes.size()) - 1; }

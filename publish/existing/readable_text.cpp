@@ -3,6 +3,8 @@
 #include "base/code_page.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace publish {
 namespace {
 
@@ -10,12 +12,18 @@ bool isControl(char c) {
     return c >= 0 && c < ' ';
 }
 
-std::string withBlanks(std::string_view text, bool keepsLines) {
+std::string withBlanks(std::string_view text) {
     std::string plain(text);
-    for (char& c : plain)
-        if (isControl(c) && !(keepsLines && (c == '\n' || c == '\t')))
-            c = ' ';
+    std::replace_if(plain.begin(), plain.end(), isControl, ' ');
     return plain;
+}
+
+// The next character of a text of several lines; CR LF and CR are LF.
+char takeReadable(std::string_view& text) {
+    text.remove_prefix(text.starts_with("\r\n") ? 1 : 0);
+    const char c = text.front();
+    text.remove_prefix(1);
+    return c == '\r' ? '\n' : isControl(c) && c != '\n' && c != '\t' ? ' ' : c;
 }
 
 std::string utf8Of(const std::string& text) {
@@ -26,15 +34,22 @@ std::string utf8Of(const std::string& text) {
 }
 
 std::string readableLine(std::string_view text) {
-    return utf8Of(std::string(base::trim(withBlanks(text, false))));
+    return utf8Of(std::string(base::trim(withBlanks(text))));
 }
 
 std::string readableLines(std::string_view text) {
-    auto lines = base::replaceAll(text, "\r\n", "\n");
-    for (char& c : lines)
-        if (c == '\r')
-            c = '\n';
-    return utf8Of(withBlanks(lines, true));
+    std::string lines;
+    lines.reserve(text.size());
+    while (!text.empty())
+        lines += takeReadable(text);
+    return utf8Of(lines);
+}
+
+bool readSameLines(std::string_view a, std::string_view b) {
+    while (!a.empty() && !b.empty())
+        if (takeReadable(a) != takeReadable(b))
+            return false;
+    return a.empty() && b.empty();
 }
 
 void appendField(std::string& row, std::string_view utf8) {

@@ -13,6 +13,9 @@ namespace publish {
 /// The same for texts of several lines, which end in single line feeds.
 [[nodiscard]] std::string readableLines(std::string_view text);
 
+/// Whether two texts of several lines are the same as `readableLines` gives them, found out without copies.
+[[nodiscard]] bool readSameLines(std::string_view a, std::string_view b);
+
 /// A field of a table, in quotation marks where it needs them.
 void appendField(std::string& row, std::string_view utf8);
 

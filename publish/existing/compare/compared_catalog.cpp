@@ -107,11 +107,6 @@ Named ComparedCatalog::named(std::int32_t record) const {
     return {readableLine(bytes.code()), readableLine(bytes.descriptionLine()), groupPath(groupOf(record))};
 }
 
-std::string ComparedCatalog::longDescription(std::int32_t record) const {
-    const auto bytes = m_catalog.products.at(record);
-    return readableLines(m_catalog.memos.text(bytes.memoPosition(), bytes.memoLength()));
-}
-
 Pairs pairedProducts(const catalog::Catalog& older, const catalog::Catalog& newer) {
     const auto before = productsByKey(older);
     const auto after = productsByKey(newer);

@@ -38,8 +38,6 @@ public:
     /// How people call what the record stands for.
     [[nodiscard]] Named named(std::int32_t record) const;
 
-    [[nodiscard]] std::string longDescription(std::int32_t record) const;
-
 private:
     std::filesystem::path m_folder;
     catalog::Catalog m_catalog;

@@ -23,6 +23,10 @@ bool readSame(std::string_view before, std::string_view after) {
     return base::trim(before) == base::trim(after) || readableLine(before) == readableLine(after);
 }
 
+std::string beginningOf(std::string_view longDescription) {
+    return readableLines(longDescription.substr(0, longestShownDetails));
+}
+
 class Comparison {
 public:
     Comparison(const std::filesystem::path& older, const std::filesystem::path& newer)
@@ -103,18 +107,16 @@ private:
             compare("other", a.other(), b.other());
         }
         compare("picture", a.pictureName(), b.pictureName());
-        compareDetails(before, after, a, b);
+        compareDetails(after, a, b);
     }
 
-    void compareDetails(std::int32_t before, std::int32_t after, const catalog::ProductRecord& a,
+    void compareDetails(std::int32_t after, const catalog::ProductRecord& a,
                         const catalog::ProductRecord& b) {
-        if (m_old.catalog().memos.text(a.memoPosition(), a.memoLength()) ==
-            m_new.catalog().memos.text(b.memoPosition(), b.memoLength()))
-            return;
-        auto oldText = m_old.longDescription(before);
-        auto newText = m_new.longDescription(after);
-        if (oldText != newText) // line ends may be all
-            m_diff.texts.push_back({m_new.named(after), "details", std::move(oldText), std::move(newText)});
+        const auto oldText = m_old.catalog().memos.text(a.memoPosition(), a.memoLength());
+        const auto newText = m_new.catalog().memos.text(b.memoPosition(), b.memoLength());
+        if (oldText != newText && !readSameLines(oldText, newText)) // line ends may be all
+            m_diff.texts.push_back(
+                {m_new.named(after), "details", beginningOf(oldText), beginningOf(newText)});
     }
 
     ComparedCatalog m_old;

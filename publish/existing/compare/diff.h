@@ -14,6 +14,9 @@ struct Named {
     std::string group = {}; ///< its path, "Bolts/Hex"
 };
 
+/// Of long descriptions a change holds so many characters from the beginning.
+inline constexpr std::size_t longestShownDetails = 500;
+
 /// Something that reads otherwise now. Texts are UTF-8 and as the viewer shows them.
 struct TextChange {
     Named where = {};      ///< empty for a parameter

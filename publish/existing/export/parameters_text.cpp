@@ -6,6 +6,7 @@
 #include "publish/existing/export/source_texts.h"
 #include "publish/existing/parameter_keys.h"
 #include "publish/existing/readable_text.h"
+#include "publish/supplier_id.h"
 
 #include <array>
 #include <span>
@@ -43,7 +44,8 @@ private:
         section("Catalogue");
         put(catalogNameKey);
         note("The name of the zip, and the one on the customer's list of suppliers");
-        put("Supplier id", supplier.id);
+        if (isSupplierId(supplier.id))
+            put("Supplier id", supplier.id);
         put("Display name", supplier.displayName);
         note("An update with a greater version replaces the customer's catalogue without a question");
         note("It is counted up by itself where it says \"auto\"");
