@@ -44,10 +44,10 @@ std::string_view bodyOf(std::string_view tag) {
 std::size_t distance(std::string_view from, std::string_view to) {
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < from.size(); ++i) {
+    for (const auto character : from) {
         auto diagonal = row[0]++;
         for (std::size_t j = 0; j < to.size(); ++j) {
-            const auto changed = diagonal + (from[i] == to[j] ? 0 : 1);
+            const auto changed = diagonal + (character == to[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
         }
