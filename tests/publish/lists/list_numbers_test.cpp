@@ -56,7 +56,8 @@ TEST(ListNumbers, PricesAreReadAsPeopleWriteThem) {
     EXPECT_EQ(readListNumber({"1.234", true}, NumberStyle::asWritten, comma).value, 1.234F)
         << "a spreadsheet's own";
     EXPECT_EQ(readListNumber({"19.5%", true}, NumberStyle::asWritten, comma).value, 19.5F);
-    for (const char* text : {"1,5", "1,234.5", "5 €", "5%", "-1", "1e3", "1.2.3", "."})
+    EXPECT_EQ(readListNumber({"-1.5"}, NumberStyle::plain, DecimalMark::unknown).value, -1.5F);
+    for (const char* text : {"1,5", "1,234.5", "5 €", "5%", "--1", "1-", "1e3", "1.2.3", "."})
         EXPECT_STREQ(readListNumber({text}, NumberStyle::plain, DecimalMark::unknown).rule,
                      "number-unreadable")
             << text;
