@@ -5,12 +5,11 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
+#include "publish/command/content_check.h"
 #include "publish/command/published_version.h"
 #include "publish/existing/export/exact_bytes.h"
 #include "publish/existing/export/known_complaints.h"
 #include "publish/product_rows.h"
-#include "publish/templates/page_check.h"
-#include "publish/templates/template_check.h"
 #include "publish/templates/template_kind.h"
 #include "publish/zips/pictures.h"
 #include "publish/zips/zip_writer.h"
@@ -76,19 +75,11 @@ void decideVersion(const fs::path& sourceFolder, const fs::path& dataFolder, con
                         {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
-void checkTemplates(const fs::path& dataFolder, const std::vector<ContentFile>& content,
-                    Complaints& complaints) {
-    std::vector<std::string> names;
-    for (const auto& file : content)
-        names.push_back(file.name);
-    const CatalogFiles files(names);
+// Pages are rendered where the data files are.
+void copyTemplates(const std::vector<ContentFile>& content, const fs::path& dataFolder) {
     for (const auto& [name, path] : content)
-        if (templateUse(name)) {
-            const auto text = base::readFile(path).value_or("");
-            base::overwriteFile(dataFolder / path.filename(), text);
-            checkTemplate(name, text, files, complaints);
-        }
-    checkPages(dataFolder, files, complaints);
+        if (templateUse(name))
+            base::overwriteFile(dataFolder / path.filename(), base::readFile(path).value_or(""));
 }
 
 }
@@ -103,7 +94,8 @@ BuiltCatalog buildCatalog(const fs::path& sourceFolder, const std::vector<fs::pa
     writeDataFiles(built.source, dataFolder, found);
     decideVersion(sourceFolder, dataFolder, wanted, built, found);
     applyExactBytes(sourceFolder, dataFolder, found);
-    checkTemplates(dataFolder, built.source.content, found);
+    copyTemplates(built.source.content, dataFolder);
+    checkContentAndPages(dataFolder, built.source.content, found);
     demoteKnown(sourceFolder, found);
     complaints.insert(complaints.end(), std::make_move_iterator(found.begin()),
                       std::make_move_iterator(found.end()));

@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "publish/command/catalog_build.h"
+#include "publish/command/content_check.h"
 #include "publish/command/opened_catalog.h"
 #include "publish/command/published_version.h"
 #include "publish/existing/compare/diff.h"
@@ -11,9 +12,6 @@
 #include "publish/existing/export/export.h"
 #include "publish/starter/starter.h"
 #include "publish/supplier_id.h"
-#include "publish/templates/page_check.h"
-#include "publish/templates/template_check.h"
-#include "publish/templates/template_kind.h"
 
 namespace publish {
 namespace fs = std::filesystem;
@@ -65,19 +63,6 @@ void sayHowTheListWasRead(const std::string& summary, std::ostream& err) {
         err << summary << '\n';
 }
 
-// Templates and pages of a catalogue that is not built from a source.
-void checkUnpacked(const OpenedCatalog& catalog, Complaints& complaints) {
-    checkDataFiles(catalog.folder(), complaints);
-    std::vector<std::string> names;
-    for (const auto& file : catalog.content())
-        names.push_back(file.name);
-    const CatalogFiles files(names);
-    for (const auto& [name, path] : catalog.content())
-        if (templateUse(name))
-            checkTemplate(name, base::readFile(path).value_or(""), files, complaints);
-    checkPages(catalog.folder(), files, complaints);
-}
-
 }
 
 Outcome makeNew(const NewOptions& options, const Streams& streams) {
@@ -123,8 +108,10 @@ Outcome build(const BuildOptions& options, const Streams& streams) {
 Outcome check(const CheckOptions& options, const Streams& streams) {
     Complaints complaints;
     const OpenedCatalog catalog(meantPath(options.place), complaints);
-    if (catalog.kind() != OpenedCatalog::Kind::source)
-        checkUnpacked(catalog, complaints);
+    if (catalog.kind() != OpenedCatalog::Kind::source) {
+        checkDataFiles(catalog.folder(), complaints);
+        checkContentAndPages(catalog.folder(), catalog.content(), complaints);
+    }
     if (!options.form.json)
         sayHowTheListWasRead(catalog.listSummary(), streams.err);
     report(complaints, options.form, streams.out);

@@ -16,8 +16,8 @@ using support::GroupWithProducts;
 using testing::HasSubstr;
 
 struct Catalog {
-    catalog::ParameterValues parameters;
-    GroupWithProducts contents;
+    catalog::ParameterValues parameters = {};
+    GroupWithProducts contents = {};
 };
 
 Catalog soundCatalog() {
