@@ -76,7 +76,7 @@ private:
                 "--format", [&json](const std::string& name) { json = name == "json"; },
                 "How to answer: text for people, json for programs")
             ->check(CLI::IsMember({"text", "json"}))
-            ->type_name("text|json");
+            ->option_text("text|json");
     }
 
     void addNew() {
@@ -122,7 +122,7 @@ private:
                 "--pictures", [&options](int edge) { options.longestEdge = edge; },
                 "Scale pictures down so that no edge is longer than this many pixels")
             ->check(CLI::Range(16, 20000))
-            ->type_name("PIXELS");
+            ->option_text("PIXELS");
         addForm(command, options.form);
     }
 
