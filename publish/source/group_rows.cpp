@@ -2,7 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
-#include "publish/lists/table.h"
+#include "publish/lists/tables/table.h"
 
 #include <algorithm>
 #include <array>
