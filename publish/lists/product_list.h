@@ -10,7 +10,7 @@
 namespace publish {
 
 /// A supplier's product list as a file: delimited text, .xlsx or .ods. What the mapping leaves open is
-/// found by headings and by what stands in the columns.
+/// found by headings and by what stands in the columns. One thread at a time may read it.
 class ProductList final : public ProductRows {
 public:
     /// `name` is the file's for complaints. What cannot be found is complained of, and the list then has no
