@@ -104,7 +104,7 @@ private:
                 m_complaints.push_back({Complaint::Weight::error, placeOf(origin, "details"),
                                         "a link leads to " + base::toUtf8(code) +
                                             ", which is not in the catalogue; correct it or take it out",
-                                        "link-missing"});
+                                        "link-code-missing"});
     }
 
     const CatalogSource& m_source;

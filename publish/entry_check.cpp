@@ -83,7 +83,7 @@ public:
         checkName(group);
         checkSize(group);
         if (level == levelsOfTheGroupLists)
-            complain(group, Weight::warning, "group-too-deep",
+            complain(group, Weight::warning, "group-deep",
                      " lies too deep; the viewer has three lists of groups and one of products");
         for (const auto& child : group.groups)
             check(child, level + 1);
@@ -123,7 +123,7 @@ private:
                 " holds both groups and products; the viewer would not list the products. Put these into a "
                 "group of their own");
         if (group.groups.size() > most || group.rows.size() > most)
-            complain(group, Weight::warning, "group-too-large",
+            complain(group, Weight::warning, "group-large",
                      " has more than " + std::to_string(most) + " entries; its page lists the first " +
                          std::to_string(most));
     }
@@ -174,7 +174,7 @@ void checkParameters(const catalog::ParameterValues& values, Complaints& complai
             complain(Weight::error, "text-too-long", tooLong(field, text.size(), most) + "; shorten it");
     };
     if (values.text(catalog::ParameterText::supplierName).empty())
-        complain(Weight::error, "supplier-name-empty", "Supplier name is empty; write your name behind it");
+        complain(Weight::error, "supplier-name", "Supplier name is empty; write your name behind it");
     checkLength("Version", values.version, Header::versionField.width);
     checkLength("Password", values.catalogPassword, Header::catalogPasswordField.width);
     checkLength("Reset password", values.resetPassword, Header::resetPasswordField.width);

@@ -110,7 +110,7 @@ void checkNames(const std::vector<ContentFile>& content, Complaints& complaints)
             complaints.push_back({Weight::error,
                                   {.file = file.name},
                                   "another file has this name in other letter case; take one of them out",
-                                  "name-twice"});
+                                  "file-twice"});
 }
 
 }
@@ -146,7 +146,7 @@ void checkContent(const catalog::ParameterValues& parameters, const std::vector<
                                           {.file = file.name},
                                           "a link leads to " + base::toUtf8(code) +
                                               ", which is not in the catalogue; correct it or take it out",
-                                          "link-missing"});
+                                          "link-code-missing"});
 }
 
 }

@@ -60,7 +60,7 @@ void DescriptionFiles::describe(Product& entry, Complaints& complaints) const {
 }
 
 void DescriptionFiles::complainOfCode(const fs::path& path, Complaints& complaints) {
-    complain(path, complaints, "code-unknown",
+    complain(path, complaints, "details-unknown",
              "no product or group has this code; name the file after the code, or take it out");
 }
 

@@ -128,12 +128,12 @@ void placeProducts(Tree& tree, const ProductRows& products, Complaints& complain
     for (std::size_t row = 0; row < products.count(); ++row) {
         products.readGroup(row, path);
         if (path.empty()) {
-            complain(complaints, products.placeOf(row, "group"), "group-missing",
+            complain(complaints, products.placeOf(row, "group"), "group-unknown",
                      "group is empty; write the group's name or path");
             path.emplace_back(noText); // so that the rest of the row is looked at
         }
         if (isTooDeep(path))
-            complain(complaints, products.placeOf(row, "group"), "group-too-deep", tooDeep);
+            complain(complaints, products.placeOf(row, "group"), "group-path", tooDeep);
         if (path != last || row == 0)
             node = tree.at(isContents(path) ? Tree::Path{} : path);
         std::swap(path, last);
@@ -147,9 +147,9 @@ void placeHeaders(Tree& tree, const std::vector<GroupRow>& groups, Complaints& c
         const Place place{.file = groupsSource, .row = row.line, .column = "group"};
         auto path = isContents(row.path) ? Tree::Path{} : row.path;
         if (row.path.empty())
-            complain(complaints, place, "group-missing", "group is empty; write the group's name or path");
+            complain(complaints, place, "group-unknown", "group is empty; write the group's name or path");
         if (isTooDeep(path))
-            complain(complaints, place, "group-too-deep", tooDeep);
+            complain(complaints, place, "group-path", tooDeep);
         auto& node = tree.node(tree.named(path));
         if (node.own != nullptr)
             complain(complaints, place, "group-twice", "the group has a row already; take one of them out");

@@ -82,7 +82,7 @@ TEST(GroupTree, PathsThatMakeNoSenseAreComplainedOf) {
     for (const auto& complaint : complaints)
         rules.push_back(complaint.rule + " " + std::to_string(complaint.place.row));
     EXPECT_THAT(rules,
-                ElementsAre("group-missing 1", "group-too-deep 2", "group-missing 2", "group-twice 4"));
+                ElementsAre("group-unknown 1", "group-path 2", "group-unknown 2", "group-twice 4"));
     EXPECT_EQ(tree.groups.at(1).rows, std::vector<std::uint32_t>{0});
 }
 
