@@ -142,7 +142,7 @@ void clickInPage(QWebEngineView& view, const QString& selector, Qt::MouseButton 
         " var r = e.getClientRects()[0]; return [r.left + r.width / 2, r.top + r.height / 2]; })()";
     view.page()->runJavaScript(script, 1, [&view, selector, button, modifiers](const QVariant& found) {
         const auto place = found.toList();
-        if (place.size() != 2) {
+        if (place.size() != 2 || !view.focusProxy()) { // without that nothing has been drawn yet
             std::fprintf(stderr, "nothing to click at: %s\n", qPrintable(selector));
             return;
         }
