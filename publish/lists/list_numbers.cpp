@@ -125,7 +125,7 @@ std::string withoutThousands(std::string_view text, char decimal) {
 std::string decimalText(std::string_view number, char decimal) {
     const auto at = number.rfind(decimal);
     const auto before = number.substr(0, at);
-    const auto whole = withoutThousands(before, decimal);
+    auto whole = withoutThousands(before, decimal);
     if (whole.empty() && !before.empty())
         return {};
     if (at == std::string_view::npos)
