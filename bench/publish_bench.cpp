@@ -1,4 +1,4 @@
-#include "publish/data_files.h"
+#include "publish/source/source_folder.h"
 #include "publish/zips/zip_writer.h"
 
 #include <benchmark/benchmark.h>
@@ -52,32 +52,33 @@ std::string description(std::mt19937& random) {
     return text;
 }
 
-/// Codes in no order, as suppliers have them.
-publish::Product productOf(std::size_t number, std::mt19937& random) {
-    return {.code = std::to_string(random() % 1000) + "-" + std::to_string(number),
-            .description = "Hexagon bolt M" + std::to_string(number % 40),
-            .other = "Box of 100",
-            .longDescription = description(random),
-            .taxRate = 20,
-            .price = 0.25F * static_cast<float>(number % 1000)};
+/// A source folder of so many products, their codes in no order, as suppliers have them.
+fs::path sourceOf(std::size_t products) {
+    const auto folder = workFolder() / std::to_string(products);
+    if (!fs::create_directory(folder))
+        return folder; // made before
+    std::ofstream(folder / publish::parametersSource) << "Supplier name = Bench\nVersion = 00001\n";
+    std::ofstream list(folder / publish::productsSource);
+    list << "group,code,description,other,price,tax,details\n";
+    std::mt19937 random(1);
+    for (std::size_t number = 0; number < products; ++number)
+        list << "Group " << number / productsPerGroup / 40 << ',' << random() % 1000 << '-' << number
+             << ",Hexagon bolt M" << number % 40 << ",Box of 100," << number % 1000 << ".25,20,"
+             << description(random) << '\n';
+    return folder;
 }
 
-publish::CatalogSource catalogOf(std::size_t products) {
-    publish::CatalogSource source;
-    std::mt19937 random(1);
-    for (std::size_t number = 0; number < products; ++number) {
-        if (number % (productsPerGroup * 40) == 0)
-            source.contents.groups.push_back({.name = "Group " + std::to_string(number)});
-        source.contents.groups.back().products.push_back(productOf(number, random));
-    }
-    return source;
+void makeDataFiles(std::size_t products, const fs::path& folder) {
+    publish::Complaints complaints; // of templates that are not there
+    publish::writeDataFiles(publish::readSourceFolder(sourceOf(products), {}, complaints), folder,
+                            complaints);
 }
 
 /// The data files of so many products and a few hundred small pages, as a zip's contents.
 const std::vector<fs::path>& contentsOfZip(std::size_t products) {
     static const auto files = [products] {
         const auto folder = workFolder() / "contents";
-        publish::writeDataFiles(catalogOf(products), folder);
+        makeDataFiles(products, folder);
         std::mt19937 random(2);
         for (int page = 0; page < 300; ++page)
             std::ofstream(folder / ("page" + std::to_string(page) + ".htm")) << description(random);
@@ -90,10 +91,12 @@ const std::vector<fs::path>& contentsOfZip(std::size_t products) {
     return files;
 }
 
+// From the list to the five data files, checks included.
 void writeDataFiles(benchmark::State& state) {
-    const auto source = catalogOf(static_cast<std::size_t>(state.range(0)));
+    const auto products = static_cast<std::size_t>(state.range(0));
+    static_cast<void>(sourceOf(products));
     for (auto _ : state)
-        publish::writeDataFiles(source, workFolder() / "data");
+        makeDataFiles(products, workFolder() / "data");
 }
 
 void writeZip(benchmark::State& state) {
