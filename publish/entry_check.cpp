@@ -1,6 +1,7 @@
 #include "publish/entry_check.h"
 
 #include "base/code_page.h"
+#include "base/text.h"
 #include "pages/group_entries.h"
 
 #include <limits>
@@ -13,6 +14,7 @@ using Weight = Complaint::Weight;
 constexpr std::size_t longestMemo = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t longestCode = catalog::IndexRecord::keyField.width;
 constexpr int levelsOfTheGroupLists = 4;
+constexpr std::string_view exampleAddress = "@your-company.example"; // publish/starter/files/catalog.ini
 constexpr std::size_t mostGroups = std::numeric_limits<std::int16_t>::max();
 
 std::string tooLong(const std::string& field, std::size_t length, std::size_t most) {
@@ -175,6 +177,10 @@ void checkParameters(const catalog::ParameterValues& values, Complaints& complai
     };
     if (values.text(catalog::ParameterText::supplierName).empty())
         complain(Weight::error, "supplier-name", "Supplier name is empty; write your name behind it");
+    if (base::endsIgnoringCase(values.text(catalog::ParameterText::supplierEmail), exampleAddress))
+        complain(Weight::warning, "example-left",
+                 "E-mail is still that of the example, so that orders would reach nobody; write your own "
+                 "behind it");
     checkLength("Version", values.version, Header::versionField.width);
     checkLength("Password", values.catalogPassword, Header::catalogPasswordField.width);
     checkLength("Reset password", values.resetPassword, Header::resetPasswordField.width);

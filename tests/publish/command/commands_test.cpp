@@ -60,6 +60,11 @@ protected:
 
 TEST_F(Commands, WhatNewMakesBuildsAtOnceAndIsTheSameFromThenOn) {
     ASSERT_EQ(run({"new", path("ACME")}), 0) << said();
+    EXPECT_EQ(run({"check", path("ACME"), "--strict"}), 1) << said();
+    EXPECT_EQ(out.str(),
+              "catalog.ini: error: E-mail is still that of the example, so that orders would reach nobody; "
+              "write your own behind it\n");
+    replace("ACME/catalog.ini", "orders@your-company.example", "orders@acme.example");
     EXPECT_EQ(run({"check", path("ACME"), "--strict"}), 0) << said();
     ASSERT_EQ(run({"build", path("ACME"), "--strict"}), 0) << said();
     EXPECT_THAT(said(), HasSubstr("5 products, version 00001"));

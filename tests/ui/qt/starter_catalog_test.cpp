@@ -22,7 +22,8 @@ class StarterCatalogTest : public OrderProgram {
 protected:
     void publish(const std::string& list) {
         writeFile("Preise.csv", list);
-        runs({"new", path("source/ACME"), "--from", path("Preise.csv"), "--name", "Acme"});
+        runs({"new", path("source/ACME"), "--from", path("Preise.csv"), "--name", "Acme", "--email",
+              "orders@acme.example"});
         runs({"build", path("source/ACME"), "--zip", path("ACME.zip"), "--strict"});
         fs::remove_all(folder / "source");
         fs::remove(folder / "Preise.csv");
