@@ -81,8 +81,7 @@ TEST(GroupTree, PathsThatMakeNoSenseAreComplainedOf) {
     std::vector<std::string> rules;
     for (const auto& complaint : complaints)
         rules.push_back(complaint.rule + " " + std::to_string(complaint.place.row));
-    EXPECT_THAT(rules,
-                ElementsAre("group-unknown 1", "group-path 2", "group-unknown 2", "group-twice 4"));
+    EXPECT_THAT(rules, ElementsAre("group-unknown 1", "group-path 2", "group-unknown 2", "group-twice 4"));
     EXPECT_EQ(tree.groups.at(1).rows, std::vector<std::uint32_t>{0});
 }
 
