@@ -10,6 +10,7 @@
 #include "ui/qt/program.h"
 #include "ui/system/browser_start.h"
 #include "ui/system/file_instance_lock.h"
+#include "ui/system/freed_memory.h"
 #include "ui/system/primary_screen.h"
 
 #include <QApplication>
@@ -132,6 +133,7 @@ bool endure(const Arguments& wanted) {
 }
 
 int main(int argc, char* argv[]) {
+    ui::system::returnFreedMemory();
     ui::system::prepareBrowser();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);

@@ -2,6 +2,7 @@
 #include "ui/qt/widgets/icons.h"
 #include "ui/system/browser_start.h"
 #include "ui/system/file_instance_lock.h"
+#include "ui/system/freed_memory.h"
 #include "ui/system/primary_screen.h"
 #include "ui/system/running_program_file.h"
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 
 int main(int argc, char* argv[]) {
+    ui::system::returnFreedMemory();
     if (ui::system::browserRefusesThisUser()) {
         std::fputs(ui::system::refusalOfThisUser, stderr);
         return 1;
