@@ -1,8 +1,18 @@
 #include "publish/complaint.h"
 
+#include "base/code_page.h"
+#include "base/text.h"
+
 #include <algorithm>
 
 namespace publish {
+
+Complaint unusableFile(const std::string& file, const std::exception& error) {
+    return {Complaint::Weight::error,
+            {.file = file},
+            base::toUtf8(base::replaceAll(error.what(), "\n", ". ")),
+            "file-unreadable"};
+}
 
 bool holdsError(const Complaints& complaints) {
     return std::any_of(complaints.begin(), complaints.end(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ struct Complaint {
 };
 
 using Complaints = std::vector<Complaint>;
+
+/// A file that cannot be used, as the error says it, which is in the code page and may have several lines.
+[[nodiscard]] Complaint unusableFile(const std::string& file, const std::exception& error);
 
 [[nodiscard]] bool holdsError(const Complaints& complaints);
 

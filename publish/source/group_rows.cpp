@@ -1,6 +1,7 @@
 #include "publish/source/group_rows.h"
 
 #include "base/code_page.h"
+#include "base/errors.h"
 #include "base/text.h"
 #include "publish/lists/tables/table.h"
 
@@ -107,9 +108,14 @@ private:
 std::vector<GroupRow> readGroupRows(const std::filesystem::path& file, Complaints& complaints) {
     if (!std::filesystem::exists(file))
         return {};
-    const auto opened = openTables(file);
-    return opened.tables.empty() ? std::vector<GroupRow>{}
-                                 : GroupReader(*opened.tables.front().table, complaints).run();
+    try {
+        const auto opened = openTables(file);
+        return opened.tables.empty() ? std::vector<GroupRow>{}
+                                     : GroupReader(*opened.tables.front().table, complaints).run();
+    } catch (const base::FileError& error) {
+        complaints.push_back(unusableFile(groupsSource, error));
+        return {};
+    }
 }
 
 }

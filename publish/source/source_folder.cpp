@@ -1,5 +1,6 @@
 #include "publish/source/source_folder.h"
 
+#include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
@@ -66,9 +67,14 @@ std::shared_ptr<const ProductRows> openList(const fs::path& folder, SourceFolder
              "file-missing"});
         return nullptr;
     }
-    auto list = std::make_shared<ProductList>(folder / pathOfUtf8(name), name, mapping, complaints);
-    source.listSummary = list->summary();
-    return list;
+    try {
+        auto list = std::make_shared<ProductList>(folder / pathOfUtf8(name), name, mapping, complaints);
+        source.listSummary = list->summary();
+        return list;
+    } catch (const base::FileError& error) {
+        complaints.push_back(unusableFile(name, error));
+        return nullptr;
+    }
 }
 
 std::string readParametersText(const fs::path& folder, Complaints& complaints) {

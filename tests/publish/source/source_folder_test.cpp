@@ -88,6 +88,8 @@ TEST_F(SourceFolder, ComplaintsNameFileAndLine) {
         {"products.csv",
          "group,code,description,price,details\nTeas,T1,One,1,\n\nTeas,T2,Two,2,<a href=\"Tmp.htm?T9\">\n",
          "products.csv:4, details: error: a link leads to T9"},
+        {"products.csv", "PK\x03\x04 no zip", "products.csv: error: "},
+        {"groups.csv", "PK\x03\x04 no zip", "groups.csv: error: "},
         {"groups.csv", "group,code\nTees,T\n", "groups.csv:2: error: the group \"Tees\" is empty"},
         {"descriptions/t2.txt", "x", "descriptions/t2.txt: error: no product or group has this code"},
         {"catalog.ect", "x", "catalog.ect: error: another file has this name in other letter case"},
