@@ -116,6 +116,16 @@ TEST(Check, WhatTheDataFilesCanNotHoldIsComplainedOf) {
     }
 }
 
+TEST(Check, MoreGroupsThanRecordsCanNameAreComplainedOf) {
+    publish::Group contents{.name = publish::contentsName};
+    contents.groups.assign(32'767, {.name = "G", .rows = {0}});
+    publish::Complaints complaints;
+    checkGroups(contents, complaints);
+    ASSERT_EQ(complaints.size(), 2);
+    EXPECT_EQ(complaints[0].rule, "group-large");
+    EXPECT_EQ(complaints[1].rule, "too-many-groups");
+}
+
 TEST(Check, AGroupBelowTheFourthListIsWarnedOf) {
     auto catalog = soundCatalog();
     auto* group = &catalog.contents.groups[0];
