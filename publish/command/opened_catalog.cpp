@@ -6,6 +6,7 @@
 #include "catalog/catalog.h"
 #include "publish/command/catalog_build.h"
 #include "publish/existing/catalog_files.h"
+#include "publish/file_names.h"
 #include "publish/zips/zip_reader.h"
 
 namespace publish {
@@ -49,7 +50,7 @@ void OpenedCatalog::gatherContent() {
     if (m_kind != Kind::source)
         return;
     for (const auto& [name, path] : m_content) {
-        const auto place = m_folder / fs::path(std::u8string(name.begin(), name.end()));
+        const auto place = m_folder / pathOfUtf8(name);
         std::error_code error;
         fs::create_directories(place.parent_path(), error);
         fs::copy_file(path, place, fs::copy_options::overwrite_existing, error);

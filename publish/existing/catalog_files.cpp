@@ -7,6 +7,7 @@
 #include "catalog/settings_file.h"
 #include "order/basket_file.h"
 #include "pages/scratch_page.h"
+#include "publish/file_names.h"
 
 #include <algorithm>
 
@@ -18,11 +19,6 @@ namespace {
 constexpr std::array customersFiles{catalog::userSettingsFile, order::basketFile, pages::scratchPageFile,
                                     catalog::probeFile};
 constexpr std::string_view markerEnding = ".sup";
-
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.generic_u8string();
-    return {text.begin(), text.end()};
-}
 
 bool isOrdinaryFile(const fs::directory_entry& entry) {
     std::error_code ignored;

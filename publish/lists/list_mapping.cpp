@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "publish/key_lines.h"
 
 #include <algorithm>
 
@@ -197,21 +198,10 @@ bool isWritable(std::string_view text) {
 
 ListMapping readMapping(std::string_view text, Complaints& complaints) {
     ListMapping mapping;
-    std::size_t number = 0;
-    for (auto line : base::split(text, '\n')) {
-        ++number;
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        if (line.starts_with("\xEF\xBB\xBF"))
-            line.remove_prefix(3);
-        const auto content = base::trim(line);
-        if (content.empty() || content.starts_with(';') || content.starts_with('['))
-            continue;
-        const auto wrong = base::isUtf8(line) ? readLine(line, number, mapping) : "the line is not UTF-8";
-        if (!wrong.empty())
-            complaints.push_back(
-                {Complaint::Weight::error, {.file = mappingFileName, .row = number}, wrong, "mapping-line"});
-    }
+    readKeyLines(
+        text, mappingFileName, "mapping-line",
+        [&](std::string_view line, std::size_t number) { return readLine(line, number, mapping); },
+        complaints);
     return mapping;
 }
 

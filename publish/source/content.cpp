@@ -60,11 +60,6 @@ constexpr std::array templates{
     Template{catalog::mailTemplateWithoutTax, takesMail},
 };
 
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.generic_u8string();
-    return {text.begin(), text.end()};
-}
-
 // Files and folders whose names begin with a point belong to the supplier's tools.
 bool isHidden(const fs::path& relative) {
     return std::any_of(relative.begin(), relative.end(),

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/files.h"
 #include "catalog/records.h"
+#include "publish/file_names.h"
 
 namespace publish {
 namespace fs = std::filesystem;
@@ -14,11 +15,6 @@ constexpr std::string_view descriptionEnding = ".txt";
 std::string keyOf(std::string_view code) {
     const auto key = catalog::indexKey(code);
     return {key.begin(), key.end()};
-}
-
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.u8string();
-    return {text.begin(), text.end()};
 }
 
 std::string withoutCarriageReturns(std::string text) {

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "base/text.h"
 #include "publish/catalog_source.h"
+#include "publish/key_lines.h"
 
 #include <array>
 #include <functional>
@@ -147,21 +148,9 @@ std::string readLine(std::string_view line, ParametersSource& source) {
 
 ParametersSource readParameters(std::string_view text, Complaints& complaints) {
     ParametersSource source;
-    std::size_t number = 0;
-    for (auto line : base::split(text, '\n')) {
-        ++number;
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        if (line.starts_with("\xEF\xBB\xBF"))
-            line.remove_prefix(3);
-        const auto content = base::trim(line);
-        if (content.empty() || content.starts_with(';') || content.starts_with('['))
-            continue;
-        const auto wrong = base::isUtf8(line) ? readLine(line, source) : "the line is not UTF-8";
-        if (!wrong.empty())
-            complaints.push_back(
-                {Complaint::Weight::error, {.file = parametersSource, .row = number}, wrong, "parameter"});
-    }
+    readKeyLines(
+        text, parametersSource, "parameter",
+        [&](std::string_view line, std::size_t) { return readLine(line, source); }, complaints);
     if (source.displayName.empty())
         source.displayName = source.values.text(ParameterText::supplierName);
     return source;

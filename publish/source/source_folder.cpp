@@ -24,15 +24,6 @@ using Weight = Complaint::Weight;
 
 constexpr std::array<std::string_view, 4> listEndings{".xlsx", ".ods", ".csv", ".txt"};
 
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
-fs::path pathOfUtf8(std::string_view text) {
-    return {std::u8string(text.begin(), text.end())};
-}
-
 ListMapping mappingOf(const fs::path& folder, Complaints& complaints) {
     if (const auto text = base::readFile(folder / mappingFileName))
         return readMapping(*text, complaints);

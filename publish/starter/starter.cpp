@@ -4,6 +4,7 @@
 #include "base/errors.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "publish/file_names.h"
 #include "publish/lists/product_list.h"
 #include "publish/starter/starter_files.h"
 
@@ -16,11 +17,6 @@ namespace {
 
 std::string_view textOf(const StarterFile& file) {
     return {reinterpret_cast<const char*>(file.bytes.data()), file.bytes.size()};
-}
-
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.u8string();
-    return {text.begin(), text.end()};
 }
 
 /// A folder that grows under another name and gets its own when it is complete.

@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "publish/file_names.h"
 
 #include <algorithm>
 #include <optional>
@@ -29,11 +30,6 @@ std::optional<std::string> plainName(std::string_view name) {
     for (const auto part : parts)
         plain.append(plain.empty() ? "" : "/").append(part);
     return plain;
-}
-
-std::string utf8Of(const fs::path& path) {
-    const auto text = path.generic_u8string();
-    return {text.begin(), text.end()};
 }
 
 }
