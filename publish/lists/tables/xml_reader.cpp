@@ -2,7 +2,6 @@
 
 #include "base/errors.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <exception>
@@ -25,19 +24,17 @@ public:
         XML_SetUserData(m_parser.get(), this);
         XML_SetElementHandler(m_parser.get(), &Run::start, &Run::end);
         XML_SetCharacterDataHandler(m_parser.get(), &Run::text);
+        XML_SetDefaultHandlerExpand(m_parser.get(), &Run::other);
         XML_SetStartDoctypeDeclHandler(m_parser.get(), &Run::documentType);
     }
 
     void feed(std::string_view piece, bool isLast) {
+        m_silent += piece.size();
         const auto status = XML_Parse(m_parser.get(), piece.data(), static_cast<int>(piece.size()), isLast);
         if (m_thrown)
             std::rethrow_exception(m_thrown);
-        if (status != XML_STATUS_OK)
-            failSenseless();
         // A tag without end would be looked through again with every piece.
-        m_fed += piece.size();
-        if (m_fed - std::min(m_fed, static_cast<std::size_t>(XML_GetCurrentByteIndex(m_parser.get()))) >
-            longestTag)
+        if (status != XML_STATUS_OK || m_silent > longestTag)
             failSenseless();
     }
 
@@ -50,6 +47,7 @@ private:
 
     template <typename Handle>
     void handle(Handle event) {
+        m_silent = 0;
         if (m_thrown)
             return;
         try {
@@ -79,6 +77,9 @@ private:
         });
     }
 
+    /// Comments and the like.
+    static void XMLCALL other(void* run, const XML_Char*, int) { static_cast<Run*>(run)->m_silent = 0; }
+
     static void XMLCALL documentType(void* run, const XML_Char*, const XML_Char*, const XML_Char*, int) {
         static_cast<Run*>(run)->stop(std::make_exception_ptr(
             base::FileError("is no spreadsheet that can be read\nPlease save it again as .xlsx or .ods")));
@@ -87,7 +88,8 @@ private:
     std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> m_parser;
     XmlEvents& m_events;
     std::exception_ptr m_thrown;
-    std::size_t m_fed = 0;
+    /// Bytes fed since the last event, counted in whole pieces.
+    std::size_t m_silent = 0;
 };
 
 }
