@@ -19,6 +19,8 @@ LineChange Basket::update(std::int32_t product, float quantity) {
     const auto record = recordFor(product);
     lineAt(record) = line;
     m_file.write(record, line);
+    if (m_watch)
+        m_watch->quantityChanged(product, quantity);
     return {line, true};
 }
 
@@ -61,6 +63,8 @@ void Basket::clear() {
     m_lines.clear();
     sumUp();
     m_file.clear();
+    if (m_watch)
+        m_watch->cleared();
 }
 
 BasketLine Basket::lineOf(std::int32_t product) const {

@@ -4,6 +4,7 @@
 #include "order/basket_file.h"
 #include "order/basket_line.h"
 #include "order/cent_sum.h"
+#include "order/order_watch.h"
 #include "order/pricing.h"
 
 #include <cstdint>
@@ -38,6 +39,10 @@ struct Repricing {
 class Basket {
 public:
     Basket(const catalog::ProductTable& products, bool chargesTax, BasketFile& file);
+
+    /// From now on the watch hears of every line that changes. It must live as long as this object, or until
+    /// another takes its place.
+    void watch(OrderWatch* watch) { m_watch = watch; }
 
     /// Whether what is typed from now on is taxed; the lines there are stay as they are.
     void setTaxStatus(TaxStatus status) { m_taxStatus = status; }
@@ -82,6 +87,7 @@ private:
 
     const catalog::ProductTable& m_products;
     BasketFile& m_file;
+    OrderWatch* m_watch = nullptr;
     bool m_chargesTax;
     TaxStatus m_taxStatus = TaxStatus::taxed;
     std::vector<BasketLine> m_lines;

@@ -19,6 +19,8 @@ struct DocumentRow {
     std::string price; ///< without tax
     std::string tax;
     std::string amount; ///< tax included
+
+    float unitPrice = 0; ///< without tax, with all its decimals; whether or not the grid shows a price
 };
 
 /// Everything that an order document says of the order, as it is when the user prints or sends it. Texts

@@ -39,6 +39,8 @@ std::vector<order::DocumentRow> documentRows(const catalog::Catalog& catalog,
         if (hasColumn(columns, cell.field))
             for (std::size_t i = 0; i < rows.size(); ++i)
                 result[i].*cell.text = orderCell(catalog.products, rows[i], cell.field);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        result[i].unitPrice = catalog.products.at(rows[i].product()).price();
     catalog.requireWhole();
     return result;
 }

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "catalog/catalog.h"
+#include "order/basket.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ui {
+
+/// A line that is to be ordered: from a list, from an order that was kept, from one that was not finished.
+/// Texts are in the code page.
+struct WantedLine {
+    std::string code;
+    std::string quantity;         ///< as it was typed, with a point or a comma
+    std::string description;      ///< as it was then; empty where nobody knows
+    std::optional<float> price{}; ///< without tax, as it was then
+    std::size_t place = 0;        ///< its line in the list, from 1; 0 for none
+};
+
+/// A line that can be ordered.
+struct TakenLine {
+    std::int32_t product; ///< its record
+    std::string quantity; ///< as the order takes it
+    float ordered;        ///< how much of it is on the order already
+};
+
+/// A line that cannot, and why, in a few words: "No article has this code".
+struct RefusedLine {
+    WantedLine line;
+    std::string reason;
+};
+
+/// An article that has another price now.
+struct ChangedPrice {
+    std::int32_t product;
+    float before;
+    float now;
+};
+
+/// What would come of lines if they were ordered from this catalogue today. Nothing is changed by it.
+struct Intake {
+    std::vector<TakenLine> lines;     ///< an article once, its quantities added up, by its first place
+    std::vector<RefusedLine> refused; ///< in the order of the lines
+    std::vector<ChangedPrice> prices; ///< in the order of `lines`
+};
+
+[[nodiscard]] Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,
+                                std::span<const WantedLine> lines);
+
+/// What becomes of an article that is on the order already.
+enum class Overlap { add, replace, keep };
+
+}
