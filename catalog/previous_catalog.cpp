@@ -115,12 +115,6 @@ bool PreviousCatalog::isAnothers(const fs::path& folder) const {
     return fs::exists(owner, error) && !fs::equivalent(owner, m_dataFolder, error);
 }
 
-fs::file_time_type PreviousCatalog::since(const fs::path& folder) {
-    std::error_code error;
-    const auto time = fs::last_write_time(folder / productsFile, error);
-    return error ? fs::file_time_type{} : time;
-}
-
 bool PreviousCatalog::isUnseen() const {
     const auto previous = folder();
     return previous && !isThere(*previous / seenName) &&

@@ -20,9 +20,6 @@ public:
     /// Where `Prdlst.dat` and `PrdIdx.idx` of before are; nothing where there are none.
     [[nodiscard]] std::optional<std::filesystem::path> folder() const;
 
-    /// Since when the customer had what lies in that folder.
-    [[nodiscard]] static std::filesystem::file_time_type since(const std::filesystem::path& folder);
-
     /// It is there, it differs from the catalogue by size or time, and `markSeen` was not called since it
     /// came. Asks the disk a few questions and reads no data.
     [[nodiscard]] bool isUnseen() const;
