@@ -70,9 +70,11 @@ public:
     explicit JournalReader(std::string_view bytes) : m_bytes(bytes) {}
 
     JournalContents read() {
-        m_contents.end = readTitle();
-        while (m_contents.end == JournalContents::End::whole && m_at < m_bytes.size())
+        for (m_contents.end = readTitle(); m_contents.end == End::whole;) {
             m_contents.end = readBatch();
+            if (m_at == m_bytes.size())
+                break;
+        }
         return m_contents;
     }
 
