@@ -50,7 +50,7 @@ std::int64_t KeptOrders::add(const KeptOrder& order) {
 }
 
 std::vector<KeptOrderHead> KeptOrders::find(const KeptOrderFilter& filter) const {
-    const auto query = searchQuery(base::toUtf8(filter.text));
+    const auto query = searchQuery(storedText(filter.text));
     return m_database->guarded([&](const SqlDatabase& sql) {
         auto statement = sql.prepare(
             "select " + std::string(headColumns) +
