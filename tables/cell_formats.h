@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace publish {
+namespace tables {
 
 /// How a spreadsheet shows a number.
 struct CellFormat {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "publish/lists/tables/packed_file.h"
+#include "tables/packed_file.h"
 
 #include <string>
 #include <string_view>
 
-namespace publish {
+namespace tables {
 
 /// An element's attributes, by name with its prefix ("r:id").
 class XmlAttributes {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstddef>
 #include <span>
 
-namespace publish {
+namespace tables {
 
 /// The sheets of an .xlsx or .ods, as `openTables` does. Throws base::FileError with the end of a sentence
 /// that begins with the file's name.

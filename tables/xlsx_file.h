@@ -1,11 +1,11 @@
 #pragma once
 
-#include "publish/lists/tables/packed_file.h"
-#include "publish/lists/tables/sheet_cells.h"
+#include "tables/packed_file.h"
+#include "tables/sheet_cells.h"
 
 #include <string>
 
-namespace publish {
+namespace tables {
 
 /// Whether the zip is a workbook of this kind.
 [[nodiscard]] bool isXlsx(const PackedFile& file);

@@ -1,4 +1,4 @@
-#include "publish/lists/tables/packed_file.h"
+#include "tables/packed_file.h"
 
 #include "base/errors.h"
 
@@ -7,7 +7,7 @@
 #include <array>
 #include <cstdint>
 
-namespace publish {
+namespace tables {
 namespace {
 
 constexpr std::uint64_t mostUnpacked = std::uint64_t{1} << 29;

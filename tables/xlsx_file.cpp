@@ -1,12 +1,12 @@
-#include "publish/lists/tables/xlsx_file.h"
+#include "tables/xlsx_file.h"
 
 #include "base/errors.h"
-#include "publish/lists/tables/xlsx_sheet.h"
+#include "tables/xlsx_sheet.h"
 
 #include <filesystem>
 #include <map>
 
-namespace publish {
+namespace tables {
 namespace {
 
 /// Where a part's relatives are.

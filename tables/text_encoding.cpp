@@ -1,4 +1,4 @@
-#include "publish/lists/tables/text_encoding.h"
+#include "tables/text_encoding.h"
 
 #include "base/code_page.h"
 
@@ -6,7 +6,7 @@
 #include <array>
 #include <cstring>
 
-namespace publish {
+namespace tables {
 namespace {
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";

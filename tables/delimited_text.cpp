@@ -1,4 +1,4 @@
-#include "publish/lists/tables/delimited_text.h"
+#include "tables/delimited_text.h"
 
 #include "base/text.h"
 
@@ -6,7 +6,7 @@
 #include <array>
 #include <map>
 
-namespace publish {
+namespace tables {
 namespace {
 
 char lineEndOf(std::string_view text) {

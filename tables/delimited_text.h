@@ -1,12 +1,12 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
-namespace publish {
+namespace tables {
 
 /// Fields between delimiters, in rows. A field in quotation marks may hold delimiters, line breaks and
 /// doubled quotation marks; any other is trimmed. Lines end in LF or CR LF, or in CR where the text has no

@@ -1,11 +1,11 @@
-#include "publish/lists/tables/sheet_cells.h"
+#include "tables/sheet_cells.h"
 
 #include "base/errors.h"
 #include "base/text.h"
 
 #include <algorithm>
 
-namespace publish {
+namespace tables {
 namespace {
 
 constexpr std::size_t mostText = std::size_t{1} << 29;

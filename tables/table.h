@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace publish {
+namespace tables {
 
 struct Cell {
     std::string_view text = {}; ///< UTF-8; lines are separated by line feeds

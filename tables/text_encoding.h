@@ -1,11 +1,11 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <string>
 #include <string_view>
 
-namespace publish {
+namespace tables {
 
 /// How a text's bytes are to be read: by its mark, else UTF-16 where zero bytes stand as they do in it, else
 /// UTF-8 unless hardly anything in it is UTF-8, else Windows-1252.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace publish {
+namespace tables {
 
 /// The texts of a spreadsheet's cells, one behind the other.
 class CellTexts {

@@ -1,10 +1,10 @@
-#include "publish/lists/tables/xlsx_sheet.h"
+#include "tables/xlsx_sheet.h"
 
 #include "base/code_page.h"
 
 #include <charconv>
 
-namespace publish {
+namespace tables {
 namespace {
 
 // Characters that XML cannot hold stand as "_x000D_" in strings.

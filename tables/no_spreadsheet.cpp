@@ -1,7 +1,7 @@
 #include "base/errors.h"
-#include "publish/lists/tables/spreadsheet.h"
+#include "tables/spreadsheet.h"
 
-namespace publish {
+namespace tables {
 
 TableFile openSpreadsheet(std::span<const std::byte>, const TableForm&) {
     throw base::FileError("cannot be read: this program was built without spreadsheets\n"

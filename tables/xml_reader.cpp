@@ -1,4 +1,4 @@
-#include "publish/lists/tables/xml_reader.h"
+#include "tables/xml_reader.h"
 
 #include "base/errors.h"
 
@@ -9,7 +9,7 @@
 #include <memory>
 #include <type_traits>
 
-namespace publish {
+namespace tables {
 namespace {
 
 std::string_view withoutPrefix(const char* name) {

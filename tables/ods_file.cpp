@@ -1,12 +1,12 @@
-#include "publish/lists/tables/ods_file.h"
+#include "tables/ods_file.h"
 
 #include "base/errors.h"
-#include "publish/lists/tables/cell_formats.h"
-#include "publish/lists/tables/xml_reader.h"
+#include "tables/cell_formats.h"
+#include "tables/xml_reader.h"
 
 #include <algorithm>
 
-namespace publish {
+namespace tables {
 namespace {
 
 constexpr const char* contentPart = "content.xml";

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace publish {
+namespace tables {
 
 /// A spreadsheet's zip, of which parts are read piece by piece and only up to a size that a list can need,
 /// whatever the zip says of itself. The bytes must live as long. What is wrong with it throws

@@ -1,10 +1,10 @@
-#include "publish/lists/tables/spreadsheet.h"
+#include "tables/spreadsheet.h"
 
 #include "base/errors.h"
-#include "publish/lists/tables/ods_file.h"
-#include "publish/lists/tables/xlsx_file.h"
+#include "tables/ods_file.h"
+#include "tables/xlsx_file.h"
 
-namespace publish {
+namespace tables {
 namespace {
 
 SheetsOfFile readSheets(const PackedFile& file, const std::string& wanted) {

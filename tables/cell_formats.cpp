@@ -1,4 +1,4 @@
-#include "publish/lists/tables/cell_formats.h"
+#include "tables/cell_formats.h"
 
 #include "base/numbers.h"
 
@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace publish {
+namespace tables {
 namespace {
 
 // The letters and marks of a format code that say something: no quoted texts, no colours and currencies in

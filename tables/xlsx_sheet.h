@@ -1,13 +1,13 @@
 #pragma once
 
-#include "publish/lists/tables/cell_formats.h"
-#include "publish/lists/tables/sheet_cells.h"
-#include "publish/lists/tables/xml_reader.h"
+#include "tables/cell_formats.h"
+#include "tables/sheet_cells.h"
+#include "tables/xml_reader.h"
 
 #include <string>
 #include <vector>
 
-namespace publish {
+namespace tables {
 
 /// What the sheets of an .xlsx share.
 struct XlsxShared {

@@ -1,13 +1,13 @@
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/mapped_file.h"
-#include "publish/lists/tables/delimited_text.h"
-#include "publish/lists/tables/spreadsheet.h"
-#include "publish/lists/tables/text_encoding.h"
+#include "tables/delimited_text.h"
+#include "tables/spreadsheet.h"
+#include "tables/text_encoding.h"
 
-namespace publish {
+namespace tables {
 namespace fs = std::filesystem;
 
 namespace {
