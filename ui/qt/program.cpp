@@ -20,6 +20,7 @@ constexpr int retryMs = 10;
 
 Program::Program(const Machine& machine)
     : m_programFolder(machine.programFile.path().parent_path()),
+      m_keptFolder(machine.keptFolder),
       m_guard(m_messages),
       m_help(m_programFolder / catalog::helpFolder, m_guard),
       m_welcome(m_guard),
@@ -59,7 +60,7 @@ void Program::installDropped(const std::vector<std::filesystem::path>& zips) {
 }
 
 void Program::openMainWindow(const app::Session& session) {
-    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer);
+    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer, m_keptFolder);
     connect(m_form1.get(), &Form1::closed, this,
             [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
     connect(m_form1.get(), &Form1::helpAsked, &m_help, &Help::openContents);
