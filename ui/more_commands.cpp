@@ -2,7 +2,7 @@
 
 namespace ui {
 
-bool isEnabled(MoreCommand command, const MoreState& state) {
+bool makesSense(MoreCommand command, const MoreState& state) {
     switch (command) {
     case MoreCommand::orders:
     case MoreCommand::addresses:

@@ -45,7 +45,8 @@ inline constexpr std::array moreCommands{
     MoreCommandRow{MoreCommand::saveOrder, "MoreSaveOrder", "&Save the order as...", "Ctrl+S"},
     MoreCommandRow{MoreCommand::copyOrder, "MoreCopyOrder", "Cop&y the order as a table", "Ctrl+Shift+C"},
     MoreCommandRow{MoreCommand::preview, "MorePreview", "Print pre&view...", "Ctrl+Shift+P", true, true},
-    MoreCommandRow{MoreCommand::searchPage, "MoreSearchPage", "&Find on the page", "Ctrl+Shift+F", false, true},
+    MoreCommandRow{MoreCommand::searchPage, "MoreSearchPage", "&Find on the page", "Ctrl+Shift+F", false,
+                   true},
     MoreCommandRow{MoreCommand::zoomIn, "MoreZoomIn", "Page lar&ger", "Ctrl++", false, true},
     MoreCommandRow{MoreCommand::zoomOut, "MoreZoomOut", "Page s&maller", "Ctrl+-", false, true},
     MoreCommandRow{MoreCommand::zoomNormal, "MoreZoomNormal", "Page in its own si&ze", "Ctrl+0", false, true},
@@ -68,6 +69,6 @@ struct MoreState {
 };
 
 /// Whether the command makes sense now.
-[[nodiscard]] bool isEnabled(MoreCommand command, const MoreState& state);
+[[nodiscard]] bool makesSense(MoreCommand command, const MoreState& state);
 
 }

@@ -14,7 +14,8 @@ constexpr auto key = "F10";
 
 }
 
-MoreButton::MoreButton(const Toolbar& toolbar, QWidget* window) : QToolButton(window), m_menu(new QMenu(this)) {
+MoreButton::MoreButton(const Toolbar& toolbar, QWidget* window)
+    : QToolButton(window), m_menu(new QMenu(this)) {
     setObjectName("More");
     setText("More");
     setIcon(strokeIcon(threeDots));
@@ -49,7 +50,7 @@ QAction* MoreButton::addEntry(const MoreCommandRow& row) {
 
 void MoreButton::show(const MoreState& state) {
     for (const auto& row : moreCommands)
-        action(row.command)->setEnabled(isEnabled(row.command, state));
+        action(row.command)->setEnabled(makesSense(row.command, state));
     action(MoreCommand::preview)->setVisible(state.toolbar.visible(Command::preview));
 }
 

@@ -25,8 +25,7 @@ Program::Program(const Machine& machine)
       m_help(m_programFolder / catalog::helpFolder, m_guard),
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
-                 m_welcome.browser(), m_welcome, machine.ownFolder,
-                 machine.keptFolder}) {
+                 m_welcome.browser(), m_welcome, machine.ownFolder, machine.keptFolder}) {
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
     m_welcome.onZipsDropped([this](const auto& zips) { installDropped(zips); });

@@ -77,8 +77,7 @@ void OfferBar::showCurrent() {
         button->setObjectName(offer.choices[i].name);
         button->setFocusPolicy(Qt::TabFocus);
         // The button goes with its offer, so not within its own signal.
-        connect(button, &QPushButton::clicked, this, m_guard([this, i] { choose(i); }),
-                Qt::QueuedConnection);
+        connect(button, &QPushButton::clicked, this, m_guard([this, i] { choose(i); }), Qt::QueuedConnection);
         m_choices->layout()->addWidget(button);
     }
     m_choices->setVisible(!offer.choices.empty());
