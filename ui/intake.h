@@ -44,15 +44,24 @@ struct ChangedPrice {
 
 /// What would come of lines if they were ordered from this catalogue today. Nothing is changed by it.
 struct Intake {
-    std::vector<TakenLine> lines;     ///< an article once, its quantities added up, by its first place
+    std::vector<TakenLine> lines; ///< an article once, its quantities added up exactly, by its first place
     std::vector<RefusedLine> refused; ///< in the order of the lines
     std::vector<ChangedPrice> prices; ///< in the order of `lines`
 };
 
+/// Codes are found as links find them, in any letter case and cut to 20 bytes; blanks around them do not
+/// count, and a longer one must be the article's whole code. Nothing is guessed: a code that lost its zeros
+/// in a spreadsheet is not found. A file of the catalogue that is not whole any more throws
+/// base::DamagedFile.
 [[nodiscard]] Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,
                                 std::span<const WantedLine> lines);
 
 /// What becomes of an article that is on the order already.
 enum class Overlap { add, replace, keep };
+
+/// The quantity of an article once such a line has been taken, as it is typed; nothing when it stays as it
+/// is.
+[[nodiscard]] std::optional<std::string> quantityOnceTaken(float ordered, std::string_view wanted,
+                                                           Overlap overlap);
 
 }
