@@ -80,6 +80,7 @@ TEST_F(NewsTest, SayInTheWindowWhatIsWrong) {
     desk->show();
     EXPECT_TRUE(comesUp("PrdIdx.idx is damaged"));
     fs::remove_all(before);
+    desk = newDesk();
     EXPECT_FALSE(desk->available());
     desk->show();
     EXPECT_TRUE(comesUp("no earlier catalogue"));
