@@ -52,6 +52,8 @@ void Grid::open(GridModel* model) {
     m_model = model;
     model->setParent(this);
     setModel(model);
+    // With the grid's own the header would ask every marked row whether it may be, each time it is painted.
+    horizontalHeader()->setSelectionModel(new QItemSelectionModel(model, horizontalHeader()));
     m_cells = new CellDelegate(model->columns(), this);
     setItemDelegate(m_cells);
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
