@@ -1,5 +1,7 @@
 #include "ui/qt/grid/grid.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -24,9 +26,13 @@ public:
     }
 
     mutable int asked = 0;
+    mutable int written = 0;
 
 protected:
-    [[nodiscard]] std::string cell(int row, ui::Field) const override { return std::to_string(row); }
+    [[nodiscard]] std::string cell(int row, ui::Field field) const override {
+        ++written;
+        return field == ui::Field::code ? "\xE9" + std::to_string(row) : "";
+    }
 
     [[nodiscard]] bool isHeading(int) const override { return false; }
 
@@ -48,6 +54,21 @@ TEST(Selection, OfAllRowsAsksOnlyThoseThatAreSeen) {
     (void)grid.grab();
     EXPECT_LT(model->asked, 1000);
     EXPECT_TRUE(grid.selectionModel()->isRowSelected(999'998, {}));
+}
+
+TEST(Selection, OfAllRowsIsWrittenWhenItIsPasted) {
+    ui::qt::Grid grid("grid", "Grid", nullptr);
+    auto* model = new CountedModel(999'999);
+    grid.open(model);
+    grid.selectAll();
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(model->written, 0);
+    const auto lines = QApplication::clipboard()->text().split('\n');
+    ASSERT_EQ(lines.size(), 999'999);
+    EXPECT_EQ((QStringList{lines.front(), lines[4321], lines.back()}),
+              (QStringList{"\t\u00E90", "\t\u00E94321", "\t\u00E9999998"}));
+    delete model;
+    EXPECT_EQ(QApplication::clipboard()->text(), "");
 }
 
 }
