@@ -19,6 +19,9 @@ public:
     /// answer may be 0. The number is the file's own: it may lie outside the products.
     [[nodiscard]] std::int32_t find(std::string_view code) const;
 
+    /// All entries as they stand in the file, which may be out of order.
+    [[nodiscard]] const Table<IndexRecord>& entries() const { return m_entries; }
+
     [[nodiscard]] const base::MappedFile& file() const { return m_entries.file(); }
 
 private:
