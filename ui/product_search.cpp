@@ -36,9 +36,11 @@ bool matches(ProductRecord record, std::string_view upperPhrase, SearchedColumns
 /// when there is no phrase.
 class Candidates {
 public:
-    Candidates(const ProductTable& products, const std::string& upperPhrase, Direction direction)
-        : m_count(products.count()), m_direction(direction) {
-        const auto bytes = products.bytes();
+    /// Of the first `count` rows.
+    Candidates(const ProductTable& products, const std::string& upperPhrase, Direction direction,
+               std::int32_t count)
+        : m_count(count), m_direction(direction) {
+        const auto bytes = products.bytes().first(static_cast<std::size_t>(m_count) * ProductRecord::length);
         if (!upperPhrase.empty())
             m_finder =
                 std::make_unique<base::CaselessFinder>(base::readText(bytes, 0, bytes.size()), upperPhrase);
@@ -69,19 +71,29 @@ private:
     std::unique_ptr<const base::CaselessFinder> m_finder; // none without a phrase
 };
 
-}
-
-std::optional<std::int32_t> searchProducts(const ProductTable& products, std::string_view phrase,
-                                           SearchedColumns columns, std::int32_t start, Direction direction) {
+std::optional<std::int32_t> search(const ProductTable& products, std::string_view phrase,
+                                   SearchedColumns columns, std::int32_t start, Direction direction,
+                                   std::int32_t count) {
     const auto wanted = base::upper(base::trim(phrase));
     if (columns == SearchedColumns{} || wanted.size() > ProductRecord::textField.width)
         return std::nullopt;
-    products.readAhead();
-    const Candidates candidates(products, wanted, direction);
+    const Candidates candidates(products, wanted, direction, count);
     auto row = candidates.from(start);
     while (row && !matches(products.at(*row + 1), wanted, columns))
         row = candidates.behind(*row);
     return row;
 }
 
+}
+
+std::optional<std::int32_t> searchProducts(const ProductTable& products, std::string_view phrase,
+                                           SearchedColumns columns, std::int32_t start, Direction direction) {
+    products.readAhead();
+    return search(products, phrase, columns, start, direction, products.count());
+}
+
+std::optional<std::int32_t> searchRows(const ProductTable& products, std::string_view phrase,
+                                       SearchedColumns columns, std::int32_t start, std::int32_t end) {
+    return search(products, phrase, columns, start, Direction::down, std::clamp(end, 0, products.count()));
+}
 }
