@@ -113,6 +113,11 @@ inline constexpr std::array helpTopics{
     HelpTopic{"cbPrev", "search.html#going-on", "Searches back upwards from the marked row."},
     HelpTopic{"cbCancel", "search.html#going-on", "Closes the search window."},
 
+    // what is new
+    HelpTopic{"News", "new.html#window", "What the last update of the catalogue has changed."},
+    HelpTopic{"NewsPage", "new.html#window",
+              "Prices, new articles and articles that are gone. Click a code to go to the article."},
+
     // the help window
     HelpTopic{"HelpWindow", "index.html#using", "The help book."},
     HelpTopic{"txHelpSearch", "index.html#using", "A word to look for in the whole help book."},
