@@ -42,15 +42,15 @@ std::string comparedPage(const catalog::Catalog& now, const std::filesystem::pat
 
 }
 
-NewsDesk::NewsDesk(Surroundings surroundings) : m_around(std::move(surroundings)) {}
+NewsDesk::NewsDesk(Surroundings surroundings)
+    : m_around(std::move(surroundings)), m_folder(m_around.previous.folder()) {}
 
 NewsDesk::~NewsDesk() = default;
 
 QString NewsDesk::since() const {
-    const auto folder = m_around.previous.folder();
-    if (!folder)
+    if (!m_folder)
         return {};
-    const QFileInfo products(pathToQt(*folder / catalog::productsFile));
+    const QFileInfo products(pathToQt(*m_folder / catalog::productsFile));
     return QLocale(QLocale::English).toString(products.lastModified().date(), "d MMMM yyyy");
 }
 
@@ -60,20 +60,20 @@ void NewsDesk::show() {
             m_around.guard, [this](const QUrl& address) { follow(address); }, &m_around.window);
         connect(m_window.get(), &NewsWindow::closed, this, [this] { m_comparison.request_stop(); });
     }
-    const auto folder = m_around.previous.folder();
-    m_window->showPage(folder.value_or(m_around.folders.UserFolder) / order::newsPageName,
-                       order::newsNotice(folder ? comparing : noneBefore));
+    m_window->showPage(pageFolder() / order::newsPageName,
+                       order::newsNotice(m_folder ? comparing : noneBefore));
     m_window->bringUp();
-    if (!folder)
+    if (!m_folder)
         return;
     m_around.previous.markSeen();
-    compare(*folder);
+    compare();
 }
 
 // What the comparison throws ends it, and is thrown again where everything is caught.
-void NewsDesk::compare(const std::filesystem::path& folder) {
-    const auto work = [this, folder, ordered = m_around.orderedCodes(),
-                       texts = textsOf(m_around.catalog.parameters, since())](const std::stop_token& stop) {
+void NewsDesk::compare() {
+    m_comparison = {}; // one at a time
+    auto work = [this, folder = *m_folder, ordered = m_around.orderedCodes(),
+                 texts = textsOf(m_around.catalog.parameters, since())](const std::stop_token& stop) {
         std::string page;
         std::exception_ptr failure;
         try {
@@ -81,20 +81,20 @@ void NewsDesk::compare(const std::filesystem::path& folder) {
         } catch (...) { // Deliberate: carried over to the window's thread
             failure = std::current_exception();
         }
-        QMetaObject::invokeMethod(this, m_around.guard([this, folder, page, failure] {
+        const auto arrive = [this, page, failure] {
             if (failure)
                 std::rethrow_exception(failure);
-            present(folder, page);
-        }),
-                                  Qt::QueuedConnection);
+            present(page);
+        };
+        QMetaObject::invokeMethod(this, m_around.guard(arrive), Qt::QueuedConnection);
     };
-    m_comparison = std::jthread(work);
+    m_comparison = std::jthread(std::move(work));
 }
 
-void NewsDesk::present(const std::filesystem::path& folder, const std::string& page) {
+void NewsDesk::present(const std::string& page) {
     if (page.empty() || !m_window->isVisible())
         return;
-    const auto file = folder / order::newsPageName;
+    const auto file = pageFolder() / order::newsPageName;
     try {
         m_window->showPage(file, page);
     } catch (const base::FileError& error) {
@@ -102,14 +102,17 @@ void NewsDesk::present(const std::filesystem::path& folder, const std::string& p
     }
 }
 
-// By the same rules as the links of a catalogue's pages.
+// By the same rules as the links of a catalogue's pages, in which the user's folder has this page.
 void NewsDesk::follow(const QUrl& address) {
     const auto& folders = m_around.folders;
-    const auto place = m_around.previous.folder().value_or(folders.UserFolder);
-    const pages::LinkRules links(m_around.catalog, {folders.ProgramFolder, folders.DataFolder, place});
+    const pages::LinkRules links(m_around.catalog, {folders.ProgramFolder, folders.DataFolder, pageFolder()});
     const auto end = links.follow(address.toEncoded().toStdString());
     if (const auto* product = std::get_if<pages::LeadsToProduct>(&end))
         m_around.choose(product->record);
+}
+
+std::filesystem::path NewsDesk::pageFolder() const {
+    return m_folder.value_or(m_around.folders.UserFolder);
 }
 
 void NewsDesk::close() {

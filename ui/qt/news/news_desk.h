@@ -8,8 +8,10 @@
 #include <QObject>
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -38,10 +40,10 @@ public:
     ~NewsDesk() override;
 
     /// A catalogue of before is there to compare with.
-    [[nodiscard]] bool available() const { return m_around.previous.folder().has_value(); }
+    [[nodiscard]] bool available() const { return m_folder.has_value(); }
 
     /// It has changed and nobody has looked, or said that he need not: a few questions to the disk.
-    [[nodiscard]] bool offered() const { return m_around.previous.isUnseen(); }
+    [[nodiscard]] bool offered() const { return available() && m_around.previous.isUnseen(); }
 
     /// The day on which the catalogue of before had come, "12 March 2026"; empty where there is none.
     [[nodiscard]] QString since() const;
@@ -55,11 +57,16 @@ public:
     void close();
 
 private:
-    void compare(const std::filesystem::path& folder);
-    void present(const std::filesystem::path& folder, const std::string& page);
+    void compare();
+    void present(const std::string& page);
     void follow(const QUrl& address);
 
+    /// Where the page is said to lie.
+    [[nodiscard]] std::filesystem::path pageFolder() const;
+
     Surroundings m_around;
+    std::optional<std::filesystem::path>
+        m_folder; // of the catalogue of before; it stays while this one is open
     std::unique_ptr<NewsWindow> m_window;
     std::jthread m_comparison; // last, so that it has ended before anything goes
 };
