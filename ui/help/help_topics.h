@@ -47,6 +47,13 @@ inline constexpr std::array helpTopics{
     HelpTopic{"Clear", "ordering.html#clear", "Takes everything off the order, after a question."},
     HelpTopic{"Help", "index.html#using", "Opens the help book."},
 
+    HelpTopic{
+        "More", "keys.html#more",
+        "What else can be done: orders that left, quick entry, lists of articles, addresses, the page's "
+        "size."},
+    HelpTopic{"OfferBar", "reordering.html#unfinished", "Something that Tavorine can do for you."},
+    HelpTopic{"OfferClose", "reordering.html#unfinished", "Closes this line."},
+
     // the catalogue view
     HelpTopic{"wbBanner", "finding.html#banner", "Your supplier's banner."},
     HelpTopic{"GDB(0)", "finding.html#groups",

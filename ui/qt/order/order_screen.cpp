@@ -6,6 +6,7 @@
 
 #include <QDate>
 
+#include <algorithm>
 #include <array>
 
 namespace ui::qt {
@@ -55,6 +56,11 @@ void OrderScreen::show(const Edit& edit) {
     }
     m_around.totals.showTotals(toQt(m_ordering.orderLabel()), toQt(m_ordering.taxLabel()));
     emit toolbarChanged();
+}
+
+bool OrderScreen::isEmpty() const {
+    const auto lines = m_ordering.basket().lines();
+    return std::none_of(lines.begin(), lines.end(), [](const auto& line) { return line.quantity > 0; });
 }
 
 ToolbarState OrderScreen::toolbar() const {

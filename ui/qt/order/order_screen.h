@@ -35,6 +35,11 @@ public:
     explicit OrderScreen(const Surroundings& surroundings);
     ~OrderScreen() override;
 
+    [[nodiscard]] const order::Basket& basket() const { return m_ordering.basket(); }
+
+    /// No line has a quantity.
+    [[nodiscard]] bool isEmpty() const;
+
     [[nodiscard]] ViewMode viewMode() const { return m_ordering.view(); }
 
     /// The buttons. While a quantity is being typed they are those that there will be once it is taken.
