@@ -4,7 +4,9 @@
 
 namespace ui::qt {
 
-MoreDesk::MoreDesk(Surroundings surroundings) : m_around(std::move(surroundings)) {}
+MoreDesk::MoreDesk(Surroundings surroundings)
+    : m_around(std::move(surroundings)),
+      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}) {}
 
 MoreState MoreDesk::state() const {
     const auto toolbar = m_around.order.toolbar();

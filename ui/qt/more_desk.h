@@ -3,6 +3,7 @@
 #include "app/session.h"
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
+#include "ui/qt/entry/intake_desk.h"
 #include "ui/qt/keep/offer_bar.h"
 #include "ui/qt/order/order_screen.h"
 
@@ -40,6 +41,7 @@ public:
 
 private:
     Surroundings m_around;
+    IntakeDesk m_intake;
 };
 
 }
