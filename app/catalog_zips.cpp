@@ -12,6 +12,7 @@
 #include "base/program_title.h"
 #include "base/text.h"
 #include "catalog/catalog.h"
+#include "catalog/previous_catalog.h"
 #include "catalog/program_folders.h"
 
 #include <algorithm>
@@ -95,8 +96,12 @@ struct CatalogZips::Zip {
 };
 
 CatalogZips::CatalogZips(fs::path programFolder, platform::Archive& archive, platform::MessageBox& messages,
-                         WelcomeWindow& window)
-    : m_programFolder(std::move(programFolder)), m_archive(archive), m_messages(messages), m_window(window) {}
+                         WelcomeWindow& window, fs::path keptFolder)
+    : m_programFolder(std::move(programFolder)),
+      m_archive(archive),
+      m_messages(messages),
+      m_window(window),
+      m_keptFolder(std::move(keptFolder)) {}
 
 void CatalogZips::installAll() {
     undoInterrupted();
@@ -191,7 +196,18 @@ void CatalogZips::bringIn(const Zip& zip, StagedFolder& staged) {
         staged.leaveOutFolder();
     else
         unpackInto(zip, installed ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters), staged);
-    m_window.waitFor([&] { staged.moveIn(catalog::parametersFile); });
+    m_window.waitFor([&] { moveIn(zip, staged, installed.has_value()); });
+}
+
+void CatalogZips::moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled) const {
+    const catalog::PreviousCatalog previous(m_keptFolder, zip.N, base::folderPath(m_programFolder, zip.N));
+    if (!isInstalled)
+        previous.forget();
+    const bool isReady =
+        isInstalled && previous.layReady([&](std::string_view file) { return staged.comingFile(file); });
+    staged.moveIn(catalog::parametersFile);
+    if (isReady)
+        previous.putInPlace();
 }
 
 bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {

@@ -20,8 +20,9 @@ struct CatalogIdentity;
 /// reported in one message and does not stop the others.
 class CatalogZips {
 public:
+    /// What an update replaces of the articles is kept in `keptFolder` (catalog::PreviousCatalog).
     CatalogZips(std::filesystem::path programFolder, platform::Archive& archive,
-                platform::MessageBox& messages, WelcomeWindow& window);
+                platform::MessageBox& messages, WelcomeWindow& window, std::filesystem::path keptFolder = {});
 
     /// Puts an installation that was interrupted back to what it was and goes on with an interrupted
     /// removal, then takes the zips one by one.
@@ -43,6 +44,7 @@ private:
     [[nodiscard]] bool isUpdate(const Zip& zip, const std::filesystem::path& installedParameters,
                                 StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
+    void moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled) const;
     void unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged);
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
     void addLogo(const Zip& zip, const StagedFolder& staged) const;
@@ -52,6 +54,7 @@ private:
     platform::Archive& m_archive;
     platform::MessageBox& m_messages;
     WelcomeWindow& m_window;
+    std::filesystem::path m_keptFolder;
     std::set<std::filesystem::path> m_processed;
     std::filesystem::path m_lastInstalledParameters;
 };

@@ -11,6 +11,7 @@
 #include "base/program_title.h"
 #include "base/text.h"
 #include "catalog/parameters.h"
+#include "catalog/previous_catalog.h"
 #include "catalog/settings_file.h"
 #include "catalog/template_names.h"
 #include "pages/parameter_fields.h"
@@ -44,7 +45,7 @@ std::string_view lastPart(std::string_view target) {
 StartUp::StartUp(Surroundings surroundings)
     : m_out(std::move(surroundings)),
       m_session(startingFrom(m_out.programFile)),
-      m_zips(m_session.folders.ProgramFolder, m_out.archive, m_out.messages, m_out.window),
+      m_zips(m_session.folders.ProgramFolder, m_out.archive, m_out.messages, m_out.window, m_out.keptFolder),
       m_markers(m_session.folders.ProgramFolder, m_out.messages) {}
 
 void StartUp::run() {
@@ -176,7 +177,12 @@ void StartUp::remove(const Supplier& supplier) {
     if (answer == platform::Answer::no)
         return;
     try {
-        m_out.window.waitFor([&] { removeSupplierFiles(m_session.folders.ProgramFolder, supplier); });
+        m_out.window.waitFor([&] {
+            const auto& folder = m_session.folders.ProgramFolder;
+            const auto& N = supplier.folderName;
+            catalog::PreviousCatalog(m_out.keptFolder, N, base::folderPath(folder, N)).forget();
+            removeSupplierFiles(folder, supplier);
+        });
     } catch (const base::FileError& error) {
         m_out.messages.show(platform::Icon::exclamation, base::programTitle, error.what());
     }

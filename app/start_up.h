@@ -28,7 +28,8 @@ struct Surroundings {
     platform::MessageBox& messages;
     platform::Browser& browser; ///< `WebBrowser1`
     WelcomeWindow& window;
-    std::filesystem::path ownFolder; ///< the user's own folder, made when it is needed
+    std::filesystem::path ownFolder;       ///< the user's own folder, made when it is needed
+    std::filesystem::path keptFolder = {}; ///< for catalogues of before; empty: none are kept
 };
 
 /// From the program's start until the main window opens. The window calls `run` once when it loads and

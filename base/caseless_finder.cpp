@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 // The loops below are written so that the compiler makes vector instructions of them; here it makes them
@@ -139,53 +140,57 @@ struct CaselessFinder::Comparison : Compared {
     }
 };
 
-std::size_t CaselessFinder::firstInBlock(std::size_t begin) const {
+std::size_t CaselessFinder::firstInBlock(std::size_t begin, const Judge& counts) const {
     const auto flags = flagsOf(Comparison(*this, begin));
-    for (auto at = std::find(flags.begin(), flags.end(), 1); at != flags.end();
-         at = std::find(at + 1, flags.end(), 1))
-        if (const auto position = begin + static_cast<std::size_t>(at - flags.begin()); standsAt(position))
-            return position;
+    for (std::size_t i = 0; i < blockLength; ++i) {
+        const auto* at = std::memchr(flags.data() + i, 1, blockLength - i);
+        if (!at)
+            break;
+        i = static_cast<std::size_t>(static_cast<const Byte*>(at) - flags.data());
+        if (standsAt(begin + i) && counts(begin + i))
+            return begin + i;
+    }
     return std::string_view::npos;
 }
 
-std::size_t CaselessFinder::lastInBlock(std::size_t begin) const {
+std::size_t CaselessFinder::lastInBlock(std::size_t begin, const Judge& counts) const {
     const auto flags = flagsOf(Comparison(*this, begin));
     for (std::size_t i = blockLength; i-- > 0;)
-        if (flags[i] != 0 && standsAt(begin + i))
+        if (flags[i] != 0 && standsAt(begin + i) && counts(begin + i))
             return begin + i;
     return std::string_view::npos;
 }
 
-std::size_t CaselessFinder::find(std::size_t from) const {
+std::size_t CaselessFinder::find(std::size_t from, const Judge& counts) const {
     while (from + blockLength <= m_starts) {
         const auto blocks = (m_starts - from) / blockLength;
         const auto block = firstBlock(Comparison(*this, from), blocks);
         from += block * blockLength;
         if (block == blocks)
             break;
-        if (const auto found = firstInBlock(from); found != std::string_view::npos)
+        if (const auto found = firstInBlock(from, counts); found != std::string_view::npos)
             return found;
         from += blockLength;
     }
     for (; from < m_starts; ++from)
-        if (standsAt(from))
+        if (standsAt(from) && counts(from))
             return from;
     return std::string_view::npos;
 }
 
-std::size_t CaselessFinder::findLast(std::size_t end) const {
+std::size_t CaselessFinder::findLast(std::size_t end, const Judge& counts) const {
     end = std::min(end, m_starts);
     while (end >= blockLength) {
         const auto begin = end % blockLength; // the blocks reach up to `end`
         end = begin + lastBlockEnd(Comparison(*this, begin), end / blockLength) * blockLength;
         if (end == begin)
             break;
-        if (const auto found = lastInBlock(end - blockLength); found != std::string_view::npos)
+        if (const auto found = lastInBlock(end - blockLength, counts); found != std::string_view::npos)
             return found;
         end -= blockLength;
     }
     while (end > 0)
-        if (standsAt(--end))
+        if (standsAt(--end) && counts(end))
             return end;
     return std::string_view::npos;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,11 +15,16 @@ public:
     /// The phrase is in upper case already and not empty.
     CaselessFinder(std::string_view text, std::string phrase);
 
-    /// The first occurrence that begins at `from` or behind it; npos where there is none.
-    [[nodiscard]] std::size_t find(std::size_t from) const;
+    /// Whether the occurrence that begins there counts.
+    using Judge = std::function<bool(std::size_t position)>;
 
-    /// The last occurrence that begins before `end`; npos where there is none.
-    [[nodiscard]] std::size_t findLast(std::size_t end) const;
+    static bool all(std::size_t) { return true; }
+
+    /// The first occurrence that counts and begins at `from` or behind it; npos where there is none.
+    [[nodiscard]] std::size_t find(std::size_t from, const Judge& counts = all) const;
+
+    /// The last occurrence that counts and begins before `end`; npos where there is none.
+    [[nodiscard]] std::size_t findLast(std::size_t end, const Judge& counts = all) const;
 
     /// One of the two characters of the phrase that are looked for first. A byte of the text may be it when
     /// `(byte | mask) == value`; both letter cases are.
@@ -32,8 +38,8 @@ private:
     struct Comparison;
 
     [[nodiscard]] bool standsAt(std::size_t position) const;
-    [[nodiscard]] std::size_t firstInBlock(std::size_t begin) const;
-    [[nodiscard]] std::size_t lastInBlock(std::size_t begin) const;
+    [[nodiscard]] std::size_t firstInBlock(std::size_t begin, const Judge& counts) const;
+    [[nodiscard]] std::size_t lastInBlock(std::size_t begin, const Judge& counts) const;
 
     std::string_view m_text;
     std::string m_phrase;

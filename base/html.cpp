@@ -146,4 +146,30 @@ std::string withoutReferences(std::string_view text) {
     return out;
 }
 
+std::string asHtml(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (const char c : text)
+        switch (c) {
+        case '&':
+            out += "&amp;";
+            break;
+        case '<':
+            out += "&lt;";
+            break;
+        case '>':
+            out += "&gt;";
+            break;
+        case '"':
+            out += "&quot;";
+            break;
+        case '\'':
+            out += "&#39;";
+            break;
+        default:
+            out += c;
+        }
+    return out;
+}
+
 }

@@ -25,4 +25,8 @@ void readHtml(std::string_view html, const std::function<void(const HtmlTag&)>& 
 /// A text with its character references resolved, those of HTML 4 and numbers.
 [[nodiscard]] std::string withoutReferences(std::string_view text);
 
+/// A text in UTF-8 as a page shows it, in an attribute's value too: nothing in it is read as a tag or a
+/// reference.
+[[nodiscard]] std::string asHtml(std::string_view text);
+
 }

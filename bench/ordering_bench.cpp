@@ -27,6 +27,10 @@ constexpr std::int32_t mediumOrder = 1'000;
 constexpr std::int32_t largeOrder = 100'000;
 constexpr auto taxed = order::TaxStatus::taxed;
 
+std::string codeOf(std::int32_t product) {
+    return "A-" + std::to_string(1'000'000 + product);
+}
+
 class NoMessages : public platform::MessageBox {
 public:
     bool shown = false;
@@ -45,7 +49,9 @@ public:
     explicit Folder(std::int32_t count) : m_path(fs::temp_directory_path() / "tavorine_ordering") {
         support::CatalogBuilder builder;
         for (std::int32_t i = 0; i < count; ++i)
-            builder.products.push_back({.price = 0.25F * static_cast<float>(i % 1000), .taxRate = 20});
+            builder.products.push_back({.text = codeOf(i + 1) + "\nArticle\n",
+                                        .price = 0.25F * static_cast<float>(i % 1000),
+                                        .taxRate = 20});
         builder.writeTo(m_path);
     }
 
@@ -96,6 +102,25 @@ private:
 
 public:
     ui::Ordering ordering;
+};
+
+/// Nothing ordered yet.
+class EmptyOrder : OrderFiles {
+public:
+    explicit EmptyOrder(std::int32_t count)
+        : OrderFiles(count), m_ordering(m_catalog, m_file, m_messages, m_toolbar) {}
+
+    void take(const std::vector<ui::WantedLine>& lines) {
+        m_ordering.take(ui::planIntake(m_catalog, m_ordering.basket(), lines), ui::Overlap::add);
+    }
+
+    [[nodiscard]] bool holds(std::size_t lines) const {
+        return holdAll(m_ordering.basket()) && m_ordering.basket().lines().size() == lines;
+    }
+
+private:
+    ui::ToolbarState m_toolbar;
+    ui::Ordering m_ordering;
 };
 
 /// The same without what windows show of it.
@@ -179,6 +204,24 @@ void typeQuantity(benchmark::State& state) {
     }
     if (!full.isWritten())
         state.SkipWithError("not written");
+}
+
+/// A list of one line of each product, planned and taken into an empty order.
+void takeList(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    std::vector<ui::WantedLine> lines;
+    for (const auto product : shuffledProducts(count))
+        lines.push_back({codeOf(product), "2", {}});
+    for (auto _ : state) {
+        state.PauseTiming();
+        EmptyOrder empty(count);
+        state.ResumeTiming();
+        empty.take(lines);
+        state.PauseTiming();
+        if (!empty.holds(lines.size()))
+            state.SkipWithError("not taken");
+        state.ResumeTiming();
+    }
 }
 
 void updateLine(benchmark::State& state) {
@@ -282,6 +325,7 @@ void updateAllRows(benchmark::State& state) {
 }
 
 BENCHMARK(typeQuantity)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(takeList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(updateLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(updateKeptLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(flushWholeOrder)

@@ -3,7 +3,7 @@
 
 #include "bench/large_list.h"
 #include "publish/lists/product_list.h"
-#include "publish/lists/tables/delimited_text.h"
+#include "tables/delimited_text.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,9 +18,9 @@ constexpr int products = 100'000;
 // Finding the rows, and reading all of them.
 void splitText(benchmark::State& state) {
     const auto text = bench::largeListText(products);
-    publish::TableRow row;
+    tables::TableRow row;
     for (auto _ : state) {
-        const publish::DelimitedText table(text, ';');
+        const tables::DelimitedText table(text, ';');
         for (std::size_t i = 0; i < table.count(); ++i)
             table.read(i, row);
         benchmark::DoNotOptimize(row.cells.data());
@@ -55,7 +55,7 @@ void productsFromXlsx(benchmark::State& state) {
 void tablesFromXlsx(benchmark::State& state) {
     const auto file = bench::largeListFile(products, ".xlsx");
     for (auto _ : state)
-        benchmark::DoNotOptimize(publish::openTables(file).tables.size());
+        benchmark::DoNotOptimize(tables::openTables(file).tables.size());
 }
 
 #ifdef TAVORINE_LIBORCUS

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace catalog {
 
@@ -18,6 +19,13 @@ public:
     /// first entry's where several have it, 0 where none has. In an index that is out of order the
     /// answer may be 0. The number is the file's own: it may lie outside the products.
     [[nodiscard]] std::int32_t find(std::string_view code) const;
+
+    /// All entries as they stand in the file, which may be out of order.
+    [[nodiscard]] const Table<IndexRecord>& entries() const { return m_entries; }
+
+    /// The record numbers of up to so many entries whose codes begin so, in any letter case, ascending by
+    /// code. What is out of order is passed over; the numbers are the file's own.
+    [[nodiscard]] std::vector<std::int32_t> beginningWith(std::string_view start, std::size_t most) const;
 
     [[nodiscard]] const base::MappedFile& file() const { return m_entries.file(); }
 

@@ -3,6 +3,7 @@
 #include "base/errors.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace order {
 
@@ -18,7 +19,7 @@ LineChange Basket::update(std::int32_t product, float quantity) {
     replaceInTotals(oldLine, line);
     const auto record = recordFor(product);
     lineAt(record) = line;
-    m_file.write(record, line);
+    write(record);
     if (m_watch)
         m_watch->quantityChanged(product, quantity);
     return {line, true};
@@ -44,6 +45,28 @@ Totals Basket::totalsWith(std::int32_t product, float quantity) const {
     return {order.value(), tax.value()};
 }
 
+void Basket::write(std::int32_t record) {
+    if (!m_unwritten)
+        return m_file.write(record, lineAt(record));
+    m_unwritten->first = std::min(m_unwritten->first, record);
+    m_unwritten->last = std::max(m_unwritten->last, record);
+}
+
+void Basket::writeTogether(const std::function<void()>& changes) {
+    struct End {
+        ~End() { unwritten.reset(); }
+
+        std::optional<Unwritten>& unwritten;
+    };
+
+    const End end{m_unwritten};
+    const auto& [first, last] = m_unwritten.emplace(Unwritten{std::numeric_limits<std::int32_t>::max(), 0});
+    changes();
+    if (first <= last)
+        m_file.write(first, lines().subspan(static_cast<std::size_t>(first) - 1,
+                                            static_cast<std::size_t>(last - first) + 1));
+}
+
 Repricing Basket::recalculate(TaxStatus status) {
     m_taxStatus = status;
     const auto unwritten = std::find_if(m_lines.begin(), m_lines.end(),
@@ -55,7 +78,7 @@ Repricing Basket::recalculate(TaxStatus status) {
     });
     m_products.requireWhole();
     sumUp();
-    m_file.write({m_lines.begin(), unwritten});
+    m_file.write(1, {m_lines.begin(), unwritten});
     return {static_cast<std::int32_t>(unwritten - m_lines.begin()), unwritten == m_lines.end()};
 }
 

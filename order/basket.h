@@ -8,6 +8,8 @@
 #include "order/pricing.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -55,6 +57,10 @@ public:
     /// nothing. A total below 0 ends the program (base::ProgramEnd) before anything is changed.
     LineChange update(std::int32_t product, float quantity);
 
+    /// Makes these changes, and only then writes all lines that they change, in one go. What the file holds
+    /// then is the same. Changes that end with an exception are not written.
+    void writeTogether(const std::function<void()>& changes);
+
     /// Prices every line again, from record 1 to the first that was never written.
     /// Deliberate: taxed means taxed here, whether or not the catalogue charges tax.
     Repricing recalculate(TaxStatus status);
@@ -75,6 +81,12 @@ public:
     [[nodiscard]] std::span<const BasketLine> lines() const { return m_lines; }
 
 private:
+    /// Records that are still to be written.
+    struct Unwritten {
+        std::int32_t first;
+        std::int32_t last;
+    };
+
     [[nodiscard]] bool isListed(std::int32_t product) const {
         return product >= 1 && product <= m_products.count();
     }
@@ -82,6 +94,7 @@ private:
     [[nodiscard]] BasketLine typed(std::int32_t product, float quantity) const;
     [[nodiscard]] std::int32_t recordFor(std::int32_t product);
     [[nodiscard]] BasketLine& lineAt(std::int32_t record);
+    void write(std::int32_t record);
     void replaceInTotals(const BasketLine& oldLine, const BasketLine& newLine);
     void sumUp();
 
@@ -94,6 +107,7 @@ private:
     std::vector<std::int32_t>
         m_recordOf;                // basket record by product, 0 for none; empty before the first order
     std::int32_t m_lastRecord = 0; // given to a product so far
+    std::optional<Unwritten> m_unwritten; // while lines are written together
     CentSum m_orderTotal;
     CentSum m_taxTotal;
 };

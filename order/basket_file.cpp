@@ -39,7 +39,7 @@ void BasketFile::write(std::int32_t number, const BasketLine& line) {
     put((number - 1) * recordLength, record);
 }
 
-void BasketFile::write(std::span<const BasketLine> lines) {
+void BasketFile::write(std::int32_t first, std::span<const BasketLine> lines) {
     if (lines.empty())
         return;
     std::vector<std::byte> records(lines.size() * BasketLine::length);
@@ -48,7 +48,7 @@ void BasketFile::write(std::span<const BasketLine> lines) {
         writeLine(rest, line);
         rest = rest.subspan(BasketLine::length);
     }
-    put(0, records);
+    put((first - 1) * recordLength, records);
 }
 
 void BasketFile::clear() {

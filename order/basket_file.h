@@ -31,8 +31,8 @@ public:
     /// Writes this record and no other byte. Records before it that were never written are zeros.
     void write(std::int32_t number, const BasketLine& line);
 
-    /// Writes these lines as the records from 1 on, in one go.
-    void write(std::span<const BasketLine> lines);
+    /// Writes these lines as the records from this one on, in one go.
+    void write(std::int32_t first, std::span<const BasketLine> lines);
 
     /// Closes and deletes the file and makes an empty one.
     void clear();

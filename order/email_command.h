@@ -8,6 +8,12 @@
 
 namespace order {
 
+/// A mail that has gone.
+struct SentMail {
+    platform::Mail mail;
+    bool isDraft; ///< it is open for the user to send
+};
+
 /// The toolbar's "Email".
 class EmailCommand {
 public:
@@ -15,15 +21,14 @@ public:
     EmailCommand(const catalog::Parameters& parameters, const OrderWriter& writer,
                  platform::MessageBox& messageBox, platform::Mailer& mailer);
 
-    /// Checks the order and sends it to the supplier, or tells why not. Throws base::DamagedFile for a
-    /// damaged template.
-    void run(const OrderContents& order);
+    /// Checks the order and sends it to the supplier, or tells why not and returns nothing. Throws
+    /// base::DamagedFile for a damaged template.
+    std::optional<SentMail> run(const OrderContents& order);
 
 private:
     [[nodiscard]] std::optional<platform::Mail> compose(const pages::TemplateFile& file,
                                                         const OrderContents& order) const;
-    // Whether it is on its way, or open for the user to send.
-    [[nodiscard]] bool send(const platform::Mail& mail);
+    [[nodiscard]] platform::Mailer::Outcome send(const platform::Mail& mail);
 
     const catalog::Parameters& m_parameters;
     const OrderWriter& m_writer;

@@ -55,6 +55,19 @@ Edit Ordering::editOrder(std::size_t row, std::string_view text) {
     return {.product = edited.product(), .orderRow = row};
 }
 
+Edit Ordering::take(const Intake& intake, Overlap overlap) {
+    m_basket.writeTogether([&] {
+        for (const auto& line : intake.lines)
+            if (const auto quantity =
+                    quantityOnceTaken(m_basket.lineOf(line.product).quantity, line.quantity, overlap))
+                editProduct(line.product, *quantity);
+    });
+    const bool refilled = m_view == ViewMode::order;
+    if (refilled)
+        fillRows();
+    return {.allRows = true, .refilled = refilled};
+}
+
 ToolbarState Ordering::toolbarOnceOrdered(std::int32_t product, std::string_view text) const {
     const auto quantity = order::typedQuantity(text);
     if (quantity == m_basket.lineOf(product).quantity)
@@ -75,13 +88,17 @@ Edit Ordering::setTaxStatus(order::TaxStatus status) {
 
 Edit Ordering::checkOut() {
     m_view = ViewMode::order;
+    fillRows();
+    m_toolbar = afterCheckOut(m_toolbar, m_basket.totals().order);
+    showTotals(); // which a recalculation that stopped early has left as they were
+    return {.refilled = true};
+}
+
+void Ordering::fillRows() {
     m_rows.clear();
     for (const auto& line : m_basket.lines())
         if (line.quantity > 0)
             m_rows.emplace_back(line);
-    m_toolbar = afterCheckOut(m_toolbar, m_basket.totals().order);
-    showTotals(); // which a recalculation that stopped early has left as they were
-    return {.refilled = true};
 }
 
 void Ordering::priceList(std::size_t historySize) {

@@ -4,6 +4,7 @@
 #include "order/basket.h"
 #include "platform/message_box.h"
 #include "ui/commands.h"
+#include "ui/intake.h"
 #include "ui/order_row.h"
 
 #include <cstddef>
@@ -56,6 +57,10 @@ public:
     /// are written.
     Edit editOrder(std::size_t row, std::string_view text);
 
+    /// Takes the lines that can be ordered, each as if it were typed into the product grid. The order view's
+    /// rows are filled again when it is up.
+    Edit take(const Intake& intake, Overlap overlap);
+
     /// The buttons as they will be once this text is the product's quantity.
     [[nodiscard]] ToolbarState toolbarOnceOrdered(std::int32_t product, std::string_view text) const;
 
@@ -78,6 +83,7 @@ private:
         RowColour colour = RowColour::white;
     };
 
+    void fillRows();
     void forgetLines();
     void showTotals();
 

@@ -1,6 +1,7 @@
 #include "ui/quantity.h"
 
 #include "base/numbers.h"
+#include "catalog/records.h"
 #include "order/pricing.h"
 
 #include <algorithm>
@@ -9,6 +10,7 @@ namespace ui {
 namespace {
 
 constexpr std::size_t longest = 12; // characters
+constexpr std::size_t mostDecimals = catalog::ParameterHeader::mostQuantityDecimals;
 
 bool isDigit(char character) {
     return character >= '0' && character <= '9';
@@ -58,6 +60,30 @@ std::string quantityOf(std::string_view typed) {
     std::string quantity(typed);
     std::replace(quantity.begin(), quantity.end(), ',', '.');
     return quantity;
+}
+
+std::optional<std::int64_t> partsOf(std::string_view quantity) {
+    const auto number = quantityOf(quantity);
+    const auto point = std::min(number.find('.'), number.size());
+    if (!isPlainNumber(number) || decimalsOf(number) > static_cast<int>(mostDecimals) || point > longest)
+        return std::nullopt;
+    auto digits = number.substr(0, point);
+    const auto decimals = number.substr(std::min(point + 1, number.size()), mostDecimals);
+    digits.append(decimals).append(mostDecimals - decimals.size(), '0');
+    std::int64_t parts = 0;
+    for (const char digit : digits)
+        parts = parts * 10 + (digit - '0');
+    return parts;
+}
+
+std::string textOfParts(std::int64_t parts) {
+    auto text = std::to_string(parts);
+    text.insert(0, text.size() <= mostDecimals ? mostDecimals + 1 - text.size() : 0, '0');
+    text.insert(text.size() - mostDecimals, 1, '.');
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+        text.pop_back();
+    return text;
 }
 
 }

@@ -20,7 +20,7 @@ bool isPicture(std::string_view text) {
 
 class Looker {
 public:
-    void look(const Cell& cell) {
+    void look(const tables::Cell& cell) {
         ++m_stats.rows;
         if (cell.text.empty())
             return;
@@ -52,24 +52,24 @@ private:
     std::size_t m_above = 0;
 };
 
-std::ptrdiff_t filledCells(const TableRow& row) {
+std::ptrdiff_t filledCells(const tables::TableRow& row) {
     return std::count_if(row.cells.begin(), row.cells.end(),
-                         [](const Cell& cell) { return !cell.text.empty(); });
+                         [](const tables::Cell& cell) { return !cell.text.empty(); });
 }
 
 }
 
-std::vector<ColumnStats> lookAtColumns(const Table& table, std::size_t firstRow) {
+std::vector<ColumnStats> lookAtColumns(const tables::Table& table, std::size_t firstRow) {
     constexpr std::size_t looked = 600;
     std::vector<Looker> lookers;
     std::size_t rows = 0;
-    TableRow row;
+    tables::TableRow row;
     const auto step = std::max<std::size_t>((table.count() - std::min(firstRow, table.count())) / looked, 1);
     for (auto at = firstRow; at < table.count(); at += step) {
         table.read(at, row);
         if (filledCells(row) < 2)
             continue;
-        while (lookers.size() < std::min(row.cells.size(), mostListColumns)) {
+        while (lookers.size() < std::min(row.cells.size(), tables::mostListColumns)) {
             lookers.emplace_back();
             for (std::size_t i = 0; i < rows; ++i)
                 lookers.back().look({});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstddef>
 #include <optional>
@@ -33,6 +33,6 @@ struct ColumnStats {
 };
 
 /// Looks at rows from the first one on, spread over the table. Rows with a single filled cell do not count.
-[[nodiscard]] std::vector<ColumnStats> lookAtColumns(const Table& table, std::size_t firstRow);
+[[nodiscard]] std::vector<ColumnStats> lookAtColumns(const tables::Table& table, std::size_t firstRow);
 
 }

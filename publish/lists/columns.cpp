@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view byNumber = "column ";
 
-std::optional<std::size_t> rowNumbered(const Table& table, const std::string& text) {
+std::optional<std::size_t> rowNumbered(const tables::Table& table, const std::string& text) {
     std::size_t number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     for (std::size_t row = 0; row < table.count() && table.number(row) <= number; ++row)
@@ -21,7 +21,7 @@ std::optional<std::size_t> rowNumbered(const Table& table, const std::string& te
     return std::nullopt;
 }
 
-std::optional<std::size_t> headingRowOf(const Table& table, const ListMapping& mapping,
+std::optional<std::size_t> headingRowOf(const tables::Table& table, const ListMapping& mapping,
                                         std::vector<MappingValue>& missing) {
     const auto& wanted = mapping.headingRow;
     if (wanted.text == noColumnName)
@@ -34,10 +34,10 @@ std::optional<std::size_t> headingRowOf(const Table& table, const ListMapping& m
     return row;
 }
 
-void readHeadings(const Table& table, ListColumns& columns) {
+void readHeadings(const tables::Table& table, ListColumns& columns) {
     if (!columns.headingRow)
         return;
-    TableRow row;
+    tables::TableRow row;
     table.read(*columns.headingRow, row);
     for (const auto& cell : row.cells)
         columns.headings.push_back(onOneLine(cell.text));
@@ -77,7 +77,7 @@ std::size_t ListColumns::named(const std::string& name) const {
         std::size_t number = 0;
         const auto* const end = name.data() + name.size();
         const auto read = std::from_chars(name.data() + byNumber.size(), end, number);
-        if (read.ptr == end && number > 0 && number <= mostListColumns)
+        if (read.ptr == end && number > 0 && number <= tables::mostListColumns)
             return number - 1;
     }
     const auto found = std::find_if(headings.begin(), headings.end(),
@@ -85,7 +85,8 @@ std::size_t ListColumns::named(const std::string& name) const {
     return found == headings.end() ? noColumn : static_cast<std::size_t>(found - headings.begin());
 }
 
-ListColumns findColumns(const Table& table, const ListMapping& mapping, std::vector<MappingValue>& missing) {
+ListColumns findColumns(const tables::Table& table, const ListMapping& mapping,
+                        std::vector<MappingValue>& missing) {
     ListColumns columns;
     columns.headingRow = headingRowOf(table, mapping, missing);
     readHeadings(table, columns);

@@ -2,7 +2,7 @@
 
 #include "publish/lists/column_stats.h"
 #include "publish/lists/list_mapping.h"
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <array>
 #include <cstddef>
@@ -49,7 +49,7 @@ private:
 
 /// Takes the columns that the mapping names and finds the others by their headings, then by what stands in
 /// them. Columns of the mapping that the table has not are added to `missing`.
-[[nodiscard]] ListColumns findColumns(const Table& table, const ListMapping& mapping,
+[[nodiscard]] ListColumns findColumns(const tables::Table& table, const ListMapping& mapping,
                                       std::vector<MappingValue>& missing);
 
 }

@@ -11,12 +11,12 @@ namespace {
 
 constexpr std::size_t lookedAt = 50; // rows from the top
 
-using Judge = std::function<std::size_t(const TableRow&)>;
+using Judge = std::function<std::size_t(const tables::TableRow&)>;
 
 /// The first of the rows that the judge finds best; nothing if none reaches the least.
-std::optional<std::size_t> bestRow(const Table& table, std::size_t least, const Judge& judge) {
+std::optional<std::size_t> bestRow(const tables::Table& table, std::size_t least, const Judge& judge) {
     std::optional<std::size_t> best;
-    TableRow row;
+    tables::TableRow row;
     for (std::size_t at = 0; at < std::min(table.count(), lookedAt); ++at) {
         table.read(at, row);
         if (const auto points = judge(row); points >= least) {
@@ -27,20 +27,20 @@ std::optional<std::size_t> bestRow(const Table& table, std::size_t least, const 
     return best;
 }
 
-std::size_t namesIn(const TableRow& row, const std::vector<std::string>& names) {
+std::size_t namesIn(const tables::TableRow& row, const std::vector<std::string>& names) {
     return static_cast<std::size_t>(std::count_if(names.begin(), names.end(), [&](const std::string& name) {
         return std::any_of(row.cells.begin(), row.cells.end(),
-                           [&](const Cell& cell) { return isSameHeading(cell.text, name); });
+                           [&](const tables::Cell& cell) { return isSameHeading(cell.text, name); });
     }));
 }
 
-bool holdsPrice(const TableRow& row) {
+bool holdsPrice(const tables::TableRow& row) {
     return std::any_of(row.cells.begin(), row.cells.end(),
-                       [](const Cell& cell) { return hasDecimals(cell); });
+                       [](const tables::Cell& cell) { return hasDecimals(cell); });
 }
 
 // How many meanings the row's texts have.
-std::size_t meaningsIn(const TableRow& row) {
+std::size_t meaningsIn(const tables::TableRow& row) {
     std::array<bool, meaningCount> found{};
     for (const auto& cell : row.cells) {
         const auto scores = scoresOf(cell.text);
@@ -51,7 +51,7 @@ std::size_t meaningsIn(const TableRow& row) {
     return holdsPrice(row) ? 0 : static_cast<std::size_t>(std::count(found.begin(), found.end(), true));
 }
 
-std::size_t filledTexts(const TableRow& row) {
+std::size_t filledTexts(const tables::TableRow& row) {
     std::size_t texts = 0;
     for (const auto& cell : row.cells)
         if (looksLikeNumber(cell))
@@ -61,16 +61,16 @@ std::size_t filledTexts(const TableRow& row) {
     return texts;
 }
 
-bool holdsNumber(const Table& table, std::size_t at) {
-    TableRow row;
+bool holdsNumber(const tables::Table& table, std::size_t at) {
+    tables::TableRow row;
     if (at < table.count())
         table.read(at, row);
     return std::any_of(row.cells.begin(), row.cells.end(),
-                       [](const Cell& cell) { return looksLikeNumber(cell); });
+                       [](const tables::Cell& cell) { return looksLikeNumber(cell); });
 }
 
 // Words that nobody knows are headings where only texts stand above rows with numbers.
-std::optional<std::size_t> rowOfTexts(const Table& table) {
+std::optional<std::size_t> rowOfTexts(const tables::Table& table) {
     const auto found = bestRow(table, 2, filledTexts);
     return found && holdsNumber(table, *found + 1) ? found : std::nullopt;
 }
@@ -88,9 +88,10 @@ std::vector<std::string> columnsNamedBy(const ListMapping& mapping) {
     return names;
 }
 
-std::optional<std::size_t> findHeadingRow(const Table& table, const ListMapping& mapping) {
+std::optional<std::size_t> findHeadingRow(const tables::Table& table, const ListMapping& mapping) {
     if (const auto names = columnsNamedBy(mapping); !names.empty())
-        if (const auto named = bestRow(table, 1, [&](const TableRow& row) { return namesIn(row, names); }))
+        if (const auto named =
+                bestRow(table, 1, [&](const tables::TableRow& row) { return namesIn(row, names); }))
             return named;
     if (const auto known = bestRow(table, 2, meaningsIn))
         return known;

@@ -14,12 +14,13 @@ constexpr std::size_t mostGroups = 9; // "Group 1" to "Group 9"
 
 struct EncodingName {
     std::string_view name;
-    Encoding encoding;
+    tables::Encoding encoding;
 };
 
-constexpr std::array encodings{
-    EncodingName{"UTF-8", Encoding::utf8}, EncodingName{"UTF-16 LE", Encoding::utf16Le},
-    EncodingName{"UTF-16 BE", Encoding::utf16Be}, EncodingName{"Windows-1252", Encoding::windows1252}};
+constexpr std::array encodings{EncodingName{"UTF-8", tables::Encoding::utf8},
+                               EncodingName{"UTF-16 LE", tables::Encoding::utf16Le},
+                               EncodingName{"UTF-16 BE", tables::Encoding::utf16Be},
+                               EncodingName{"Windows-1252", tables::Encoding::windows1252}};
 
 struct DelimiterName {
     std::string_view name;
@@ -170,8 +171,8 @@ const char* nameOf(ListField field) {
     return fieldNames[static_cast<std::size_t>(field)];
 }
 
-TableForm formOf(const ListMapping& mapping) {
-    TableForm form;
+tables::TableForm formOf(const ListMapping& mapping) {
+    tables::TableForm form;
     form.sheet = mapping.sheet.text;
     for (const auto& [name, encoding] : encodings)
         if (isNamed(name, mapping.encoding.text))
@@ -182,7 +183,7 @@ TableForm formOf(const ListMapping& mapping) {
     return form;
 }
 
-void noteForm(ListMapping& mapping, const TableForm& form) {
+void noteForm(ListMapping& mapping, const tables::TableForm& form) {
     for (const auto& [name, encoding] : encodings)
         if (encoding == form.encoding)
             mapping.encoding.text = name;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "publish/complaint.h"
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <array>
 #include <cstddef>
@@ -55,10 +55,10 @@ inline constexpr const char* mappingFileName = "list.ini";
 [[nodiscard]] const char* nameOf(ListField field);
 
 /// How the list's file is to be read.
-[[nodiscard]] TableForm formOf(const ListMapping& mapping);
+[[nodiscard]] tables::TableForm formOf(const ListMapping& mapping);
 
 /// Puts in what was found by opening the file.
-void noteForm(ListMapping& mapping, const TableForm& form);
+void noteForm(ListMapping& mapping, const tables::TableForm& form);
 
 /// Whether a text can be a value that names something.
 [[nodiscard]] bool isWritable(std::string_view text);

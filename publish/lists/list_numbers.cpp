@@ -152,7 +152,7 @@ std::string shortest(std::string_view text) {
 }
 
 // The number of a cell with a point; empty where it is none.
-std::string decimalTextOf(const Cell& cell, NumberStyle style, DecimalMark mark) {
+std::string decimalTextOf(const tables::Cell& cell, NumberStyle style, DecimalMark mark) {
     const auto text =
         cell.text.substr(0, cell.text.size() - (cell.isNumber && cell.text.ends_with('%') ? 1U : 0U));
     if (cell.isNumber || style == NumberStyle::plain)
@@ -160,7 +160,7 @@ std::string decimalTextOf(const Cell& cell, NumberStyle style, DecimalMark mark)
     return decimalText(numberIn(text), mark == DecimalMark::comma ? ',' : '.');
 }
 
-std::string notANumber(const Cell& cell, NumberStyle style, DecimalMark mark) {
+std::string notANumber(const tables::Cell& cell, NumberStyle style, DecimalMark mark) {
     const auto example = style == NumberStyle::plain  ? "digits and one point"
                          : mark == DecimalMark::comma ? "a comma parts the decimals, as in 1234,50"
                                                       : "a point parts the decimals, as in 1234.50";
@@ -169,7 +169,7 @@ std::string notANumber(const Cell& cell, NumberStyle style, DecimalMark mark) {
 
 }
 
-void DecimalMarkFinder::look(const Cell& cell) {
+void DecimalMarkFinder::look(const tables::Cell& cell) {
     if (cell.isNumber || cell.text.empty())
         return;
     const auto number = numberIn(cell.text);
@@ -191,26 +191,26 @@ DecimalMark DecimalMarkFinder::found(char delimiter) const {
     return isComma == isDecimal ? DecimalMark::comma : DecimalMark::point;
 }
 
-bool looksLikeNumber(const Cell& cell) {
+bool looksLikeNumber(const tables::Cell& cell) {
     if (cell.isNumber)
         return true;
     const auto number = numberIn(cell.text);
     return !decimalText(number, '.').empty() || !decimalText(number, ',').empty();
 }
 
-bool hasDecimals(const Cell& cell) {
+bool hasDecimals(const tables::Cell& cell) {
     if (cell.isNumber)
         return cell.text.find('.') != std::string_view::npos;
     const auto says = whatSays(numberIn(cell.text));
     return says == Says::point || says == Says::comma;
 }
 
-ListNumber readListNumber(const Cell& cell, NumberStyle style, DecimalMark mark) {
+ListNumber readListNumber(const tables::Cell& cell, NumberStyle style, DecimalMark mark) {
     constexpr std::size_t mostDigits = 38; // before the point
     if (cell.text.empty())
         return {0, "is empty", "number-empty"};
     const bool isNegative = (cell.isNumber || style == NumberStyle::plain) && cell.text.starts_with('-');
-    const Cell positive{cell.text.substr(isNegative ? 1 : 0), cell.isNumber};
+    const tables::Cell positive{cell.text.substr(isNegative ? 1 : 0), cell.isNumber};
     const auto written = decimalTextOf(positive, style, mark);
     if (written.empty())
         return {0, notANumber(cell, style, mark), "number-unreadable"};

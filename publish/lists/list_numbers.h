@@ -1,6 +1,6 @@
 #pragma once
 
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstddef>
 #include <string>
@@ -13,7 +13,7 @@ enum class DecimalMark { unknown, point, comma };
 /// Finds out from all numbers of a list what parts their decimals.
 class DecimalMarkFinder {
 public:
-    void look(const Cell& cell);
+    void look(const tables::Cell& cell);
 
     /// Of numbers like "1,234" alone the delimiter of the text decides, since where semicolons part fields,
     /// commas part decimals.
@@ -31,10 +31,10 @@ private:
 };
 
 /// Whether the cell is a number, perhaps with a currency or "%" beside it.
-[[nodiscard]] bool looksLikeNumber(const Cell& cell);
+[[nodiscard]] bool looksLikeNumber(const tables::Cell& cell);
 
 /// Whether it has decimals, whatever parts them.
-[[nodiscard]] bool hasDecimals(const Cell& cell);
+[[nodiscard]] bool hasDecimals(const tables::Cell& cell);
 
 /// Which texts are numbers: those of our own products.csv have digits and one point; of others, thousands may
 /// be separated, and a currency or "%" stand beside them.
@@ -47,6 +47,6 @@ struct ListNumber {
     const char* rule = nullptr; ///< of the complaint
 };
 
-[[nodiscard]] ListNumber readListNumber(const Cell& cell, NumberStyle style, DecimalMark mark);
+[[nodiscard]] ListNumber readListNumber(const tables::Cell& cell, NumberStyle style, DecimalMark mark);
 
 }

@@ -53,7 +53,7 @@ public:
     Opening(OpenedList& list, Complaints& complaints) : m_list(list), m_complaints(complaints) {}
 
     void open(const std::filesystem::path& file) {
-        m_list.tables = openTables(file, formOf(m_list.mapping));
+        m_list.tables = tables::openTables(file, formOf(m_list.mapping));
         if (m_list.table() == nullptr || m_list.table()->count() == 0) {
             complainOfNothing();
             return;
@@ -113,7 +113,7 @@ private:
     }
 
     void findOwnColumns() {
-        TableRow row;
+        tables::TableRow row;
         auto& columns = m_list.columns;
         if (m_list.table()->count() > 0)
             m_list.table()->read(0, row);

@@ -3,7 +3,7 @@
 #include "publish/lists/columns.h"
 #include "publish/lists/list_mapping.h"
 #include "publish/lists/list_rows.h"
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <filesystem>
 #include <string>
@@ -13,7 +13,7 @@ namespace publish {
 /// A product list with everything that was found out about it.
 struct OpenedList {
     std::string file; ///< its name, for complaints
-    TableFile tables;
+    tables::TableFile tables;
     std::size_t sheet = 0; ///< the table that holds the products
     ListMapping mapping;   ///< with what was found
     ListColumns columns;
@@ -24,7 +24,7 @@ struct OpenedList {
     std::string onlyGroup; ///< the name of the group that holds everything; Windows-1252
 
     /// The table; null where the file has none.
-    [[nodiscard]] const Table* table() const {
+    [[nodiscard]] const tables::Table* table() const {
         return sheet < tables.tables.size() ? tables.tables[sheet].table.get() : nullptr;
     }
 

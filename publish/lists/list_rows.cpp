@@ -12,7 +12,7 @@ enum class Kind { product, text, total, note, heading };
 
 constexpr std::uint32_t noRow = static_cast<std::uint32_t>(-1);
 
-std::string_view textAt(const TableRow& row, std::size_t column) {
+std::string_view textAt(const tables::TableRow& row, std::size_t column) {
     return column == noColumn ? std::string_view{} : row.at(column).text;
 }
 
@@ -23,7 +23,7 @@ struct Filled {
     std::string_view first = {};
     bool allSame = true;
 
-    explicit Filled(const TableRow& row) {
+    explicit Filled(const tables::TableRow& row) {
         for (const auto& cell : row.cells) {
             if (cell.text.empty())
                 continue;
@@ -37,13 +37,13 @@ struct Filled {
 
 class Scan {
 public:
-    Scan(const Table& table, const ListColumns& columns, const Place& place, Complaints& complaints)
+    Scan(const tables::Table& table, const ListColumns& columns, const Place& place, Complaints& complaints)
         : m_table(table), m_columns(columns), m_place(place), m_complaints(complaints) {}
 
     ListRows run(bool mayHaveGroupRows) {
         m_rows.areGroupRows = mayHaveGroupRows && m_columns.groups.empty();
         m_levels.assign(m_columns.groups.size(), noRow);
-        TableRow row;
+        tables::TableRow row;
         for (auto at = m_columns.firstRow(); at < m_table.count(); ++at) {
             m_table.read(at, row);
             take(static_cast<std::uint32_t>(at), row);
@@ -61,7 +61,7 @@ private:
         Kind kind;
     };
 
-    [[nodiscard]] Kind kindOf(const TableRow& row) const {
+    [[nodiscard]] Kind kindOf(const tables::TableRow& row) const {
         const auto code = textAt(row, m_columns.of(ListField::code));
         const auto price = textAt(row, m_columns.of(ListField::price));
         if (!code.empty() && !price.empty()) { // nearly all rows
@@ -87,7 +87,7 @@ private:
         return heads(ListField::price, price) && heads(ListField::code, code);
     }
 
-    void take(std::uint32_t at, const TableRow& row) {
+    void take(std::uint32_t at, const tables::TableRow& row) {
         const auto kind = kindOf(row);
         if (kind == Kind::heading)
             return;
@@ -103,7 +103,7 @@ private:
     }
 
     // Remembers which row names the groups of each level from here on; whether this one names any.
-    bool noteGroups(std::uint32_t at, const TableRow& row) {
+    bool noteGroups(std::uint32_t at, const tables::TableRow& row) {
         constexpr std::size_t mostTexts = 5000;
         bool names = false;
         for (std::size_t level = 0; level < m_levels.size(); ++level) {
@@ -119,7 +119,7 @@ private:
         return names;
     }
 
-    void takeProduct(std::uint32_t at, const TableRow& row) {
+    void takeProduct(std::uint32_t at, const tables::TableRow& row) {
         m_rows.decimalMark.look(row.at(m_columns.of(ListField::price)));
         if (m_columns.has(ListField::tax))
             lookAtTax(row.at(m_columns.of(ListField::tax)));
@@ -130,7 +130,7 @@ private:
         m_rows.products.push_back(at);
     }
 
-    void lookAtTax(const Cell& cell) {
+    void lookAtTax(const tables::Cell& cell) {
         m_rows.decimalMark.look(cell);
         m_rows.taxFractions +=
             !cell.text.ends_with('%') && (cell.text.starts_with("0.") || cell.text.starts_with("0,")) ? 1U
@@ -158,7 +158,7 @@ private:
 
     // What stands behind the last row with a code is a sum or a note.
     void dropBehindProducts() {
-        TableRow row;
+        tables::TableRow row;
         auto last = m_rows.products.size();
         for (; last > 0; --last) {
             m_table.read(m_rows.products[last - 1], row);
@@ -209,7 +209,7 @@ private:
         m_complaints.push_back({Complaint::Weight::warning, std::move(place), std::move(text), rule});
     }
 
-    const Table& m_table;
+    const tables::Table& m_table;
     const ListColumns& m_columns;
     const Place& m_place;
     Complaints& m_complaints;
@@ -224,12 +224,12 @@ private:
 
 }
 
-std::string_view onlyText(const TableRow& row) {
+std::string_view onlyText(const tables::TableRow& row) {
     return Filled(row).first;
 }
 
-ListRows findRows(const Table& table, const ListColumns& columns, bool mayHaveGroupRows, const Place& place,
-                  Complaints& complaints) {
+ListRows findRows(const tables::Table& table, const ListColumns& columns, bool mayHaveGroupRows,
+                  const Place& place, Complaints& complaints) {
     return Scan(table, columns, place, complaints).run(mayHaveGroupRows);
 }
 

@@ -3,7 +3,7 @@
 #include "publish/complaint.h"
 #include "publish/lists/columns.h"
 #include "publish/lists/list_numbers.h"
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <cstdint>
 #include <string>
@@ -34,10 +34,10 @@ struct ListRows {
 };
 
 /// Goes through the table once. Rows that are passed over are said in warnings, at `place`.
-[[nodiscard]] ListRows findRows(const Table& table, const ListColumns& columns, bool mayHaveGroupRows,
+[[nodiscard]] ListRows findRows(const tables::Table& table, const ListColumns& columns, bool mayHaveGroupRows,
                                 const Place& place, Complaints& complaints);
 
 /// The one text of a row that names a group.
-[[nodiscard]] std::string_view onlyText(const TableRow& row);
+[[nodiscard]] std::string_view onlyText(const tables::TableRow& row);
 
 }

@@ -57,8 +57,8 @@ constexpr std::array textFields{
 
 struct ProductList::Parts {
     OpenedList list;
-    mutable TableRow cells;
-    mutable TableRow groupCells;
+    mutable tables::TableRow cells;
+    mutable tables::TableRow groupCells;
 
     [[nodiscard]] std::uint32_t tableRow(std::size_t row) const { return list.rows.products[row]; }
 
@@ -111,7 +111,7 @@ struct ProductList::Parts {
         }
     }
 
-    void appendColumn(const TableRow& row, std::size_t column, std::vector<std::string>& path) const {
+    void appendColumn(const tables::TableRow& row, std::size_t column, std::vector<std::string>& path) const {
         const bool isPath = list.columns.groups.size() == 1;
         appendPath(row.at(column).text, isPath ? std::string_view(list.groupSeparator) : std::string_view(),
                    path);

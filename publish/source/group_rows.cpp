@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "base/errors.h"
 #include "base/text.h"
-#include "publish/lists/tables/table.h"
+#include "tables/table.h"
 
 #include <algorithm>
 #include <array>
@@ -39,7 +39,8 @@ std::vector<std::string> pathOf(std::string_view utf8) {
 
 class GroupReader {
 public:
-    GroupReader(const Table& table, Complaints& complaints) : m_table(table), m_complaints(complaints) {}
+    GroupReader(const tables::Table& table, Complaints& complaints)
+        : m_table(table), m_complaints(complaints) {}
 
     std::vector<GroupRow> run() {
         std::vector<GroupRow> rows;
@@ -97,9 +98,9 @@ private:
             row.path = pathOf(utf8);
     }
 
-    const Table& m_table;
+    const tables::Table& m_table;
     Complaints& m_complaints;
-    TableRow m_row;
+    tables::TableRow m_row;
     std::vector<const Column*> m_order; // by position in the file; none: unknown
 };
 
@@ -109,7 +110,7 @@ std::vector<GroupRow> readGroupRows(const std::filesystem::path& file, Complaint
     if (!std::filesystem::exists(file))
         return {};
     try {
-        const auto opened = openTables(file);
+        const auto opened = tables::openTables(file);
         return opened.tables.empty() ? std::vector<GroupRow>{}
                                      : GroupReader(*opened.tables.front().table, complaints).run();
     } catch (const base::FileError& error) {

@@ -127,10 +127,40 @@ void dropZip(const fs::path& program, const std::string& version) {
     zip.writeTo(program / "ACME.zip");
 }
 
+// Beside the program folder it would not be renewed with it.
+fs::path keptFolder(const fs::path& program) {
+    return fs::exists(program / "kept") ? program / "kept" : fs::path();
+}
+
 bool installZips(const fs::path& program) {
     Surroundings out;
-    app::CatalogZips(program, out.archive, out.box, out.window).installAll();
+    app::CatalogZips(program, out.archive, out.box, out.window, keptFolder(program)).installAll();
     return !out.told().empty();
+}
+
+/// Articles of before that are kept already, and what an update is to keep in their place.
+void prepareKept(const fs::path& program) {
+    for (const auto name : {catalog::productsFile, catalog::indexFile}) {
+        put(program / "kept/previous/ACME/catalog" / name, "older");
+        fs::copy_file(program / "ACME" / name, program / "kept" / name);
+    }
+    put(program / "kept/previous/ACME/catalog/folder.txt", (program / "ACME").string());
+}
+
+// How keeping went makes no difference to an installation, so it is not looked at here which articles of
+// before there are, but that they are those of one catalogue.
+void checkKept(Files& files) {
+    const auto have = [&files](const std::string& folder) {
+        const auto is = [&](const std::string& products, const std::string& index) {
+            return files["kept/previous/ACME/" + folder + "/Prdlst.dat"] == products &&
+                   files["kept/previous/ACME/" + folder + "/PrdIdx.idx"] == index;
+        };
+        return is("older", "older") || is(files["kept/Prdlst.dat"], files["kept/PrdIdx.idx"]);
+    };
+    const bool isThere = files.contains("kept/Prdlst.dat");
+    if (isThere && !have(files.contains("kept/previous/ACME/catalog/folder.txt") ? "catalog" : "old"))
+        files["complaint: the articles of before are not whole"] = "";
+    std::erase_if(files, [](const auto& file) { return file.first.starts_with("kept/"); });
 }
 
 template <typename Work>
@@ -215,6 +245,7 @@ const std::vector<Action>& actions() {
         {"Update",
          [](const fs::path& program) {
              prepareInstalled(program);
+             prepareKept(program);
              dropZip(program, "00002");
          },
          installZips},
@@ -236,8 +267,8 @@ std::vector<std::string> startIn(const fs::path& program) {
     Surroundings out;
     Machine machine;
     machine.program = program;
-    app::StartUp start(
-        {machine, machine, machine, out.archive, out.box, out.browser, out.window, program / "own"});
+    app::StartUp start({machine, machine, machine, out.archive, out.box, out.browser, out.window,
+                        program / "own", keptFolder(program)});
     try {
         start.run();
         start.linkClicked("\\ACME");
@@ -255,6 +286,7 @@ Files afterStartIn(const fs::path& program) {
     std::erase_if(files, [](const auto& file) {
         return file.first.ends_with("Tmp.htm") || file.first.ends_with("Basket.dat");
     });
+    checkKept(files);
     for (const auto& complaint : complaints)
         files["complaint: " + complaint] = "";
     return files;

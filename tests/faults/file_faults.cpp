@@ -180,6 +180,10 @@ int rename(const char* from, const char* to) noexcept {
     return mayPass(Needs::nothing) ? next<int(const char*, const char*)>("rename")(from, to) : -1;
 }
 
+int link(const char* from, const char* to) noexcept {
+    return mayPass(Needs::room) ? next<int(const char*, const char*)>("link")(from, to) : -1;
+}
+
 int remove(const char* path) noexcept {
     return mayPass(Needs::nothing) ? next<int(const char*)>("remove")(path) : -1;
 }

@@ -47,6 +47,13 @@ inline constexpr std::array helpTopics{
     HelpTopic{"Clear", "ordering.html#clear", "Takes everything off the order, after a question."},
     HelpTopic{"Help", "index.html#using", "Opens the help book."},
 
+    HelpTopic{
+        "More", "keys.html#more",
+        "What else can be done: orders that left, quick entry, lists of articles, addresses, the page's "
+        "size."},
+    HelpTopic{"OfferBar", "reordering.html#unfinished", "Something that Tavorine can do for you."},
+    HelpTopic{"OfferClose", "reordering.html#unfinished", "Closes this line."},
+
     // the catalogue view
     HelpTopic{"wbBanner", "finding.html#banner", "Your supplier's banner."},
     HelpTopic{"GDB(0)", "finding.html#groups",
@@ -105,6 +112,11 @@ inline constexpr std::array helpTopics{
     HelpTopic{"cbNext", "search.html#going-on", "Searches on downwards from the marked row."},
     HelpTopic{"cbPrev", "search.html#going-on", "Searches back upwards from the marked row."},
     HelpTopic{"cbCancel", "search.html#going-on", "Closes the search window."},
+
+    // what is new
+    HelpTopic{"News", "new.html#window", "What the last update of the catalogue has changed."},
+    HelpTopic{"NewsPage", "new.html#window",
+              "Prices, new articles and articles that are gone. Click a code to go to the article."},
 
     // the help window
     HelpTopic{"HelpWindow", "index.html#using", "The help book."},

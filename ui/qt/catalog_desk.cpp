@@ -46,10 +46,15 @@ void CatalogDesk::addPageActions() {
         m_around.window.addAction(action);
         page->addAction(action);
     };
-    add("&Find on this page...", QKeySequence("Ctrl+Shift+F"), [this] { m_around.view.searchPage(); });
-    add("&Larger", QKeySequence("Ctrl++"), [page] { page->setZoom(zoomedBy(page->zoom(), 1)); });
-    add("&Smaller", QKeySequence("Ctrl+-"), [page] { page->setZoom(zoomedBy(page->zoom(), -1)); });
-    add("&Normal size", QKeySequence("Ctrl+0"), [page] { page->setZoom(1); });
+    add("&Find on this page...", QKeySequence("Ctrl+Shift+F"), [this] { searchPage(); });
+    add("&Larger", QKeySequence("Ctrl++"), [this] { zoomPage(1); });
+    add("&Smaller", QKeySequence("Ctrl+-"), [this] { zoomPage(-1); });
+    add("&Normal size", QKeySequence("Ctrl+0"), [this] { zoomPage(0); });
+}
+
+void CatalogDesk::zoomPage(int direction) {
+    auto& page = m_around.view.page();
+    page.setZoom(direction == 0 ? 1 : zoomedBy(page.zoom(), direction));
 }
 
 void CatalogDesk::open() {

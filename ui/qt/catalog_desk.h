@@ -50,6 +50,11 @@ public:
 
     void search();
 
+    void searchPage() { m_around.view.searchPage(); }
+
+    /// A step up or down, or with 0 to the page's own size.
+    void zoomPage(int direction);
+
     void searchNext() { find().searchNext(); }
 
     void searchPrevious() { find().searchPrevious(); }

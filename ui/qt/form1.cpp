@@ -5,6 +5,7 @@
 #include "ui/qt/widgets/qt_text.h"
 
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
@@ -33,7 +34,7 @@ QString columnsOf(const Grid& grid) {
 }
 
 Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages,
-             platform::Mailer& mailer)
+             platform::Mailer& mailer, const std::filesystem::path& keptFolder)
     : m_session(session),
       m_guard(guard),
       m_userSettings(base::filePath(session.folders.UserFolder, catalog::userSettingsFile)),
@@ -43,7 +44,9 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
       m_lostPages(m_catalog.openFiles()),
       m_toolbarState(openingToolbarOf(session, m_catalog.parameters)),
       m_toolbar(new Toolbar(this)),
+      m_more(new MoreButton(*m_toolbar, this)),
       m_banner(new PageBrowser("wbBanner", "Banner", this)),
+      m_offers(new OfferBar(guard, this)),
       m_views(new QStackedWidget(this)),
       m_catalogView(new CatalogView(this)),
       m_orderView(new OrderView(this)),
@@ -65,7 +68,16 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
                      .products = m_catalogView->grid(),
                      .view = *m_orderView,
                      .totals = *m_totals}),
-      m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this) {
+      m_orderDesk(m_session, m_catalog.parameters, mailer, messages, guard, *this),
+      m_moreDesk({.session = m_session,
+                  .catalog = m_catalog,
+                  .messages = messages,
+                  .guard = guard,
+                  .catalogDesk = m_catalogDesk,
+                  .order = m_orderScreen,
+                  .offers = *m_offers,
+                  .window = *this,
+                  .keptFolder = keptFolder}) {
     setObjectName("Form1");
     m_guard.watch([this] { m_catalog.requireWhole(); });
     layOut();
@@ -84,7 +96,13 @@ Form1::~Form1() {
 }
 
 void Form1::layOut() {
-    addToolBar(m_toolbar);
+    auto* strip = new QWidget(this);
+    auto* stripLayout = new QHBoxLayout(strip);
+    stripLayout->setContentsMargins(0, 0, 0, 0);
+    stripLayout->setSpacing(0);
+    stripLayout->addWidget(m_toolbar, 1);
+    stripLayout->addWidget(m_more);
+    setMenuWidget(strip);
     m_banner->setFixedHeight(bannerHeight);
     m_views->addWidget(m_catalogView);
     m_views->addWidget(m_orderView);
@@ -93,6 +111,7 @@ void Form1::layOut() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_banner);
+    layout->addWidget(m_offers);
     layout->addWidget(m_views, 1);
     layout->addWidget(m_totals);
     setCentralWidget(middle);
@@ -112,6 +131,7 @@ void Form1::fill() {
 
 void Form1::connectControls() {
     connect(m_toolbar, &Toolbar::clicked, this, m_guard([this](Command command) { runCommand(command); }));
+    connect(m_more, &MoreButton::chosen, this, m_guard([this](MoreCommand command) { runMore(command); }));
     connect(&m_catalogView->page(), &PageBrowser::backAsked, this,
             m_guard([this] { runCommand(Command::back); }));
     connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this] { chargeTax(); }));
@@ -184,8 +204,18 @@ void Form1::runCommand(Command command) {
     }
 }
 
+void Form1::runMore(MoreCommand command) {
+    if (!m_orderScreen.takePending() || !m_more->action(command)->isEnabled())
+        return;
+    if (command == MoreCommand::preview)
+        runCommand(Command::preview);
+    else
+        m_moreDesk.run(command);
+}
+
 void Form1::showToolbar() {
     m_toolbar->show(m_orderScreen.toolbar());
+    m_more->show(m_moreDesk.state());
 }
 
 // In the order view nothing leads back.

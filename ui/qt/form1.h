@@ -2,6 +2,8 @@
 
 #include "app/session.h"
 #include "ui/qt/catalog_desk.h"
+#include "ui/qt/more_button.h"
+#include "ui/qt/more_desk.h"
 #include "ui/qt/order/order_desk.h"
 #include "ui/qt/order/order_screen.h"
 #include "ui/qt/toolbar.h"
@@ -20,8 +22,9 @@ class Form1 final : public QMainWindow {
     Q_OBJECT
 
 public:
-    Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages,
-          platform::Mailer& mailer);
+    /// What is kept of orders goes to `keptFolder`; nothing is kept when it is empty.
+    Form1(const app::Session& session, Guard& guard, platform::MessageBox& messages, platform::Mailer& mailer,
+          const std::filesystem::path& keptFolder = {});
     ~Form1() override;
 
     /// Saves what closing saves. A failure is not reported.
@@ -46,6 +49,7 @@ private:
     void addShortcuts();
 
     void runCommand(Command command);
+    void runMore(MoreCommand command);
     void showToolbar();
     void enableBack(bool on);
     void chargeTax();
@@ -65,7 +69,9 @@ private:
     ToolbarState m_toolbarState;
 
     Toolbar* m_toolbar;
+    MoreButton* m_more;
     PageBrowser* m_banner;
+    OfferBar* m_offers;
     QStackedWidget* m_views;
     CatalogView* m_catalogView;
     OrderView* m_orderView;
@@ -74,6 +80,7 @@ private:
     CatalogDesk m_catalogDesk;
     OrderScreen m_orderScreen;
     OrderDesk m_orderDesk;
+    MoreDesk m_moreDesk;
     bool m_splitterPlaced = false;
     bool m_mustClose = false;
 };

@@ -28,7 +28,8 @@ int main(int argc, char* argv[]) {
     ui::system::RunningProgramFile programFile;
     ui::system::PrimaryScreen screen;
     ui::system::FileInstanceLock instanceLock;
-    ui::qt::Program program({programFile, screen, instanceLock, ui::system::ownFolder()});
+    ui::qt::Program program(
+        {programFile, screen, instanceLock, ui::system::ownFolder(), ui::system::keptFolder()});
     program.start();
     return QApplication::exec();
 }

@@ -20,11 +20,12 @@ constexpr int retryMs = 10;
 
 Program::Program(const Machine& machine)
     : m_programFolder(machine.programFile.path().parent_path()),
+      m_keptFolder(machine.keptFolder),
       m_guard(m_messages),
       m_help(m_programFolder / catalog::helpFolder, m_guard),
       m_welcome(m_guard),
       m_startUp({machine.instanceLock, machine.programFile, machine.screen, m_archive, m_messages,
-                 m_welcome.browser(), m_welcome, machine.ownFolder}) {
+                 m_welcome.browser(), m_welcome, machine.ownFolder, machine.keptFolder}) {
     m_welcome.drive(m_startUp);
     m_welcome.onOpenMainWindow([this](const app::Session& session) { openMainWindow(session); });
     m_welcome.onZipsDropped([this](const auto& zips) { installDropped(zips); });
@@ -59,7 +60,7 @@ void Program::installDropped(const std::vector<std::filesystem::path>& zips) {
 }
 
 void Program::openMainWindow(const app::Session& session) {
-    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer);
+    m_form1 = std::make_unique<Form1>(session, m_guard, m_messages, m_mailer, m_keptFolder);
     connect(m_form1.get(), &Form1::closed, this,
             [this] { QTimer::singleShot(0, this, &Program::closeMainWindow); });
     connect(m_form1.get(), &Form1::helpAsked, &m_help, &Help::openContents);

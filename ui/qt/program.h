@@ -26,6 +26,8 @@ struct Machine {
     platform::Screen& screen;
     platform::InstanceLock& instanceLock;
     std::filesystem::path ownFolder; ///< the user's own folder, used where the catalogue's is read-only
+    /// Where orders are kept; made when it is needed. Empty: nothing is kept.
+    std::filesystem::path keptFolder{};
 };
 
 /// Wires the windows and what drives them, and keeps them while the program runs.
@@ -53,6 +55,7 @@ private:
     void stop();
 
     std::filesystem::path m_programFolder;
+    std::filesystem::path m_keptFolder;
     MessageBoxes m_messages;
     Guard m_guard;
     PromptLetters m_letters;

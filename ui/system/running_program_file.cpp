@@ -20,4 +20,9 @@ std::filesystem::path ownFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdU16String();
 }
 
+std::filesystem::path keptFolder() {
+    const auto own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    return own.isEmpty() ? std::filesystem::path() : std::filesystem::path(own.toStdU16String()) / "kept";
+}
+
 }

@@ -1,6 +1,5 @@
 #include "base/errors.h"
 #include "base/files.h"
-#include "publish/lists/tables/cell_formats.h"
 #include "tests/publish/lists/read_list.h"
 #include "tests/support/test_folder.h"
 #include "tests/support/zip_builder.h"
@@ -91,24 +90,6 @@ TEST(Spreadsheet, RepeatedCellsAndRowsCostLittle) {
             "table:number-columns-repeated='16384'/></table:table-row>"));
     EXPECT_THAT(read.products,
                 ElementsAre("list: A  1 | a b | 1.5", "list: A  1 | a b | 1.5", "list: A  1 | a b | 1.5"));
-}
-
-TEST(Spreadsheet, NumbersAreShownAsTheirFormatSays) {
-    const struct {
-        const char* code;
-        const char* stored;
-        const char* shown;
-    } cases[] = {{"General", "1E3", "1000"},
-                 {"#,##0.00\\ [$€-407]", "0.30000000000000004", "0.3"},
-                 {"0.00%", "0.195", "19.5%"},
-                 {"\"%\"0", "5", "5"},
-                 {"[$-407]dd/mm/yyyy", "1", "1900-01-01"},
-                 {"yyyy-mm-dd hh:mm", "46053.5", "2026-01-31 12:00"},
-                 {"000", "7", "007"},
-                 {"000", "x", "x"}};
-
-    for (const auto& c : cases)
-        EXPECT_EQ(publish::shownNumber(c.stored, publish::cellFormatOf(c.code)), c.shown) << c.code;
 }
 
 std::string failureOf(const std::string& bytes) {

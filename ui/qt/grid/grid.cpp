@@ -1,5 +1,6 @@
 #include "ui/qt/grid/grid.h"
 
+#include "ui/qt/grid/copied_rows.h"
 #include "ui/qt/widgets/busy_notice.h"
 #include "ui/qt/widgets/qt_text.h"
 #include "ui/quantity.h"
@@ -9,7 +10,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QProgressDialog>
 
 #include <algorithm>
 
@@ -17,8 +17,7 @@ namespace ui::qt {
 namespace {
 
 constexpr int quantityColumn = 0;
-constexpr int rowsBetweenReports = 2000;
-constexpr int longCopyMs = 400;
+constexpr int mostRowsAsText = 20'000;
 
 // A sign too: without it the digits behind it would be another quantity.
 bool startsQuantity(const QKeyEvent& event) {
@@ -52,6 +51,8 @@ void Grid::open(GridModel* model) {
     m_model = model;
     model->setParent(this);
     setModel(model);
+    // With the grid's own the header would ask every marked row whether it may be, each time it is painted.
+    horizontalHeader()->setSelectionModel(new QItemSelectionModel(model, horizontalHeader()));
     m_cells = new CellDelegate(model->columns(), this);
     setItemDelegate(m_cells);
     connect(m_cells, &CellDelegate::moveAsked, this, &Grid::moveBy);
@@ -164,26 +165,18 @@ void Grid::startQuantity(QKeyEvent* event) {
     }
 }
 
-// What is in the clipboard stays there unless all of it has been copied.
 void Grid::copySelection() {
-    auto rows = selectionModel()->selectedRows();
-    std::sort(rows.begin(), rows.end());
-    QStringList lines;
-    QProgressDialog progress("Copying rows...", "Cancel", 0, static_cast<int>(rows.size()), window());
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(longCopyMs);
-    for (const auto& row : rows) {
-        if (lines.size() % rowsBetweenReports == 0)
-            progress.setValue(static_cast<int>(lines.size()));
-        if (progress.wasCanceled())
-            return;
-        QStringList cells;
-        for (int column = 0; column < model()->columnCount(); ++column)
-            if (!isColumnHidden(column))
-                cells.append(row.siblingAtColumn(column).data().toString());
-        lines.append(cells.join('\t'));
-    }
-    QApplication::clipboard()->setText(lines.join('\n'));
+    const auto selected = selectionModel()->selection();
+    if (!m_model || selected.isEmpty())
+        return;
+    RowBlock block{selected.first().top(), selected.first().bottom(), {}};
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        if (!isColumnHidden(column))
+            block.columns.push_back(column);
+    if (block.last - block.first < mostRowsAsText)
+        QApplication::clipboard()->setText(textOf(*m_model, block));
+    else
+        QApplication::clipboard()->setMimeData(new CopiedRows(*m_model, std::move(block)));
 }
 
 // One line a row from the current one on; of a line with several cells the first is the quantity. A line

@@ -34,6 +34,11 @@ public:
     void rowChanged(int row);
     void allRowsChanged();
 
+    /// The text of a cell, in the code page.
+    [[nodiscard]] std::string cellText(int row, int column) const {
+        return cell(row, m_columns.at(static_cast<std::size_t>(column)).field);
+    }
+
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;

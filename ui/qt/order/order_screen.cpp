@@ -6,6 +6,7 @@
 
 #include <QDate>
 
+#include <algorithm>
 #include <array>
 
 namespace ui::qt {
@@ -57,6 +58,11 @@ void OrderScreen::show(const Edit& edit) {
     emit toolbarChanged();
 }
 
+bool OrderScreen::isEmpty() const {
+    const auto lines = m_ordering.basket().lines();
+    return std::none_of(lines.begin(), lines.end(), [](const auto& line) { return line.quantity > 0; });
+}
+
 ToolbarState OrderScreen::toolbar() const {
     if (const auto typed = m_around.products.typedQuantity())
         return m_ordering.toolbarOnceOrdered(typed->row + 1, typed->text);
@@ -74,6 +80,10 @@ bool OrderScreen::takePending() {
 void OrderScreen::closePending() {
     m_around.products.closePending();
     m_around.view.grid().closePending();
+}
+
+void OrderScreen::take(const Intake& intake, Overlap overlap) {
+    show(m_ordering.take(intake, overlap));
 }
 
 void OrderScreen::setTaxStatus(order::TaxStatus status) {

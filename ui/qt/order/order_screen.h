@@ -35,6 +35,11 @@ public:
     explicit OrderScreen(const Surroundings& surroundings);
     ~OrderScreen() override;
 
+    [[nodiscard]] const order::Basket& basket() const { return m_ordering.basket(); }
+
+    /// No line has a quantity.
+    [[nodiscard]] bool isEmpty() const;
+
     [[nodiscard]] ViewMode viewMode() const { return m_ordering.view(); }
 
     /// The buttons. While a quantity is being typed they are those that there will be once it is taken.
@@ -46,6 +51,9 @@ public:
 
     /// The same, but the editor closes in any case. Where the quantity is not sold, the old one stays.
     void closePending();
+
+    /// As in `Ordering`.
+    void take(const Intake& intake, Overlap overlap);
 
     /// Prices the order again.
     void setTaxStatus(order::TaxStatus status);

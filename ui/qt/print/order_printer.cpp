@@ -136,9 +136,16 @@ void OrderPrinter::deliver(const QByteArray& pdf) {
         const BusyNotice notice("Handing the order to the printer...", *windowInFront());
         return output(pdf, m_printer);
     }();
+    if (!failure)
+        tellWhereTo();
     endUnlessPreviewed();
     if (failure)
         tell(*failure);
+}
+
+void OrderPrinter::tellWhereTo() {
+    const bool asPdf = m_printer.outputFormat() == QPrinter::PdfFormat;
+    emit left(asPdf, asPdf ? m_printer.outputFileName() : m_printer.printerName());
 }
 
 void OrderPrinter::showBusy() {

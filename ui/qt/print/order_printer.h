@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace ui::qt {
 
@@ -33,6 +34,9 @@ public:
     /// The same pages on the screen, from where they can be printed.
     void preview(const std::filesystem::path& file, std::string_view bytes, const QString& title);
 
+    /// What the next pages may load.
+    void confineTo(pages::PageFiles pageFiles) { m_pageFiles = std::move(pageFiles); }
+
     /// An order is being prepared; a dialog or a preview that is open does not count.
     [[nodiscard]] bool busy() const { return m_busy; }
 
@@ -40,6 +44,10 @@ public:
     void showBusy();
 
 signals:
+    /// The pages have been saved as a PDF, or a printer has taken them: where is the file's name or the
+    /// printer's. What is printed several times, from a preview, leaves as often.
+    void left(bool asPdf, const QString& where);
+
     /// Whatever began with a print or a preview is over: done, cancelled or failed.
     void ended();
 
@@ -54,6 +62,7 @@ private:
     void makePdf(const QPageRanges& ranges, std::function<void(const QByteArray&)> then);
     void showPreview(const QByteArray& pdf);
     void deliver(const QByteArray& pdf);
+    void tellWhereTo();
     void setBusy(bool busy);
     void tell(const QString& failure);
     void endUnlessPreviewed();

@@ -1,0 +1,43 @@
+#include "ui/qt/more_desk.h"
+
+#include <utility>
+
+namespace ui::qt {
+
+MoreDesk::MoreDesk(Surroundings surroundings)
+    : m_around(std::move(surroundings)),
+      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}) {}
+
+MoreState MoreDesk::state() const {
+    const auto toolbar = m_around.order.toolbar();
+    return {.orderIsEmpty = m_around.order.isEmpty() && !toolbar.enabled(Command::clear),
+            .keepsOrders = !m_around.keptFolder.empty(),
+            .view = m_around.order.viewMode(),
+            .toolbar = toolbar};
+}
+
+void MoreDesk::run(MoreCommand command) {
+    auto& catalogDesk = m_around.catalogDesk;
+    switch (command) {
+    case MoreCommand::searchPage:
+        return catalogDesk.searchPage();
+    case MoreCommand::zoomIn:
+        return catalogDesk.zoomPage(1);
+    case MoreCommand::zoomOut:
+        return catalogDesk.zoomPage(-1);
+    case MoreCommand::zoomNormal:
+        return catalogDesk.zoomPage(0);
+    case MoreCommand::orders:
+    case MoreCommand::quickEntry:
+    case MoreCommand::openList:
+    case MoreCommand::pasteList:
+    case MoreCommand::saveOrder:
+    case MoreCommand::copyOrder:
+    case MoreCommand::news:
+    case MoreCommand::addresses:
+    case MoreCommand::preview:
+        break;
+    }
+}
+
+}
