@@ -6,7 +6,14 @@ namespace ui::qt {
 
 MoreDesk::MoreDesk(Surroundings surroundings)
     : m_around(std::move(surroundings)),
-      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}) {}
+      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}),
+      m_lists({.catalog = m_around.catalog,
+               .order = m_around.order,
+               .intake = m_intake,
+               .messages = m_around.messages,
+               .guard = m_around.guard,
+               .window = m_around.window,
+               .say = [this](const QString& sentence) { m_around.offers.say(sentence); }}) {}
 
 MoreState MoreDesk::state() const {
     const auto toolbar = m_around.order.toolbar();
@@ -27,12 +34,16 @@ void MoreDesk::run(MoreCommand command) {
         return catalogDesk.zoomPage(-1);
     case MoreCommand::zoomNormal:
         return catalogDesk.zoomPage(0);
+    case MoreCommand::openList:
+        return m_lists.openList();
+    case MoreCommand::pasteList:
+        return m_lists.pasteList();
+    case MoreCommand::saveOrder:
+        return m_lists.saveOrder();
+    case MoreCommand::copyOrder:
+        return m_lists.copyOrder();
     case MoreCommand::orders:
     case MoreCommand::quickEntry:
-    case MoreCommand::openList:
-    case MoreCommand::pasteList:
-    case MoreCommand::saveOrder:
-    case MoreCommand::copyOrder:
     case MoreCommand::news:
     case MoreCommand::addresses:
     case MoreCommand::preview:

@@ -4,6 +4,7 @@
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
 #include "ui/qt/entry/intake_desk.h"
+#include "ui/qt/entry/list_desk.h"
 #include "ui/qt/keep/offer_bar.h"
 #include "ui/qt/order/order_screen.h"
 
@@ -42,6 +43,7 @@ public:
 private:
     Surroundings m_around;
     IntakeDesk m_intake;
+    ListDesk m_lists;
 };
 
 }
