@@ -46,9 +46,9 @@ private:
     // What is wrong with the line; nothing when it was gathered.
     std::optional<std::string> refusal(const WantedLine& line) {
         const auto code = base::trim(line.code);
-        if (code.empty())
+        const auto product = isStillAt(line.record, code) ? line.record : productOf(code);
+        if (code.empty() && product == 0)
             return "No code";
-        const auto product = productOf(code);
         if (product == 0)
             return "No article has this code";
         if (!m_catalog.products.at(product).isProduct())
@@ -57,6 +57,11 @@ private:
         if (m_catalog.products.at(product).price() < 0)
             return "Its price is below 0";
         return gather(product, base::trim(line.quantity), line.price);
+    }
+
+    [[nodiscard]] bool isStillAt(std::int32_t record, std::string_view code) const {
+        return record >= 1 && record <= m_catalog.products.count() &&
+               m_catalog.products.at(record).isProduct() && m_catalog.products.at(record).code() == code;
     }
 
     [[nodiscard]] std::int32_t productOf(std::string_view code) const {

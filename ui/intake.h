@@ -20,6 +20,7 @@ struct WantedLine {
     std::string description;      ///< as it was then; empty where nobody knows
     std::optional<float> price{}; ///< without tax, as it was then
     std::size_t place = 0;        ///< its line in the list, from 1; 0 for none
+    std::int32_t record = 0;      ///< of an article that had this code then; 0 where nobody knows
 };
 
 /// A line that can be ordered.
@@ -50,8 +51,9 @@ struct Intake {
 };
 
 /// Codes are found as links find them, in any letter case and cut to 20 bytes; blanks around them do not
-/// count, and a longer one must be the article's whole code. Nothing is guessed: a code that lost its zeros
-/// in a spreadsheet is not found. A file of the catalogue that is not whole any more throws
+/// count, and a longer one must be the article's whole code. Of several articles with one code, and of those
+/// without one, the line's record is the one, where it still has that code. Nothing is guessed: a code that
+/// lost its zeros in a spreadsheet is not found. A file of the catalogue that is not whole any more throws
 /// base::DamagedFile.
 [[nodiscard]] Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,
                                 std::span<const WantedLine> lines);

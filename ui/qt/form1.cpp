@@ -79,6 +79,8 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
                   .window = *this,
                   .keptFolder = keptFolder}) {
     setObjectName("Form1");
+    if (!keptFolder.empty())
+        m_orderDesk.keepWith(m_moreDesk);
     m_guard.watch([this] { m_catalog.requireWhole(); });
     layOut();
     fill();
@@ -113,7 +115,9 @@ void Form1::layOut() {
     layout->addWidget(m_banner);
     layout->addWidget(m_offers);
     layout->addWidget(m_views, 1);
+    layout->addWidget(&m_moreDesk.quickEntry());
     layout->addWidget(m_totals);
+    setTabOrder(&m_moreDesk.quickEntry().lastControl(), &m_totals->exempt());
     setCentralWidget(middle);
     m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
@@ -160,6 +164,7 @@ void Form1::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, [this] {
         m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read(catalog::setting::splitTop)));
     });
+    QTimer::singleShot(0, this, m_guard([this] { m_moreDesk.opened(); }));
 }
 
 // A quantity that is still being typed counts, and it may be the one that leaves a command nothing to do. One
@@ -276,12 +281,14 @@ void Form1::closeEvent(QCloseEvent* event) {
         saveSettings();
         m_orderScreen.tellFailure();
     });
+    m_offers->closeAll();
     event->accept();
     emit closed();
 }
 
 void Form1::saveSettings() {
     m_orderScreen.closePending();
+    m_moreDesk.save();
     m_userSettings.write(catalog::setting::splitTop,
                          base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     m_orderScreen.saveDetails();

@@ -3,10 +3,42 @@
 #include <utility>
 
 namespace ui::qt {
+namespace {
+
+constexpr auto unfinishedFolder = "unfinished";
+
+order::JournalOwner ownerOf(const app::Session& session, const catalog::Parameters& parameters) {
+    return {session.SelectedSupplier, parameters.text(catalog::ParameterText::catalogName),
+            session.folders.DataFolder};
+}
+
+}
 
 MoreDesk::MoreDesk(Surroundings surroundings)
     : m_around(std::move(surroundings)),
-      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}) {}
+      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}),
+      m_quickEntry(new QuickEntryBar(m_around.catalog, m_around.order, m_around.guard, &m_around.window)) {
+    if (!m_around.keptFolder.empty())
+        m_keeping.emplace(OrderKeeping::Surroundings{m_around.catalog, m_around.order, m_around.offers,
+                                                     m_intake, m_around.guard},
+                          ownerOf(m_around.session, m_around.catalog.parameters),
+                          m_around.keptFolder / unfinishedFolder);
+}
+
+void MoreDesk::opened() {
+    if (m_keeping)
+        m_keeping->look();
+}
+
+void MoreDesk::save() {
+    if (m_keeping)
+        m_keeping->flush();
+}
+
+void MoreDesk::left(order::KeptOrder order) {
+    if (m_keeping)
+        m_keeping->orderLeft(order.contents);
+}
 
 MoreState MoreDesk::state() const {
     const auto toolbar = m_around.order.toolbar();
@@ -27,8 +59,9 @@ void MoreDesk::run(MoreCommand command) {
         return catalogDesk.zoomPage(-1);
     case MoreCommand::zoomNormal:
         return catalogDesk.zoomPage(0);
-    case MoreCommand::orders:
     case MoreCommand::quickEntry:
+        return m_quickEntry->open();
+    case MoreCommand::orders:
     case MoreCommand::openList:
     case MoreCommand::pasteList:
     case MoreCommand::saveOrder:

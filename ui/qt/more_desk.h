@@ -1,21 +1,24 @@
 #pragma once
 
 #include "app/session.h"
+#include "order/kept/order_keeper.h"
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
 #include "ui/qt/entry/intake_desk.h"
-#include "ui/qt/keep/offer_bar.h"
+#include "ui/qt/entry/quick_entry_bar.h"
+#include "ui/qt/keep/order_keeping.h"
 #include "ui/qt/order/order_screen.h"
 
 #include <QObject>
 
 #include <filesystem>
+#include <optional>
 
 namespace ui::qt {
 
 /// What the main window offers beside looking and ordering: orders are kept and come back, lists go in and
 /// out, news are told. Each has a room and an object of its own; here they get what they need of the window.
-class MoreDesk final : public QObject {
+class MoreDesk final : public QObject, public order::OrderKeeper {
     Q_OBJECT
 
 public:
@@ -34,7 +37,17 @@ public:
 
     explicit MoreDesk(Surroundings surroundings);
 
+    [[nodiscard]] QuickEntryBar& quickEntry() { return *m_quickEntry; }
+
+    /// The window has been painted: what is there from earlier days is offered now.
+    void opened();
+
     void run(MoreCommand command);
+
+    /// Writes what is kept of the order that is being typed.
+    void save();
+
+    void left(order::KeptOrder order) override;
 
     /// What can be done now.
     [[nodiscard]] MoreState state() const;
@@ -42,6 +55,8 @@ public:
 private:
     Surroundings m_around;
     IntakeDesk m_intake;
+    QuickEntryBar* m_quickEntry;           // a part of the window
+    std::optional<OrderKeeping> m_keeping; // where there is a folder to keep it in
 };
 
 }
