@@ -45,8 +45,10 @@ private:
 
     // What is wrong with the line; nothing when it was gathered.
     std::optional<std::string> refusal(const WantedLine& line) {
+        if (!line.unclear.empty())
+            return line.unclear;
         const auto code = base::trim(line.code);
-        const auto product = isStillAt(line.record, code) ? line.record : productOf(code);
+        const auto product = isStillAt(line.record, code) ? line.record : recordOfCode(m_catalog, code);
         if (code.empty() && product == 0)
             return "No code";
         if (product == 0)
@@ -62,15 +64,6 @@ private:
     [[nodiscard]] bool isStillAt(std::int32_t record, std::string_view code) const {
         return record >= 1 && record <= m_catalog.products.count() &&
                m_catalog.products.at(record).isProduct() && m_catalog.products.at(record).code() == code;
-    }
-
-    [[nodiscard]] std::int32_t productOf(std::string_view code) const {
-        const auto product = m_catalog.codes.find(code);
-        if (product < 1 || product > m_catalog.products.count())
-            return 0;
-        const bool whole =
-            code.size() <= keyLength || base::equalIgnoringCase(m_catalog.products.at(product).code(), code);
-        return whole ? product : 0;
     }
 
     std::optional<std::string> gather(std::int32_t product, std::string_view quantity,
@@ -117,6 +110,16 @@ private:
     std::unordered_map<std::int32_t, std::size_t> m_places; // of products in the lines gathered
 };
 
+}
+
+std::int32_t recordOfCode(const catalog::Catalog& catalog, std::string_view code) {
+    const auto trimmed = base::trim(code);
+    const auto record = trimmed.empty() ? 0 : catalog.codes.find(trimmed);
+    if (record < 1 || record > catalog.products.count())
+        return 0;
+    const bool whole =
+        trimmed.size() <= keyLength || base::equalIgnoringCase(catalog.products.at(record).code(), trimmed);
+    return whole ? record : 0;
 }
 
 Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,

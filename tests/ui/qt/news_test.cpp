@@ -5,7 +5,6 @@
 #include "tour/script.h"
 #include "ui/qt/news/news_desk.h"
 
-#include <QPointer>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -41,8 +40,9 @@ protected:
 
     static QWebEngineView* page() { return visible<QWebEngineView>("NewsPage"); }
 
-    static bool comesUp(const QString& text) {
-        return QTest::qWaitFor([&] { return page() && pageText(*page()).contains(text); }, 20000);
+    void whenShown(const QString& text, std::function<void()> act) {
+        script.when(
+            text, [text] { return page() && pageText(*page()).contains(text); }, std::move(act));
     }
 
     fs::path folder = support::testFolder();
@@ -53,6 +53,7 @@ protected:
     support::FakeMessageBox box{journal};
     ui::qt::Guard guard{box};
     QWidget window;
+    Script script;
     std::int32_t chosen = 0;
 };
 
@@ -60,17 +61,22 @@ TEST_F(NewsTest, AreOfferedOnceAndLeadToTheirArticles) {
     auto desk = newDesk();
     EXPECT_TRUE(desk->offered());
     desk->show();
-    ASSERT_TRUE(comesUp("2 prices up, 1 new article, 1 gone since " + desk->since()));
-    EXPECT_FALSE(desk->offered());
-    EXPECT_TRUE(desk->available());
-    const auto text = pageText(*page());
-    EXPECT_LT(text.indexOf("Nut"), text.indexOf("Bolt")) << "was ordered before";
-    clickInPage(*page(), "a[href*='%C4']");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return chosen == 2; }, 5000));
-    auto* news = visibleWidget("News");
-    activate(*news);
-    QTest::keyClick(news->windowHandle(), Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return visibleWidget("News") == nullptr; }, 5000));
+    whenShown("2 prices up, 1 new article, 1 gone since " + desk->since(), [&] {
+        EXPECT_FALSE(desk->offered());
+        EXPECT_TRUE(desk->available());
+        const auto text = pageText(*page());
+        EXPECT_LT(text.indexOf("Nut"), text.indexOf("Bolt")) << "was ordered before";
+        clickInPage(*page(), "a[href*='%C4']");
+    });
+    script.when(
+        "the article", [this] { return chosen == 2; },
+        [] {
+            activate(*visibleWidget("News"));
+            QTest::keyClick(visibleWidget("News")->windowHandle(), Qt::Key_Escape);
+        });
+    script.when(
+        "no window", [] { return visibleWidget("News") == nullptr; }, [] {});
+    EXPECT_TRUE(script.run());
     EXPECT_TRUE(journal.take().empty());
 }
 
@@ -78,12 +84,14 @@ TEST_F(NewsTest, SayInTheWindowWhatIsWrong) {
     base::replaceFile(before / "PrdIdx.idx", std::string(24, 'x') + std::string(24, 'a'));
     auto desk = newDesk();
     desk->show();
-    EXPECT_TRUE(comesUp("PrdIdx.idx is damaged"));
-    fs::remove_all(before);
-    desk = newDesk();
-    EXPECT_FALSE(desk->available());
-    desk->show();
-    EXPECT_TRUE(comesUp("no earlier catalogue"));
+    whenShown("PrdIdx.idx is damaged", [&] {
+        fs::remove_all(before);
+        desk = newDesk();
+        EXPECT_FALSE(desk->available());
+        desk->show();
+    });
+    whenShown("no earlier catalogue", [] {});
+    EXPECT_TRUE(script.run());
 }
 
 // Whenever the window goes, the comparison has ended first.

@@ -20,7 +20,7 @@ std::vector<WantedLine> wantedOf(const order::UnfinishedOrder& order) {
                          .quantity = base::textOf(line.quantity),
                          .description = line.description,
                          .price = line.price,
-                         .place = 0,
+
                          .record = line.record});
     return lines;
 }
