@@ -48,6 +48,9 @@ public:
 
     [[nodiscard]] const std::vector<OrderRow>& orderRows() const { return m_rows; }
 
+    /// As the order grid's rows would be if it were filled now.
+    [[nodiscard]] std::vector<OrderRow> rowsNow() const;
+
     /// The texts of `lbTotOrd` and `lbTotTax`.
     [[nodiscard]] std::string orderLabel() const;
     [[nodiscard]] std::string taxLabel() const;
@@ -86,7 +89,6 @@ private:
         RowColour colour = RowColour::white;
     };
 
-    void fillRows();
     void forgetLines();
     void showTotals();
 

@@ -17,6 +17,13 @@ order::JournalOwner ownerOf(const app::Session& session, const catalog::Paramete
 MoreDesk::MoreDesk(Surroundings surroundings)
     : m_around(std::move(surroundings)),
       m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}),
+      m_lists({.catalog = m_around.catalog,
+               .order = m_around.order,
+               .intake = m_intake,
+               .messages = m_around.messages,
+               .guard = m_around.guard,
+               .window = m_around.window,
+               .say = [this](const QString& sentence) { m_around.offers.say(sentence); }}),
       m_quickEntry(new QuickEntryBar(m_around.catalog, m_around.order, m_around.guard, &m_around.window)) {
     if (!m_around.keptFolder.empty())
         m_keeping.emplace(OrderKeeping::Surroundings{m_around.catalog, m_around.order, m_around.offers,
@@ -61,11 +68,15 @@ void MoreDesk::run(MoreCommand command) {
         return catalogDesk.zoomPage(0);
     case MoreCommand::quickEntry:
         return m_quickEntry->open();
-    case MoreCommand::orders:
     case MoreCommand::openList:
+        return m_lists.openList();
     case MoreCommand::pasteList:
+        return m_lists.pasteList();
     case MoreCommand::saveOrder:
+        return m_lists.saveOrder();
     case MoreCommand::copyOrder:
+        return m_lists.copyOrder();
+    case MoreCommand::orders:
     case MoreCommand::news:
     case MoreCommand::addresses:
     case MoreCommand::preview:

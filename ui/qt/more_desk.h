@@ -5,6 +5,7 @@
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
 #include "ui/qt/entry/intake_desk.h"
+#include "ui/qt/entry/list_desk.h"
 #include "ui/qt/entry/quick_entry_bar.h"
 #include "ui/qt/keep/order_keeping.h"
 #include "ui/qt/order/order_screen.h"
@@ -55,6 +56,7 @@ public:
 private:
     Surroundings m_around;
     IntakeDesk m_intake;
+    ListDesk m_lists;
     QuickEntryBar* m_quickEntry;           // a part of the window
     std::optional<OrderKeeping> m_keeping; // where there is a folder to keep it in
 };

@@ -71,6 +71,12 @@ public:
     /// Everything that an order document says, as it stands in the boxes now.
     [[nodiscard]] order::OrderContents contents();
 
+    /// The lines as they are now, whichever view is up.
+    [[nodiscard]] std::vector<OrderRow> rowsNow() const { return m_ordering.rowsNow(); }
+
+    /// Of `txOrdNo`.
+    [[nodiscard]] QString orderNumber() const;
+
     /// Shows no failure, which `tellFailure` does.
     void saveDetails();
 
