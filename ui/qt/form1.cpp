@@ -137,6 +137,8 @@ void Form1::connectControls() {
     connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this] { chargeTax(); }));
     connect(&m_catalogDesk, &CatalogDesk::backChanged, this, &Form1::enableBack);
     connect(&m_orderScreen, &OrderScreen::toolbarChanged, this, &Form1::showToolbar);
+    connect(&m_moreDesk, &MoreDesk::articleChosen, this,
+            m_guard([this](std::int32_t record) { showArticle(record); }));
     addShortcuts();
 }
 
@@ -244,6 +246,14 @@ void Form1::showPriceList() {
     showCatalogView();
 }
 
+void Form1::showArticle(std::int32_t record) {
+    if (!m_orderScreen.takePending())
+        return;
+    if (m_orderScreen.viewMode() == ViewMode::order)
+        showPriceList();
+    m_catalogDesk.goTo(record);
+}
+
 void Form1::clearOrder() {
     const bool wasInOrderView = m_orderScreen.viewMode() == ViewMode::order;
     if (m_orderScreen.clear(m_catalogDesk.historySize()) && wasInOrderView)
@@ -286,6 +296,7 @@ void Form1::saveSettings() {
                          base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     m_orderScreen.saveDetails();
     m_catalogDesk.closeSearch();
+    m_moreDesk.leave();
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})

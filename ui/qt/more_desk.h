@@ -4,6 +4,7 @@
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
 #include "ui/qt/keep/offer_bar.h"
+#include "ui/qt/news/news_desk.h"
 #include "ui/qt/order/order_screen.h"
 
 #include <QObject>
@@ -38,8 +39,20 @@ public:
     /// What can be done now.
     [[nodiscard]] MoreState state() const;
 
+    /// The main window is closing: so do the others, and what is offered then is offered again.
+    void leave();
+
+signals:
+    /// In one of the windows.
+    void articleChosen(std::int32_t record);
+
 private:
+    void offerNews();
+    [[nodiscard]] std::vector<std::string> orderedCodes() const;
+
     Surroundings m_around;
+    NewsDesk m_news;
+    bool m_leaving = false;
 };
 
 }
