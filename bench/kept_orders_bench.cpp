@@ -116,7 +116,7 @@ void addOrder(benchmark::State& state) {
     }
 }
 
-void removeAll(benchmark::State& state) {
+void removeTwoHundred(benchmark::State& state) {
     const auto copy = fs::temp_directory_path() / "tavorine_kept_orders_copy.sqlite";
     for (auto _ : state) {
         state.PauseTiming();
@@ -124,7 +124,7 @@ void removeAll(benchmark::State& state) {
         {
             order::KeptOrders orders(copy);
             state.ResumeTiming();
-            benchmark::DoNotOptimize(orders.removeBefore(std::chrono::system_clock::now(), ""));
+            benchmark::DoNotOptimize(orders.removeBefore(std::chrono::system_clock::now(), "", 200));
             state.PauseTiming();
         }
         fs::remove(copy);
@@ -145,6 +145,6 @@ BENCHMARK(readOrder)->Unit(benchmark::kMicrosecond);
 BENCHMARK(listSuppliers)->Unit(benchmark::kMillisecond);
 BENCHMARK(listOrderedCodes)->Unit(benchmark::kMillisecond);
 BENCHMARK(addOrder)->Unit(benchmark::kMillisecond);
-BENCHMARK(removeAll)->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(removeTwoHundred)->Unit(benchmark::kMillisecond)->Iterations(2);
 
 }

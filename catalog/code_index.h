@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 namespace catalog {
 
@@ -21,6 +22,10 @@ public:
 
     /// All entries as they stand in the file, which may be out of order.
     [[nodiscard]] const Table<IndexRecord>& entries() const { return m_entries; }
+
+    /// The record numbers of up to so many entries whose codes begin so, in any letter case, ascending by
+    /// code. What is out of order is passed over; the numbers are the file's own.
+    [[nodiscard]] std::vector<std::int32_t> beginningWith(std::string_view start, std::size_t most) const;
 
     [[nodiscard]] const base::MappedFile& file() const { return m_entries.file(); }
 

@@ -45,10 +45,12 @@ private:
 
     // What is wrong with the line; nothing when it was gathered.
     std::optional<std::string> refusal(const WantedLine& line) {
+        if (!line.unclear.empty())
+            return line.unclear;
         const auto code = base::trim(line.code);
         if (code.empty())
             return "No code";
-        const auto product = productOf(code);
+        const auto product = recordOfCode(m_catalog, code);
         if (product == 0)
             return "No article has this code";
         if (!m_catalog.products.at(product).isProduct())
@@ -57,15 +59,6 @@ private:
         if (m_catalog.products.at(product).price() < 0)
             return "Its price is below 0";
         return gather(product, base::trim(line.quantity), line.price);
-    }
-
-    [[nodiscard]] std::int32_t productOf(std::string_view code) const {
-        const auto product = m_catalog.codes.find(code);
-        if (product < 1 || product > m_catalog.products.count())
-            return 0;
-        const bool whole =
-            code.size() <= keyLength || base::equalIgnoringCase(m_catalog.products.at(product).code(), code);
-        return whole ? product : 0;
     }
 
     std::optional<std::string> gather(std::int32_t product, std::string_view quantity,
@@ -112,6 +105,16 @@ private:
     std::unordered_map<std::int32_t, std::size_t> m_places; // of products in the lines gathered
 };
 
+}
+
+std::int32_t recordOfCode(const catalog::Catalog& catalog, std::string_view code) {
+    const auto trimmed = base::trim(code);
+    const auto record = trimmed.empty() ? 0 : catalog.codes.find(trimmed);
+    if (record < 1 || record > catalog.products.count())
+        return 0;
+    const bool whole =
+        trimmed.size() <= keyLength || base::equalIgnoringCase(catalog.products.at(record).code(), trimmed);
+    return whole ? record : 0;
 }
 
 Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,

@@ -2,25 +2,19 @@
 
 #include "catalog/catalog.h"
 #include "order/basket.h"
+#include "order/wanted_line.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ui {
 
-/// A line that is to be ordered: from a list, from an order that was kept, from one that was not finished.
-/// Texts are in the code page.
-struct WantedLine {
-    std::string code;
-    std::string quantity;         ///< as it was typed, with a point or a comma
-    std::string description;      ///< as it was then; empty where nobody knows
-    std::optional<float> price{}; ///< without tax, as it was then
-    std::size_t place = 0;        ///< its line in the list, from 1; 0 for none
-};
+using order::WantedLine;
 
 /// A line that can be ordered.
 struct TakenLine {
@@ -49,10 +43,12 @@ struct Intake {
     std::vector<ChangedPrice> prices; ///< in the order of `lines`
 };
 
-/// Codes are found as links find them, in any letter case and cut to 20 bytes; blanks around them do not
-/// count, and a longer one must be the article's whole code. Nothing is guessed: a code that lost its zeros
-/// in a spreadsheet is not found. A file of the catalogue that is not whole any more throws
-/// base::DamagedFile.
+/// The record that has this code; 0 for none. Codes are found as links find them, in any letter case and cut
+/// to 20 bytes; blanks around them do not count, and a longer one must be the record's whole code. Nothing is
+/// guessed: a code that lost its zeros in a spreadsheet is not found.
+[[nodiscard]] std::int32_t recordOfCode(const catalog::Catalog& catalog, std::string_view code);
+
+/// A file of the catalogue that is not whole any more throws base::DamagedFile.
 [[nodiscard]] Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,
                                 std::span<const WantedLine> lines);
 

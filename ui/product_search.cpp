@@ -70,6 +70,21 @@ std::optional<std::int32_t> firstWithText(const ProductTable& products, Searched
     return std::nullopt;
 }
 
+/// Among the first `count` rows.
+std::optional<std::int32_t> search(const ProductTable& products, std::string_view upperPhrase,
+                                   SearchedColumns columns, std::int32_t start, Direction direction,
+                                   std::int32_t count) {
+    const auto bytes = products.bytes().first(static_cast<std::size_t>(count) * ProductRecord::length);
+    const base::CaselessFinder finder(base::readText(bytes, 0, bytes.size()), std::string(upperPhrase));
+    const ColumnJudge judge(products, upperPhrase, columns);
+    const auto begin = static_cast<std::size_t>(start) * ProductRecord::length;
+    const auto found = direction == Direction::down ? finder.find(begin, judge)
+                                                    : finder.findLast(begin + ProductRecord::length, judge);
+    if (found == std::string_view::npos)
+        return std::nullopt;
+    return static_cast<std::int32_t>(found / ProductRecord::length);
+}
+
 }
 
 std::optional<std::int32_t> searchProducts(const ProductTable& products, std::string_view phrase,
@@ -81,15 +96,16 @@ std::optional<std::int32_t> searchProducts(const ProductTable& products, std::st
     products.readAhead();
     if (wanted.empty())
         return firstWithText(products, columns, start, direction);
-    const auto bytes = products.bytes();
-    const base::CaselessFinder finder(base::readText(bytes, 0, bytes.size()), wanted);
-    const ColumnJudge judge(products, wanted, columns);
-    const auto begin = static_cast<std::size_t>(start) * ProductRecord::length;
-    const auto found = direction == Direction::down ? finder.find(begin, judge)
-                                                    : finder.findLast(begin + ProductRecord::length, judge);
-    if (found == std::string_view::npos)
+    return search(products, wanted, columns, start, direction, products.count());
+}
+
+std::optional<std::int32_t> searchRows(const ProductTable& products, std::string_view phrase,
+                                       SearchedColumns columns, std::int32_t start, std::int32_t end) {
+    const auto wanted = base::upper(base::trim(phrase));
+    if (wanted.empty() || wanted.size() > ProductRecord::textField.width || start < 0 || start >= end ||
+        end > products.count())
         return std::nullopt;
-    return static_cast<std::int32_t>(found / ProductRecord::length);
+    return search(products, wanted, columns, start, Direction::down, end);
 }
 
 }

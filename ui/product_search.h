@@ -27,4 +27,10 @@ enum class Direction { down, up };
                                                          std::string_view phrase, SearchedColumns columns,
                                                          std::int32_t start, Direction direction);
 
+/// The same downwards among the rows from `start` on and before `end`, for whoever searches a part at a time.
+/// Nothing for an empty phrase.
+[[nodiscard]] std::optional<std::int32_t> searchRows(const catalog::ProductTable& products,
+                                                     std::string_view phrase, SearchedColumns columns,
+                                                     std::int32_t start, std::int32_t end);
+
 }

@@ -62,7 +62,11 @@ create table documents(
     is_html integer not null,
     text text not null);
 create virtual table order_words using fts5(
-    words, tokenize = "unicode61 remove_diacritics 2", prefix = '1 2 3');
+    words, tokenize = "unicode61 remove_diacritics 2", prefix = '1');
+create table ordered_codes(
+    supplier text not null collate nocase,
+    code text not null,
+    primary key(supplier, code)) without rowid;
 create table addresses(
     name_key text primary key,
     name text not null,
@@ -81,7 +85,7 @@ static_assert(ours == 1414943310 && formVersion == 1, "the statements above name
 
 // Fails where a table is not there.
 constexpr std::string_view allTables =
-    "select 1 from orders, lines, documents, order_words, addresses limit 0";
+    "select 1 from orders, lines, documents, order_words, ordered_codes, addresses limit 0";
 
 bool isEmpty(const SqlDatabase& sql) {
     return sql.number("select count(*) from sqlite_master") == 0;

@@ -1,7 +1,6 @@
 #include "order/kept/kept_orders.h"
 
 #include "base/code_page.h"
-#include "base/numbers.h"
 #include "base/text.h"
 #include "order/kept/kept_database.h"
 #include "order/kept/order_rows.h"
@@ -21,13 +20,20 @@ std::vector<KeptOrderHead> headsOf(SqlStatement& statement) {
     return heads;
 }
 
-// What deletes the words of orders that go as well; the rest of them goes by itself.
-void removeWhere(const SqlDatabase& sql, const std::string& condition, std::string_view first,
-                 std::string_view second) {
-    for (const auto& statement :
-         {"delete from order_words where rowid in (select id from orders where " + condition + ")",
-          "delete from orders where " + condition})
-        sql.prepare(statement).bind(first).bind(second).run();
+// Removes the orders whose ids the statement tells for these values, and what does not go with them by
+// itself.
+std::size_t removeThose(const SqlDatabase& sql, const std::string& ids, const auto&... values) {
+    SqlTransaction transaction(sql);
+    for (const char* text :
+         {"delete from order_words where rowid in (", "delete from orders where id in ("}) {
+        auto statement = sql.prepare(text + ids + ")");
+        (statement.bind(values), ...);
+        statement.run();
+    }
+    const auto count = sql.changes();
+    sql.run("delete from ordered_codes where supplier not in (select supplier from orders)");
+    transaction.commit();
+    return static_cast<std::size_t>(count);
 }
 
 }
@@ -84,39 +90,29 @@ std::vector<std::pair<std::string, std::string>> KeptOrders::suppliers() const {
 
 std::vector<std::string> KeptOrders::orderedCodes(std::string_view supplier) const {
     auto codes = m_database->guarded([&](const SqlDatabase& sql) {
-        auto statement = sql.prepare(
-            "select distinct code from lines where order_id in (select id from orders where supplier = ?)");
+        auto statement = sql.prepare("select code from ordered_codes where supplier = ?");
         statement.bind(storedText(supplier));
         std::vector<std::string> found;
         while (statement.next())
-            found.push_back(base::upper(base::fromUtf8(statement.text(0))));
+            found.push_back(base::fromUtf8(statement.text(0)));
         return found;
     });
-    std::sort(codes.begin(), codes.end());
-    codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
-    if (!codes.empty() && codes.front().empty())
-        codes.erase(codes.begin());
+    std::sort(codes.begin(), codes.end()); // by the bytes of the code page
     return codes;
 }
 
 void KeptOrders::remove(std::int64_t id) {
-    m_database->guarded([&](const SqlDatabase& sql) {
-        SqlTransaction transaction(sql);
-        sql.prepare("delete from order_words where rowid = ?").bind(id).run();
-        sql.prepare("delete from orders where id = ?").bind(id).run();
-        transaction.commit();
-    });
+    m_database->guarded([&](const SqlDatabase& sql) { removeThose(sql, "?", id); });
 }
 
-std::size_t KeptOrders::removeBefore(std::chrono::system_clock::time_point before,
-                                     std::string_view supplier) {
+std::size_t KeptOrders::removeBefore(std::chrono::system_clock::time_point before, std::string_view supplier,
+                                     std::size_t most) {
     return m_database->guarded([&](const SqlDatabase& sql) {
-        SqlTransaction transaction(sql);
-        removeWhere(sql, "left_at < ? and supplier = ifnull(nullif(?, ''), supplier)", timeText(before),
-                    storedText(supplier));
-        const auto count = sql.changes();
-        transaction.commit();
-        return static_cast<std::size_t>(count);
+        return removeThose(
+            sql,
+            "select id from orders where left_at < ? and supplier = ifnull(nullif(?, ''), supplier)"
+            " order by left_at, id limit ?",
+            timeText(before), storedText(supplier), static_cast<std::int64_t>(most));
     });
 }
 

@@ -4,12 +4,14 @@
 #include "order/order_contents.h"
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace order {
@@ -61,17 +63,20 @@ struct KeptAddress {
 /// The customer's orders and addresses in an embedded database with a full-text index (docs/file-formats.md,
 /// "Kept orders"). Several programs may use the same file at a time. Every call may throw KeptOrdersError,
 /// whose text is a sentence for the user; nothing is half done then. A damaged file is put aside under
-/// another name at opening, and `complaint` says so; that of a newer version is left alone, and opening
-/// throws.
+/// another name, and `complaint` says so; that of a newer version is left alone, and opening throws. No call
+/// waits longer than 0.15 seconds for another program.
 class KeptOrders {
 public:
+    static constexpr std::size_t all = 0x7FFFFFFF;
+
     /// Opens the file, or makes it and its folder.
     explicit KeptOrders(const std::filesystem::path& file);
     ~KeptOrders();
     KeptOrders(const KeptOrders&) = delete;
     KeptOrders& operator=(const KeptOrders&) = delete;
 
-    /// What the user should know of the opening; else empty.
+    /// What the user should know: that the file was damaged when it was opened or since, and where it is now.
+    /// Else empty.
     [[nodiscard]] const std::string& complaint() const;
 
     /// Returns the order's id.
@@ -85,13 +90,16 @@ public:
     /// The names of the suppliers' folders, each with the catalogue's latest name.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> suppliers() const;
 
-    /// Codes that were ever ordered from this supplier, in upper case, ascending.
+    /// Codes that were ever ordered from this supplier, in upper case, ascending; also by orders that were
+    /// removed since, as long as there is one of this supplier.
     [[nodiscard]] std::vector<std::string> orderedCodes(std::string_view supplier) const;
 
     void remove(std::int64_t id);
 
-    /// Of the supplier, or of all when it is empty. Returns how many there were.
-    std::size_t removeBefore(std::chrono::system_clock::time_point before, std::string_view supplier);
+    /// Of the supplier, or of all when it is empty; the oldest ones, so many at most. Returns how many there
+    /// were. Two hundred take about a tenth of a second.
+    std::size_t removeBefore(std::chrono::system_clock::time_point before, std::string_view supplier,
+                             std::size_t most = all);
 
     /// By name, without regard to case.
     [[nodiscard]] std::vector<KeptAddress> addresses() const;

@@ -94,6 +94,13 @@ void insertLines(const SqlDatabase& sql, std::int64_t id, const std::vector<Docu
     }
 }
 
+void insertCodes(const SqlDatabase& sql, const KeptOrder& order) {
+    auto insert = sql.prepare("insert or ignore into ordered_codes(supplier, code) values(?, ?)");
+    for (const auto& row : order.contents.rows)
+        if (!row.code.empty())
+            insert.bind(storedText(order.supplier)).bind(storedText(base::upper(row.code))).run();
+}
+
 /// Everything by which the order is found.
 std::string wordsOf(const KeptOrder& order) {
     const auto& contents = order.contents;
@@ -169,6 +176,7 @@ std::int64_t insertOrder(const SqlDatabase& sql, const KeptOrder& order) {
     insertHead(sql, order);
     const auto id = sql.lastId();
     insertLines(sql, id, order.contents.rows);
+    insertCodes(sql, order);
     sql.prepare("insert into documents(order_id, is_html, text) values(?, ?, ?)")
         .bind(id)
         .bind(std::int64_t{order.document.isHtml})

@@ -1,42 +1,19 @@
 #include "tests/faults/file_faults.h"
+#include "tests/faults/kill.h"
 #include "tests/faults/trial.h"
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <random>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
 using faults::Fault;
-
-/// How often an action is killed at a moment that nobody has chosen; a campaign asks for more. Those that
-/// were through by then do not count.
-int randomKills() {
-    constexpr int everyday = 25;
-    const auto* asked = std::getenv("TAVORINE_KILLS");
-    return asked == nullptr ? everyday : std::atoi(asked);
-}
+using faults::isKilled;
 
 class Killed : public Trial {
 protected:
-    /// Does the work in a process of its own; whether that was killed.
-    template <typename Work, typename Kill>
-    static bool isKilled(Work work, Kill kill) {
-        const auto child = fork();
-        if (child == 0) {
-            work();
-            _exit(0);
-        }
-        kill(child);
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
-        return WIFSIGNALED(status);
-    }
-
     template <typename Work>
     static bool isKilledAt(int call, Work work) {
         const auto killed = [&] {
@@ -44,13 +21,6 @@ protected:
             work();
         };
         return isKilled(killed, [](pid_t /*child*/) {});
-    }
-
-    // Sleeping takes longer than most of what is killed here.
-    static void waitFor(std::chrono::duration<double> time) {
-        const auto end = std::chrono::steady_clock::now() + time;
-        while (std::chrono::steady_clock::now() < end) {
-        }
     }
 
     std::chrono::duration<double> duration() {
@@ -91,13 +61,13 @@ TEST_P(Killed, AtRandomMomentsLeavesOldOrNew) {
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> part(0, 1);
     const auto length = duration();
-    int missing = randomKills();
+    int missing = faults::randomKills(); // those that were through by then do not count
     for (int tries = missing * 50; missing > 0 && tries > 0; --tries) {
         const auto moment = length * part(random);
         renew();
         missing -= isKilled([&] { GetParam().run(program); },
                             [&](pid_t child) {
-                                waitFor(moment);
+                                faults::waitFor(moment);
                                 kill(child, SIGKILL);
                             });
         expectOldOrNew("killed after " + std::to_string(moment.count()) + " s");

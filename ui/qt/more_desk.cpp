@@ -9,6 +9,7 @@ namespace ui::qt {
 
 MoreDesk::MoreDesk(Surroundings surroundings)
     : m_around(std::move(surroundings)),
+      m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}),
       m_news({m_around.catalog,
               m_around.session.folders,
               {m_around.keptFolder, m_around.session.SelectedSupplier, m_around.session.folders.DataFolder},

@@ -3,6 +3,7 @@
 #include "app/session.h"
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
+#include "ui/qt/entry/intake_desk.h"
 #include "ui/qt/keep/offer_bar.h"
 #include "ui/qt/news/news_desk.h"
 #include "ui/qt/order/order_screen.h"
@@ -51,6 +52,7 @@ private:
     [[nodiscard]] std::vector<std::string> orderedCodes() const;
 
     Surroundings m_around;
+    IntakeDesk m_intake;
     NewsDesk m_news;
     bool m_leaving = false;
 };

@@ -88,10 +88,25 @@ QLabel* titleLabel(QWidget* parent) {
     return title;
 }
 
+QToolButton* addressButton(QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setObjectName("Addresses");
+    button->setText("Addresses");
+    button->setToolTip("Fills the boxes with an address that you have kept");
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setAutoRaise(true);
+    button->hide();
+    return button;
+}
+
 }
 
 DetailsForm::DetailsForm(QWidget* parent)
-    : QWidget(parent), m_title(titleLabel(this)), m_layout(new QGridLayout(this)) {
+    : QWidget(parent),
+      m_title(titleLabel(this)),
+      m_addresses(addressButton(this)),
+      m_layout(new QGridLayout(this)) {
     setObjectName("Details");
     m_layout->setContentsMargins(12, 8, 12, 8);
     m_layout->setVerticalSpacing(3);
@@ -177,7 +192,8 @@ void DetailsForm::arrange(int columns) {
         return;
     while (auto* item = m_layout->takeAt(0))
         delete item;
-    m_layout->addWidget(m_title, 0, 0, 1, 2);
+    m_layout->addWidget(m_title, 0, 0);
+    m_layout->addWidget(m_addresses, 0, 1, Qt::AlignLeft);
     int row = 0;
     for (const auto& line : m_lines) {
         const int top = columns == 1 ? ++row : line.row;
@@ -224,6 +240,11 @@ void DetailsForm::show(const order::DeliveryDetails& details) {
 void DetailsForm::readInto(order::DeliveryDetails& details) const {
     for (const auto& box : m_boxes)
         details.*box.detail = fromQt(box.edit->text());
+}
+
+void DetailsForm::offerAddresses(QMenu* menu) {
+    m_addresses->setMenu(menu);
+    m_addresses->show();
 }
 
 void DetailsForm::focusFirst() {

@@ -6,7 +6,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QToolButton>
 #include <QWidget>
 
 #include <vector>
@@ -34,6 +36,9 @@ public:
     [[nodiscard]] int narrowest() const;
 
     void focusFirst();
+
+    /// Shows the button "Addresses" in the title's line, which opens this menu.
+    void offerAddresses(QMenu* menu);
 
     [[nodiscard]] QString orderNumber() const { return m_orderNumber->text(); }
 
@@ -68,6 +73,7 @@ private:
     [[nodiscard]] int gaps(int count) const;
 
     QLabel* m_title;
+    QToolButton* m_addresses;
     std::vector<Line> m_lines;
     int m_columns = 0;
     std::vector<Box> m_boxes;

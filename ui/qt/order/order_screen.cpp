@@ -82,6 +82,10 @@ void OrderScreen::closePending() {
     m_around.view.grid().closePending();
 }
 
+void OrderScreen::take(const Intake& intake, Overlap overlap) {
+    show(m_ordering.take(intake, overlap));
+}
+
 void OrderScreen::setTaxStatus(order::TaxStatus status) {
     show(m_ordering.setTaxStatus(status));
 }

@@ -52,6 +52,9 @@ public:
     /// The same, but the editor closes in any case. Where the quantity is not sold, the old one stays.
     void closePending();
 
+    /// As in `Ordering`.
+    void take(const Intake& intake, Overlap overlap);
+
     /// Prices the order again.
     void setTaxStatus(order::TaxStatus status);
 

@@ -1,0 +1,40 @@
+#include "ui/qt/orders/order_table.h"
+
+#include <QHeaderView>
+
+namespace ui::qt {
+
+QTableView* orderTable(const QString& name, const QString& accessibleName, QAbstractItemModel* model,
+                       QWidget* parent) {
+    auto* table = new QTableView(parent);
+    table->setObjectName(name);
+    table->setAccessibleName(accessibleName);
+    table->setModel(model);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setTabKeyNavigation(false);
+    table->setWordWrap(false);
+    table->setShowGrid(false);
+    table->setAlternatingRowColors(true);
+    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 3 / 2);
+    table->horizontalHeader()->setHighlightSections(false);
+    return table;
+}
+
+void setColumnWidths(QTableView& table, std::initializer_list<int> characters) {
+    auto& header = *table.horizontalHeader();
+    const int width = table.fontMetrics().averageCharWidth();
+    int column = 0;
+    for (const int count : characters) {
+        if (count == 0)
+            header.setSectionResizeMode(column, QHeaderView::Stretch);
+        else
+            header.resizeSection(column, count * width);
+        ++column;
+    }
+}
+
+}
