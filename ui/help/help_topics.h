@@ -143,6 +143,7 @@ inline constexpr std::array helpTopics{
 
     // what is new
     HelpTopic{"News", "new.html#window", "What the last update of the catalogue has changed."},
+    HelpTopic{"OfferNews", "new.html#window", "Shows what the last update of the catalogue has changed."},
     HelpTopic{"NewsPage", "new.html#window",
               "Prices, new articles and articles that are gone. Click a code to go to the article."},
 

@@ -75,12 +75,12 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
                   .guard = guard,
                   .catalogDesk = m_catalogDesk,
                   .order = m_orderScreen,
+                  .orderDesk = m_orderDesk,
+                  .details = m_orderView->details(),
                   .offers = *m_offers,
                   .window = *this,
                   .keptFolder = keptFolder}) {
     setObjectName("Form1");
-    if (!keptFolder.empty())
-        m_orderDesk.keepWith(m_moreDesk);
     m_guard.watch([this] { m_catalog.requireWhole(); });
     layOut();
     fill();
@@ -141,6 +141,8 @@ void Form1::connectControls() {
     connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this] { chargeTax(); }));
     connect(&m_catalogDesk, &CatalogDesk::backChanged, this, &Form1::enableBack);
     connect(&m_orderScreen, &OrderScreen::toolbarChanged, this, &Form1::showToolbar);
+    connect(&m_moreDesk, &MoreDesk::articleChosen, this,
+            m_guard([this](std::int32_t record) { showArticle(record); }));
     addShortcuts();
 }
 
@@ -249,6 +251,14 @@ void Form1::showPriceList() {
     showCatalogView();
 }
 
+void Form1::showArticle(std::int32_t record) {
+    if (!m_orderScreen.takePending())
+        return;
+    if (m_orderScreen.viewMode() == ViewMode::order)
+        showPriceList();
+    m_catalogDesk.goTo(record);
+}
+
 void Form1::clearOrder() {
     const bool wasInOrderView = m_orderScreen.viewMode() == ViewMode::order;
     if (m_orderScreen.clear(m_catalogDesk.historySize()) && wasInOrderView)
@@ -270,18 +280,18 @@ void Form1::closeNow() {
 
 // An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
-    auto& printer = m_orderDesk.printer();
-    if (printer.busy() && !m_mustClose && !m_guard.ending()) {
-        connect(&printer, &OrderPrinter::ended, this, &Form1::close,
+    auto* printer = m_orderDesk.printer().busy() ? &m_orderDesk.printer() : m_moreDesk.busyPrinter();
+    if (printer && !m_mustClose && !m_guard.ending()) {
+        connect(printer, &OrderPrinter::ended, this, &Form1::close,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-        printer.showBusy();
+        printer->showBusy();
         return event->ignore();
     }
     m_guard.run([this] {
         saveSettings();
+        m_moreDesk.leave();
         m_orderScreen.tellFailure();
     });
-    m_offers->closeAll();
     event->accept();
     emit closed();
 }

@@ -4,10 +4,10 @@
 #include "order/kept/order_keeper.h"
 #include "ui/more_commands.h"
 #include "ui/qt/catalog_desk.h"
-#include "ui/qt/entry/intake_desk.h"
 #include "ui/qt/entry/list_desk.h"
 #include "ui/qt/entry/quick_entry_bar.h"
-#include "ui/qt/keep/order_keeping.h"
+#include "ui/qt/kept_orders_desk.h"
+#include "ui/qt/news/news_desk.h"
 #include "ui/qt/order/order_screen.h"
 
 #include <QObject>
@@ -19,7 +19,7 @@ namespace ui::qt {
 
 /// What the main window offers beside looking and ordering: orders are kept and come back, lists go in and
 /// out, news are told. Each has a room and an object of its own; here they get what they need of the window.
-class MoreDesk final : public QObject, public order::OrderKeeper {
+class MoreDesk final : public QObject {
     Q_OBJECT
 
 public:
@@ -31,6 +31,8 @@ public:
         Guard& guard;
         CatalogDesk& catalogDesk;
         OrderScreen& order;
+        OrderDesk& orderDesk;
+        DetailsForm& details;
         OfferBar& offers;
         QWidget& window;
         std::filesystem::path keptFolder; ///< empty when nothing is kept
@@ -45,20 +47,32 @@ public:
 
     void run(MoreCommand command);
 
-    /// Writes what is kept of the order that is being typed.
-    void save();
-
-    void left(order::KeptOrder order) override;
-
     /// What can be done now.
     [[nodiscard]] MoreState state() const;
 
+    /// Writes what is kept of the order that is being typed.
+    void save();
+
+    /// A printer that has an earlier order in work; null where there is none.
+    [[nodiscard]] OrderPrinter* busyPrinter() const;
+
+    /// The main window is closing: so do the others, and what is offered then is offered again.
+    void leave();
+
+signals:
+    /// In one of the windows.
+    void articleChosen(std::int32_t record);
+
 private:
+    void offerNews();
+
     Surroundings m_around;
     IntakeDesk m_intake;
     ListDesk m_lists;
-    QuickEntryBar* m_quickEntry;           // a part of the window
-    std::optional<OrderKeeping> m_keeping; // where there is a folder to keep it in
+    QuickEntryBar* m_quickEntry;          // a part of the window
+    std::optional<KeptOrdersDesk> m_kept; // where there is a folder to keep orders in
+    NewsDesk m_news;
+    bool m_leaving = false;
 };
 
 }

@@ -123,6 +123,7 @@ void OrderKeeping::present(const order::FoundOrders& found) {
             offer(order);
     for (const auto& complaint : found.complaints)
         m_around.offers.say(toQt(complaint));
+    emit looked();
 }
 
 void OrderKeeping::offer(const order::UnfinishedOrder& order) {

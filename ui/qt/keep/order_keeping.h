@@ -46,6 +46,10 @@ public:
     /// An order has left; that of the window is finished if it still is the same.
     void orderLeft(const order::OrderContents& left);
 
+signals:
+    /// Those that there are have been offered.
+    void looked();
+
 private:
     void quantityChanged(std::int32_t product, float quantity) override;
     void cleared() override;
