@@ -39,6 +39,9 @@ public:
 
     [[nodiscard]] const order::Basket& basket() const { return m_basket; }
 
+    /// As in `Basket`.
+    void watch(order::OrderWatch* watch) { m_basket.watch(watch); }
+
     [[nodiscard]] ViewMode view() const { return m_view; }
 
     [[nodiscard]] LineCells productCells(std::int32_t product) const;

@@ -27,6 +27,7 @@ p { margin: 6px 0 0; }
 table { width: 100%; border-collapse: collapse; }
 th, td { padding: .35em .9em .35em 0; border-bottom: 1px solid #e1e6eb; text-align: left; vertical-align: top; font-weight: 400; }
 th { font-size: .9em; }
+th:first-child { width: 20%; }
 th.n, td.n { padding-right: 0; padding-left: .9em; text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
 a { color: #1b659a; }
 a:focus-visible { outline: 2px solid #2f7fb8; outline-offset: 2px; border-radius: 2px; }

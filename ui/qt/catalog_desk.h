@@ -40,6 +40,9 @@ public:
     /// For all pages from now on, the one that is up too.
     void setTaxStatus(pages::TaxStatus status);
 
+    /// Marks the record's row and shows its page.
+    void goTo(std::int32_t record);
+
     void goBack();
 
     /// How many records the way back holds.
@@ -74,7 +77,6 @@ private:
     void connectControls();
     void addPageActions();
     void showRow(int row);
-    void goTo(std::int32_t record);
     void showSupplierPage(const pages::LeadsToPage& page);
     void followLink(const QUrl& address, bool clicked);
     [[nodiscard]] Find& find();

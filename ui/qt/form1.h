@@ -55,6 +55,7 @@ private:
     void chargeTax();
     void checkOut();
     void showPriceList();
+    void showArticle(std::int32_t record);
     void clearOrder();
     void showCatalogView();
 

@@ -15,7 +15,8 @@ order::NewsOfAKind some(std::size_t count) {
 }
 
 TEST(NewsPageTest, SumsUpInALine) {
-    EXPECT_EQ(order::sumOf({some(12), some(3), some(5), some(1)}), "12 prices up, 3 down, 5 new articles, 1 gone");
+    EXPECT_EQ(order::sumOf({some(12), some(3), some(5), some(1)}),
+              "12 prices up, 3 down, 5 new articles, 1 gone");
     EXPECT_EQ(order::sumOf({some(0), some(1), some(0), some(1234)}), "1 price down, 1,234 articles gone");
     EXPECT_EQ(order::sumOf({}), "No price and no article has changed");
 }

@@ -2,7 +2,7 @@
 #include "tests/support/catalog_builder.h"
 #include "tests/support/fake_message_box.h"
 #include "tests/support/test_folder.h"
-#include "tour/script.h"
+#include "tests/ui/qt/program_folder.h"
 #include "ui/qt/news/news_desk.h"
 
 #include <QTest>
@@ -105,6 +105,43 @@ TEST_F(NewsTest, CanBeLeftAtAnyTime) {
     }
     QTest::qWait(50);
     EXPECT_TRUE(journal.take().empty());
+}
+
+class UpdateTest : public ProgramTest {
+protected:
+    void openCatalogue(const support::CatalogBuilder& catalog) {
+        deliver("ACME", catalog);
+        if (!exists("Start.ini"))
+            answerEmailQuestion();
+        enterPassword("");
+        script.when(
+            "the catalogue", [] { return shows(page(), "Contents"); }, [] {});
+    }
+};
+
+TEST_F(UpdateTest, IsToldInALineThatLeadsToTheArticles) {
+    kept = folder / "kept";
+    auto catalog = smallCatalog("Acme");
+    openCatalogue(catalog);
+    script.when(
+        "no line", [] { return visibleWidget("Form1") && !visibleWidget("OfferBar"); }, [] {});
+    closeMainWindow();
+    EXPECT_TRUE(play());
+
+    catalog.version = "00002";
+    catalog.products[3].price = 3;
+    openCatalogue(catalog);
+    script.when(
+        "the line", [] { return visibleWidget("OfferNews") != nullptr; },
+        [] { QTest::mouseClick(visibleWidget("OfferNews"), Qt::LeftButton); });
+    const auto news = [] { return visible<QWebEngineView>("NewsPage"); };
+    script.when(
+        "the news", [news] { return shows(news(), "1 price up since"); },
+        [news] { clickInPage(*news(), "td a"); });
+    script.when(
+        "the article", [] { return shows(page(), "B2"); }, [] { EXPECT_FALSE(visibleWidget("OfferBar")); });
+    closeMainWindow();
+    EXPECT_TRUE(play());
 }
 
 }

@@ -76,7 +76,7 @@ bool ProgramTest::play() {
     TestProgramFile programFile(folder / "Tavorine");
     ui::system::PrimaryScreen screen;
     ui::system::FileInstanceLock lock;
-    ui::qt::Program program({programFile, screen, lock, folder / "own"});
+    ui::qt::Program program({programFile, screen, lock, folder / "own", kept});
     program.start();
     return script.run();
 }

@@ -51,6 +51,7 @@ protected:
     }
 
     std::filesystem::path folder;
+    std::filesystem::path kept; ///< where orders are kept; empty: none are
     tour::Script script;
     std::vector<QString> boxTexts; ///< what the answered boxes said
 

@@ -37,6 +37,9 @@ public:
 
     [[nodiscard]] const order::Basket& basket() const { return m_ordering.basket(); }
 
+    /// As in `Basket`.
+    void watch(order::OrderWatch* watch) { m_ordering.watch(watch); }
+
     /// No line has a quantity.
     [[nodiscard]] bool isEmpty() const;
 
