@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,7 @@ struct WantedLine {
     std::string description = {}; ///< as it was then; empty where nobody knows
     std::optional<float> price{}; ///< without tax, as it was then
     std::size_t place = 0;        ///< its line in the list, from 1; 0 for none
+    std::int32_t record = 0;      ///< of an article that had this code then; 0 where nobody knows
     std::string unclear = {}; ///< why nobody can say what it means, in a few words; it is refused with them
 };
 

@@ -48,9 +48,9 @@ private:
         if (!line.unclear.empty())
             return line.unclear;
         const auto code = base::trim(line.code);
-        if (code.empty())
+        const auto product = isStillAt(line.record, code) ? line.record : recordOfCode(m_catalog, code);
+        if (code.empty() && product == 0)
             return "No code";
-        const auto product = recordOfCode(m_catalog, code);
         if (product == 0)
             return "No article has this code";
         if (!m_catalog.products.at(product).isProduct())
@@ -59,6 +59,11 @@ private:
         if (m_catalog.products.at(product).price() < 0)
             return "Its price is below 0";
         return gather(product, base::trim(line.quantity), line.price);
+    }
+
+    [[nodiscard]] bool isStillAt(std::int32_t record, std::string_view code) const {
+        return record >= 1 && record <= m_catalog.products.count() &&
+               m_catalog.products.at(record).isProduct() && m_catalog.products.at(record).code() == code;
     }
 
     std::optional<std::string> gather(std::int32_t product, std::string_view quantity,

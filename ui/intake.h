@@ -48,7 +48,8 @@ struct Intake {
 /// guessed: a code that lost its zeros in a spreadsheet is not found.
 [[nodiscard]] std::int32_t recordOfCode(const catalog::Catalog& catalog, std::string_view code);
 
-/// A file of the catalogue that is not whole any more throws base::DamagedFile.
+/// Of several articles with one code, and of those without one, the line's record is the one, where it still
+/// has that code. A file of the catalogue that is not whole any more throws base::DamagedFile.
 [[nodiscard]] Intake planIntake(const catalog::Catalog& catalog, const order::Basket& basket,
                                 std::span<const WantedLine> lines);
 

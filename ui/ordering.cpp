@@ -64,7 +64,7 @@ Edit Ordering::take(const Intake& intake, Overlap overlap) {
     });
     const bool refilled = m_view == ViewMode::order;
     if (refilled)
-        fillRows();
+        m_rows = rowsNow();
     return {.allRows = true, .refilled = refilled};
 }
 
@@ -88,17 +88,18 @@ Edit Ordering::setTaxStatus(order::TaxStatus status) {
 
 Edit Ordering::checkOut() {
     m_view = ViewMode::order;
-    fillRows();
+    m_rows = rowsNow();
     m_toolbar = afterCheckOut(m_toolbar, m_basket.totals().order);
     showTotals(); // which a recalculation that stopped early has left as they were
     return {.refilled = true};
 }
 
-void Ordering::fillRows() {
-    m_rows.clear();
+std::vector<OrderRow> Ordering::rowsNow() const {
+    std::vector<OrderRow> rows;
     for (const auto& line : m_basket.lines())
         if (line.quantity > 0)
-            m_rows.emplace_back(line);
+            rows.emplace_back(line);
+    return rows;
 }
 
 void Ordering::priceList(std::size_t historySize) {

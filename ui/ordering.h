@@ -39,11 +39,17 @@ public:
 
     [[nodiscard]] const order::Basket& basket() const { return m_basket; }
 
+    /// As in `Basket`.
+    void watch(order::OrderWatch* watch) { m_basket.watch(watch); }
+
     [[nodiscard]] ViewMode view() const { return m_view; }
 
     [[nodiscard]] LineCells productCells(std::int32_t product) const;
 
     [[nodiscard]] const std::vector<OrderRow>& orderRows() const { return m_rows; }
+
+    /// As the order grid's rows would be if it were filled now.
+    [[nodiscard]] std::vector<OrderRow> rowsNow() const;
 
     /// The texts of `lbTotOrd` and `lbTotTax`.
     [[nodiscard]] std::string orderLabel() const;
@@ -83,7 +89,6 @@ private:
         RowColour colour = RowColour::white;
     };
 
-    void fillRows();
     void forgetLines();
     void showTotals();
 

@@ -209,8 +209,10 @@ ListColumns findListColumns(const tables::Table& table, const IsCode& isCode) {
 }
 
 std::string listedCode(std::string_view utf8) {
-    const auto code = unguardedText(base::trim(utf8.substr(0, longestCode * 4)));
-    return std::string(base::trim(base::fromUtf8(code)));
+    constexpr std::size_t mostBytesOfOne = 4;
+    const auto cell = unguardedText(base::trim(utf8.substr(0, longestCode * mostBytesOfOne)));
+    const auto code = base::fromUtf8(cell).substr(0, longestCode);
+    return std::string(base::trim(code));
 }
 
 void lookAtRows(const tables::Table& table, std::size_t most,

@@ -30,9 +30,9 @@ std::string headingText(const tables::Table& table, const ListColumns& columns, 
     tables::TableRow row;
     table.read(columns.firstRow - 1, row);
     const auto text = row.at(column).text;
-    const bool isShown = !text.empty() && text.size() <= longestHeading && base::isUtf8(text) &&
-                         text.find('\n') == std::string_view::npos;
-    return !isShown ? std::string() : " (" + std::string(text) + ")";
+    const bool isShown =
+        !text.empty() && text.size() <= longestHeading && text.find('\n') == std::string_view::npos;
+    return !isShown ? std::string() : " (" + base::fromUtf8(text) + ")";
 }
 
 std::string columnTexts(const tables::Table& table, const ListColumns& columns, bool isSheet) {
@@ -50,7 +50,7 @@ std::string summaryOf(const ListSource& source, const OrderList& list, const tab
                       const ListColumns& columns) {
     auto text = "Read " + counted(list.lines.size(), "line", "lines") + " of " + source.name;
     if (!source.sheet.empty())
-        text += ", sheet \"" + source.sheet + "\"";
+        text += ", sheet \"" + base::fromUtf8(source.sheet) + "\"";
     text += source.isLoose ? "." : ": " + columnTexts(table, columns, !source.sheet.empty()) + ".";
     if (list.passedOver > 0)
         text += " " + counted(list.passedOver, "row", "rows") + " without a quantity " +

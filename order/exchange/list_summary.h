@@ -7,12 +7,12 @@ namespace order {
 
 /// Where a list comes from.
 struct ListSource {
-    std::string name;       ///< UTF-8
-    std::string sheet = {}; ///< of a spreadsheet; else empty
+    std::string name;
+    std::string sheet = {}; ///< UTF-8; of a spreadsheet, else empty
     bool isLoose = false;   ///< read by the line, without columns
 };
 
-/// What was read, in sentences.
+/// What was read, in sentences, in the code page.
 [[nodiscard]] std::string summaryOf(const ListSource& source, const OrderList& list,
                                     const tables::Table& table, const ListColumns& columns);
 

@@ -14,7 +14,7 @@ namespace order {
 struct OrderList {
     std::vector<WantedLine> lines = {};
     std::size_t passedOver = 0; ///< rows with a code and no quantity, or 0, where others have one
-    std::string summary = {};   ///< UTF-8: what was read, and which columns were taken for what
+    std::string summary = {};   ///< what was read, and which columns were taken for what
 };
 
 /// Reads delimited text, .xlsx or .ods (`tables::openTables`), of a spreadsheet the sheet with most codes.

@@ -53,6 +53,34 @@ inline constexpr std::array helpTopics{
         "size."},
     HelpTopic{"OfferBar", "reordering.html#unfinished", "Something that Tavorine can do for you."},
     HelpTopic{"OfferClose", "reordering.html#unfinished", "Closes this line."},
+    HelpTopic{"OfferContinue", "reordering.html#unfinished",
+              "Puts the articles of the unfinished order on this one, at today's prices."},
+    HelpTopic{"OfferLater", "reordering.html#unfinished",
+              "Keeps the unfinished order. It is not offered by itself any more."},
+    HelpTopic{"OfferDelete", "reordering.html#unfinished",
+              "Deletes the unfinished order. Until this line is closed that can be undone."},
+    HelpTopic{"OfferUndo", "reordering.html#unfinished", "Brings the unfinished order back."},
+
+    // quick entry
+    HelpTopic{"QuickEntry", "reordering.html#quick-entry", "A line for codes and quantities."},
+    HelpTopic{"txQuickCode", "reordering.html#quick-entry",
+              "The code of an article, or words of its description. Enter goes on to the quantity."},
+    HelpTopic{"txQuickQuantity", "reordering.html#quick-entry",
+              "How many you want; one, if you leave it empty. Enter orders them."},
+    HelpTopic{"cbQuickScanner", "reordering.html#scanner",
+              "Tick this for a slow barcode scanner: Enter after a code orders one at once."},
+    HelpTopic{"QuickClose", "reordering.html#quick-entry", "Closes quick entry."},
+    HelpTopic{"Suggestions", "reordering.html#quick-entry",
+              "Articles that it may be. Down and Up choose one."},
+
+    // lines that come from elsewhere
+    HelpTopic{"Intake", "reordering.html#look-first", "What would come of these lines if they were ordered."},
+    HelpTopic{"IntakeRefused", "reordering.html#look-first", "Lines that cannot be ordered, and why."},
+    HelpTopic{"IntakePrices", "reordering.html#look-first", "Articles that have another price now."},
+    HelpTopic{"IntakeOverlap", "reordering.html#look-first",
+              "What becomes of articles that are on the order already."},
+    HelpTopic{"IntakeOrder", "reordering.html#look-first", "Puts these lines on the order."},
+    HelpTopic{"IntakeCancel", "reordering.html#look-first", "Leaves the order as it is."},
 
     // the catalogue view
     HelpTopic{"wbBanner", "finding.html#banner", "Your supplier's banner."},

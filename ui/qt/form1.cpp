@@ -75,6 +75,8 @@ Form1::Form1(const app::Session& session, Guard& guard, platform::MessageBox& me
                   .guard = guard,
                   .catalogDesk = m_catalogDesk,
                   .order = m_orderScreen,
+                  .orderDesk = m_orderDesk,
+                  .details = m_orderView->details(),
                   .offers = *m_offers,
                   .window = *this,
                   .keptFolder = keptFolder}) {
@@ -113,7 +115,9 @@ void Form1::layOut() {
     layout->addWidget(m_banner);
     layout->addWidget(m_offers);
     layout->addWidget(m_views, 1);
+    layout->addWidget(&m_moreDesk.quickEntry());
     layout->addWidget(m_totals);
+    setTabOrder(&m_moreDesk.quickEntry().lastControl(), &m_totals->exempt());
     setCentralWidget(middle);
     m_memory.placeAsDesigned(*this, designedSize);
     m_memory.restore(*this);
@@ -162,6 +166,7 @@ void Form1::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, [this] {
         m_catalogView->setSplitTop(base::parseNumber(m_userSettings.read(catalog::setting::splitTop)));
     });
+    QTimer::singleShot(0, this, m_guard([this] { m_moreDesk.opened(); }));
 }
 
 // A quantity that is still being typed counts, and it may be the one that leaves a command nothing to do. One
@@ -275,15 +280,16 @@ void Form1::closeNow() {
 
 // An order that is being printed is seen to its end, or cancelled, first.
 void Form1::closeEvent(QCloseEvent* event) {
-    auto& printer = m_orderDesk.printer();
-    if (printer.busy() && !m_mustClose && !m_guard.ending()) {
-        connect(&printer, &OrderPrinter::ended, this, &Form1::close,
+    auto* printer = m_orderDesk.printer().busy() ? &m_orderDesk.printer() : m_moreDesk.busyPrinter();
+    if (printer && !m_mustClose && !m_guard.ending()) {
+        connect(printer, &OrderPrinter::ended, this, &Form1::close,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-        printer.showBusy();
+        printer->showBusy();
         return event->ignore();
     }
     m_guard.run([this] {
         saveSettings();
+        m_moreDesk.leave();
         m_orderScreen.tellFailure();
     });
     event->accept();
@@ -292,11 +298,11 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::saveSettings() {
     m_orderScreen.closePending();
+    m_moreDesk.save();
     m_userSettings.write(catalog::setting::splitTop,
                          base::settingsText(static_cast<float>(m_catalogView->splitTop())));
     m_orderScreen.saveDetails();
     m_catalogDesk.closeSearch();
-    m_moreDesk.leave();
     m_memory.save(*this);
     m_memory.savePageZoom(m_catalogView->page().zoom());
     for (auto* grid : std::array<Grid*, 2>{&m_catalogView->grid(), &m_orderView->grid()})

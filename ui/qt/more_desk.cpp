@@ -1,8 +1,5 @@
 #include "ui/qt/more_desk.h"
 
-#include "order/kept/kept_orders.h"
-#include "ui/qt/widgets/qt_text.h"
-
 #include <utility>
 
 namespace ui::qt {
@@ -10,14 +7,40 @@ namespace ui::qt {
 MoreDesk::MoreDesk(Surroundings surroundings)
     : m_around(std::move(surroundings)),
       m_intake({m_around.catalog, m_around.order, m_around.guard, m_around.window}),
+      m_lists({.catalog = m_around.catalog,
+               .order = m_around.order,
+               .intake = m_intake,
+               .messages = m_around.messages,
+               .guard = m_around.guard,
+               .window = m_around.window,
+               .say = [this](const QString& sentence) { m_around.offers.say(sentence); }}),
+      m_quickEntry(new QuickEntryBar(m_around.catalog, m_around.order, m_around.guard, &m_around.window)),
       m_news({m_around.catalog,
               m_around.session.folders,
               {m_around.keptFolder, m_around.session.SelectedSupplier, m_around.session.folders.DataFolder},
               m_around.guard,
               m_around.window,
-              [this] { return orderedCodes(); },
+              [this] { return m_kept ? m_kept->orderedCodes() : std::vector<std::string>(); },
               [this](std::int32_t record) { emit articleChosen(record); }}) {
-    offerNews();
+    if (m_around.keptFolder.empty())
+        return;
+    m_kept.emplace(KeptOrdersDesk::Surroundings{.session = m_around.session,
+                                                .catalog = m_around.catalog,
+                                                .messages = m_around.messages,
+                                                .guard = m_around.guard,
+                                                .order = m_around.order,
+                                                .orderDesk = m_around.orderDesk,
+                                                .details = m_around.details,
+                                                .offers = m_around.offers,
+                                                .intake = m_intake,
+                                                .window = m_around.window},
+                   m_around.keptFolder);
+    connect(&m_kept->keeping(), &OrderKeeping::looked, this, m_around.guard([this] { offerNews(); }));
+}
+
+void MoreDesk::opened() {
+    if (m_kept)
+        m_kept->keeping().look();
 }
 
 void MoreDesk::offerNews() {
@@ -30,31 +53,27 @@ void MoreDesk::offerNews() {
                                }});
 }
 
-// Where orders cannot be read, no article comes first, and the window in which orders are read says why.
-std::vector<std::string> MoreDesk::orderedCodes() const {
-    const auto file = m_around.keptFolder / "orders.sqlite";
-    std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored))
-        return {};
-    try {
-        const order::KeptOrders orders(file);
-        if (!orders.complaint().empty())
-            m_around.offers.say(toQt(orders.complaint()));
-        return orders.orderedCodes(m_around.session.SelectedSupplier);
-    } catch (const order::KeptOrdersError&) {
-        return {};
-    }
+void MoreDesk::save() {
+    if (m_kept)
+        m_kept->keeping().flush();
+}
+
+OrderPrinter* MoreDesk::busyPrinter() const {
+    return m_kept ? m_kept->busyPrinter() : nullptr;
 }
 
 void MoreDesk::leave() {
     m_leaving = true;
+    m_around.offers.closeAll();
     m_news.close();
+    if (m_kept)
+        m_kept->close();
 }
 
 MoreState MoreDesk::state() const {
     const auto toolbar = m_around.order.toolbar();
     return {.orderIsEmpty = m_around.order.isEmpty() && !toolbar.enabled(Command::clear),
-            .keepsOrders = !m_around.keptFolder.empty(),
+            .keepsOrders = m_kept.has_value(),
             .hasNews = m_news.available(),
             .view = m_around.order.viewMode(),
             .toolbar = toolbar};
@@ -63,6 +82,22 @@ MoreState MoreDesk::state() const {
 void MoreDesk::run(MoreCommand command) {
     auto& catalogDesk = m_around.catalogDesk;
     switch (command) {
+    case MoreCommand::orders:
+        return m_kept->showOrders();
+    case MoreCommand::addresses:
+        return m_kept->showAddresses();
+    case MoreCommand::news:
+        return m_news.show();
+    case MoreCommand::quickEntry:
+        return m_quickEntry->open();
+    case MoreCommand::openList:
+        return m_lists.openList();
+    case MoreCommand::pasteList:
+        return m_lists.pasteList();
+    case MoreCommand::saveOrder:
+        return m_lists.saveOrder();
+    case MoreCommand::copyOrder:
+        return m_lists.copyOrder();
     case MoreCommand::searchPage:
         return catalogDesk.searchPage();
     case MoreCommand::zoomIn:
@@ -71,16 +106,7 @@ void MoreDesk::run(MoreCommand command) {
         return catalogDesk.zoomPage(-1);
     case MoreCommand::zoomNormal:
         return catalogDesk.zoomPage(0);
-    case MoreCommand::news:
-        return m_news.show();
-    case MoreCommand::orders:
-    case MoreCommand::quickEntry:
-    case MoreCommand::openList:
-    case MoreCommand::pasteList:
-    case MoreCommand::saveOrder:
-    case MoreCommand::copyOrder:
-    case MoreCommand::addresses:
-    case MoreCommand::preview:
+    case MoreCommand::preview: // a command of the toolbar's
         break;
     }
 }

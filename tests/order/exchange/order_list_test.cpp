@@ -71,9 +71,8 @@ TEST(OrderList, ColumnsAreFoundByWhatStandsInThem) {
          "Read 2 lines of \"list.csv\": code from column 1 (Varenr.), quantity from column 2 (Antal)."},
         {"Référence;Désignation;Stock;Quantité\nX-1;Clou;500;2\nX-2;Scie;20;\"1 000\"\n'=A;Axe;3;-1\n",
          {"2: X-1 | 2", "3: X-2 | 1 000", "4: =A | -1"},
-         "Read 3 lines of \"list.csv\": code from column 1 (R\xC3\xA9"
-         "f\xC3\xA9rence), quantity from column 4 "
-         "(Quantit\xC3\xA9)."},
+         "Read 3 lines of \"list.csv\": code from column 1 (R\xE9"
+         "f\xE9rence), quantity from column 4 (Quantit\xE9)."},
         {"Code;Price\nX-1;2.50\nX-2;3.00\n",
          {"2: X-1 | 1", "3: X-2 | 1"},
          "Read 2 lines of \"list.csv\": code from column 1 (Code); it has no quantities, so one of each."},

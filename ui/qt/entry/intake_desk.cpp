@@ -8,7 +8,12 @@ void IntakeDesk::take(std::span<const WantedLine> lines, Request request) {
     if (m_dialog)
         return;
     m_around.order.closePending();
-    auto intake = planIntake(m_around.catalog, m_around.order.basket(), lines);
+    takePlanned(planIntake(m_around.catalog, m_around.order.basket(), lines), std::move(request));
+}
+
+void IntakeDesk::takePlanned(Intake intake, Request request) {
+    if (m_dialog)
+        return;
     const bool isDifferent = !intake.refused.empty() || !intake.prices.empty();
     if (isDifferent || request.look == Look::always)
         return ask(std::move(intake), std::move(request));

@@ -43,6 +43,9 @@ public:
     /// Returns at once; the dialog holds the window up until it is answered.
     void take(std::span<const WantedLine> lines, Request request);
 
+    /// The same of what is planned already, with the order as it is.
+    void takePlanned(Intake intake, Request request);
+
 private:
     void ask(Intake intake, Request request);
 

@@ -30,6 +30,9 @@ public:
     /// Shows it, and puts the keyboard focus into the code's box.
     void open();
 
+    /// The last one that Tab leads to.
+    [[nodiscard]] QWidget& lastControl() { return *m_close; }
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

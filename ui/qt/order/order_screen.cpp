@@ -119,6 +119,10 @@ order::OrderContents OrderScreen::contents() {
             documentRows(m_around.catalog, m_ordering.orderRows())};
 }
 
+QString OrderScreen::orderNumber() const {
+    return m_around.view.details().orderNumber();
+}
+
 void OrderScreen::saveDetails() {
     readDetails();
     m_detailsFile.save(m_details);

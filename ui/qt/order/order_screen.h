@@ -37,6 +37,9 @@ public:
 
     [[nodiscard]] const order::Basket& basket() const { return m_ordering.basket(); }
 
+    /// As in `Basket`.
+    void watch(order::OrderWatch* watch) { m_ordering.watch(watch); }
+
     /// No line has a quantity.
     [[nodiscard]] bool isEmpty() const;
 
@@ -67,6 +70,12 @@ public:
 
     /// Everything that an order document says, as it stands in the boxes now.
     [[nodiscard]] order::OrderContents contents();
+
+    /// The lines as they are now, whichever view is up.
+    [[nodiscard]] std::vector<OrderRow> rowsNow() const { return m_ordering.rowsNow(); }
+
+    /// Of `txOrdNo`.
+    [[nodiscard]] QString orderNumber() const;
 
     /// Shows no failure, which `tellFailure` does.
     void saveDetails();
