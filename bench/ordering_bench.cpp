@@ -1,10 +1,12 @@
-// Typing one quantity, and pricing the whole order again, against the same change of a SQLite database in
-// WAL mode that never waits for the disk.
+// Typing one quantity, with a journal that hears of it and without, and pricing the whole order again,
+// against the same change of a SQLite database in WAL mode that never waits for the disk.
 
 #include "bench/database.h"
 #include "catalog/catalog.h"
+#include "order/kept/order_journal.h"
 #include "tests/support/catalog_builder.h"
 #include "ui/ordering.h"
+#include "ui/system/appended_file.h"
 #include "ui/system/disk_file.h"
 
 #include <benchmark/benchmark.h>
@@ -122,7 +124,7 @@ private:
 };
 
 /// The same without what windows show of it.
-class FullBasket : OrderFiles {
+class FullBasket : protected OrderFiles {
 public:
     explicit FullBasket(std::int32_t count) : OrderFiles(count), basket(m_catalog.products, true, m_file) {
         for (std::int32_t product = 1; product <= count; ++product)
@@ -132,6 +134,23 @@ public:
     [[nodiscard]] bool isWritten() const { return holdAll(basket); }
 
     order::Basket basket;
+};
+
+/// The same with a journal that hears of everything.
+class KeptBasket : public FullBasket {
+public:
+    explicit KeptBasket(std::int32_t count)
+        : FullBasket(count),
+          m_journal(m_catalog, {"ACME", "", m_folder.path()}, m_folder.path(), m_appended) {
+        basket.watch(&m_journal);
+    }
+
+    /// What the program does once a second.
+    void keep() { m_journal.flush(basket.totals()); }
+
+private:
+    ui::system::AppendedFile m_appended;
+    order::OrderJournal m_journal;
 };
 
 class OrderDatabase {
@@ -221,6 +240,40 @@ void updateLine(benchmark::State& state) {
         state.SkipWithError("not written");
 }
 
+// The journal is written once a second, which is never while this goes on: flushWholeOrder measures that.
+void updateKeptLine(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    KeptBasket full(count);
+    const auto products = shuffledProducts(count);
+    std::size_t at = 0, round = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(full.basket.update(products[at], static_cast<float>(2 + round % 2)));
+        if (++at == products.size()) {
+            at = 0;
+            ++round;
+        }
+    }
+    full.keep();
+    if (!full.isWritten())
+        state.SkipWithError("not written");
+}
+
+void flushWholeOrder(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            KeptBasket full(count);
+            for (std::int32_t product = 1; product <= count; ++product)
+                full.basket.update(product, 3);
+            state.ResumeTiming();
+            full.keep();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+}
+
 void updateRow(benchmark::State& state) {
     const auto count = static_cast<std::int32_t>(state.range(0));
     const OrderDatabase database(count);
@@ -274,6 +327,13 @@ void updateAllRows(benchmark::State& state) {
 BENCHMARK(typeQuantity)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(takeList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(updateLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateKeptLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(flushWholeOrder)
+    ->Arg(1)
+    ->Arg(mediumOrder)
+    ->Arg(largeOrder)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
 BENCHMARK(updateRow)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(recalculate)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(updateAllRows)->Arg(largeOrder)->Unit(benchmark::kMillisecond);

@@ -180,8 +180,12 @@ void KeptOrders::Database::open() {
         throw KeptOrdersError("Your kept orders in " + base::textOf(file) +
                               " were written by a newer version of this program, which can show them.");
     m_sql->run("pragma synchronous = full; pragma foreign_keys = on;");
-    if (isEmpty(*m_sql))
+    if (isEmpty(*m_sql)) {
+        std::error_code ignored;
+        fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write,
+                        ignored); // nobody else's business
         makeTables(*m_sql);
+    }
     if (m_sql->number("pragma application_id") != ours)
         throw SqlError(SqlError::Kind::damaged);
     try {

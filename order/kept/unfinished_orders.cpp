@@ -54,9 +54,10 @@ std::string complaintOf(const fs::path& file, const JournalContents& contents) {
 /// Whether this is the owner's order, or nobody's any more.
 bool concerns(const JournalOwner& of, const JournalOwner& owner) {
     std::error_code ignored;
-    return base::equalIgnoringCase(of.supplier, owner.supplier) &&
-           (base::textOf(of.dataFolder) == base::textOf(owner.dataFolder) ||
-            !fs::exists(of.dataFolder, ignored));
+    if (!base::equalIgnoringCase(of.supplier, owner.supplier))
+        return false;
+    return base::textOf(of.dataFolder) == base::textOf(owner.dataFolder) ||
+           !fs::exists(of.dataFolder, ignored) || fs::equivalent(of.dataFolder, owner.dataFolder, ignored);
 }
 
 UnfinishedOrder orderOf(const fs::path& file, JournalContents contents) {

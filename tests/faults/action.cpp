@@ -200,9 +200,9 @@ bool editBasket(const fs::path& program) {
     ui::system::DiskFile file;
     order::BasketFile basket(program / "ACME", file, out.box);
     for (const int number : {3, 1, 2})
-        basket.write(number, {});
+        basket.write(number, order::BasketLine());
     basket.clear();
-    basket.write(std::vector<order::BasketLine>(1000));
+    basket.write(1, std::vector<order::BasketLine>(1000));
     return !out.told().empty();
 }
 

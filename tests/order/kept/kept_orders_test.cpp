@@ -205,7 +205,7 @@ TEST_F(KeptOrders, OfADamagedFileArePutAside) {
 TEST_F(KeptOrders, GoOnWhateverHasBecomeOfTheFileMeanwhile) {
     constexpr std::size_t page = 4096;
     open();
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 12; ++i)
         open().add(madeOrder(std::to_string(i)));
     close();
     const auto whole = base::readFile(file).value_or("");
