@@ -14,9 +14,9 @@ using testing::IsEmpty;
 /// Orders are kept in a folder of the test's own.
 class KeptOrderTest : public OrderProgram {
 protected:
-    KeptOrderTest() { keptFolder = folder / "kept"; }
+    KeptOrderTest() { kept = folder / "kept"; }
 
-    [[nodiscard]] fs::path unfinished() const { return keptFolder / "unfinished"; }
+    [[nodiscard]] fs::path unfinished() const { return kept / "unfinished"; }
 
     [[nodiscard]] std::size_t journals() const {
         std::error_code ignored;
