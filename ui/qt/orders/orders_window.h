@@ -15,9 +15,11 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace ui::qt {
@@ -74,6 +76,7 @@ private:
     void continueUnfinished();
     void deleteChosen();
     void deleteBefore();
+    void removeBefore(std::chrono::system_clock::time_point before, const std::string& supplier);
 
     Surroundings m_around;
     WindowMemory m_memory;
