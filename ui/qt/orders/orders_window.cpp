@@ -246,7 +246,7 @@ void OrdersWindow::printAgain() {
 
 void OrdersWindow::orderAgain() {
     if (m_order)
-        m_around.orderAgain(wantedAgain(m_order->contents.rows, m_chosen->marked()));
+        m_around.orderAgain(wantedAgain(m_chosen->rows(), m_chosen->marked()));
 }
 
 void OrdersWindow::continueUnfinished() {

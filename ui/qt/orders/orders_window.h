@@ -81,7 +81,7 @@ private:
     Surroundings m_around;
     WindowMemory m_memory;
     OrderDocuments m_documents;
-    std::optional<order::KeptOrder> m_order;            // that is chosen
+    std::optional<order::KeptOrder> m_order;            // that is chosen; its lines are shown
     std::optional<order::UnfinishedOrder> m_unfinished; // the same, if it is unfinished
     bool m_placed = false;
     QTimer m_typingPause;

@@ -2,7 +2,9 @@
 #include "order/kept/kept_orders.h"
 #include "tests/ui/qt/order_program.h"
 
+#include <QAction>
 #include <QPushButton>
+#include <QTableView>
 
 namespace {
 namespace fs = std::filesystem;
@@ -111,6 +113,38 @@ TEST_F(DepartureTest, IsKeptOnceForEachTimeThatTheOrderReallyLeft) {
     EXPECT_EQ(orders[0].where, "o@example.com");
     EXPECT_EQ(orders[0].document.text, "Order A/7\n3.0 x B1\n1.0 x B2\n");
     EXPECT_FALSE(orders[0].document.isHtml);
+}
+
+TEST_F(DepartureTest, IsOrderedAgainAtTodaysPricesOnceTheyWereSeen) {
+    order::KeptOrder before;
+    before.supplier = "ACME";
+    before.left = std::chrono::system_clock::now();
+    before.contents.rows.resize(2);
+    before.contents.rows[0].quantity = "2";
+    before.contents.rows[0].code = "B1";
+    before.contents.rows[0].unitPrice = 8;
+    before.contents.rows[1].quantity = "1";
+    before.contents.rows[1].code = "GONE";
+    order::KeptOrders(kept / "orders.sqlite").add(before);
+    start();
+    then("the product grid", [] { visibleWidget("Form1")->findChild<QAction*>("MoreOrders")->trigger(); });
+    script.when(
+        "the orders", [] { return visibleWidget("OrderAgain") != nullptr; }, [] { press("OrderAgain"); });
+    script.when(
+        "what has changed", [] { return visibleWidget("Intake") != nullptr; },
+        [] {
+            const auto* prices = visible<QTableView>("IntakePrices")->model();
+            EXPECT_EQ(prices->index(0, 0).data().toString() + "/" + prices->index(0, 2).data().toString() +
+                          "/" + prices->index(0, 3).data().toString(),
+                      "B1/8.00/10.00");
+            EXPECT_EQ(visible<QTableView>("IntakeRefused")->model()->index(0, 1).data().toString(), "GONE");
+            press("IntakeOrder");
+        });
+    then("the order", [] {
+        EXPECT_EQ(text("lbTotOrd"), "22.50");
+        visibleWidget("Form1")->close();
+    });
+    EXPECT_TRUE(play());
 }
 
 TEST_F(DepartureTest, LeavesAsEverWhereNothingCanBeKept) {

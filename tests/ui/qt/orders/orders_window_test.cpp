@@ -1,6 +1,8 @@
 #include "tests/order/kept/kept_session.h"
 #include "tests/support/test_folder.h"
+#include "tour/layout_check.h"
 #include "tour/script.h"
+#include "ui/help/help_topics.h"
 #include "ui/qt/orders/kept_texts.h"
 #include "ui/qt/orders/orders_window.h"
 #include "ui/qt/print/print_preview.h"
@@ -136,6 +138,23 @@ TEST_F(OrdersWindowTest, ListsNewestFirstAndFinds) {
     activate(*orders);
     QTest::keyClick(orders->windowHandle(), Qt::Key_Escape);
     EXPECT_FALSE(orders->isVisible());
+}
+
+TEST_F(OrdersWindowTest, IsLaidOutWellAndExplainsItsControls) {
+    keepUnfinished();
+    open();
+    for (const int line : {0, 1}) {
+        choose(line);
+        QApplication::processEvents();
+        EXPECT_EQ(layoutFaults().join("\n").toStdString(), "");
+        orders->grab().save("/tmp/wt/orders" + QString::number(line) + ".png");
+    }
+    for (const auto* widget : orders->findChildren<QWidget*>()) {
+        const auto name = widget->objectName();
+        const bool isLabel = qobject_cast<const QLabel*>(widget) != nullptr;
+        if (!name.isEmpty() && !name.startsWith("qt_") && !isLabel)
+            EXPECT_NE(ui::helpTopicOf(ui::qt::fromQt(name)), nullptr) << name.toStdString();
+    }
 }
 
 TEST_F(OrdersWindowTest, OrdersMarkedOrAllLinesAgainFromTheOpenCatalogueOnly) {
