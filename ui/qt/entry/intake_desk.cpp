@@ -33,6 +33,7 @@ void IntakeDesk::ask(Intake intake, Request request) {
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &QDialog::accepted, this, m_around.guard([this, done = request.taken] {
         m_around.order.take(m_dialog->intake(), m_dialog->overlap());
+        m_around.window.activateWindow(); // the lines may come from another one
         if (done)
             done();
     }));

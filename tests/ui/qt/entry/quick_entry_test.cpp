@@ -100,6 +100,30 @@ TEST_F(QuickEntryTest, SaysWhatIsWrongInItsPlace) {
     EXPECT_TRUE(play());
 }
 
+TEST_F(QuickEntryTest, OpensWhereverTheKeysAre) {
+    start();
+    then("an order", [] {
+        enter(products(), 2, "1");
+        press("CheckOut");
+    });
+    script.when(
+        "the order view", [] { return order() != nullptr; },
+        [this] {
+            for (const char* name : {"ctGrid2", "txOrgName", "txComment"}) {
+                auto* control = visibleWidget(name);
+                control->setFocus();
+                QTest::keyClick(control, Qt::Key_K, Qt::ControlModifier);
+                EXPECT_TRUE(takesKeys(box("txQuickCode"))) << name;
+                keys("B2\n\n", driver);
+                key(Qt::Key_Escape, {}, driver);
+                EXPECT_TRUE(takesKeys(control)) << name;
+            }
+            EXPECT_EQ(cell(order(), 1, 0), "3") << "the order's rows follow";
+            visibleWidget("Form1")->close();
+        });
+    EXPECT_TRUE(play());
+}
+
 TEST_F(QuickEntryTest, TheListChoosesWithoutTakingTheKeys) {
     open();
     then("the line", [this] {
