@@ -199,15 +199,19 @@ void CatalogZips::bringIn(const Zip& zip, StagedFolder& staged) {
     m_window.waitFor([&] { moveIn(zip, staged, installed.has_value()); });
 }
 
-void CatalogZips::moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled) const {
+// What is kept is what somebody could have seen.
+void CatalogZips::moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled) {
     const catalog::PreviousCatalog previous(m_keptFolder, zip.N, base::folderPath(m_programFolder, zip.N));
+    const auto supplier = base::upper(zip.N);
+    const bool isReady = isInstalled && !m_unseen.contains(supplier) &&
+                         previous.layReady([&](std::string_view file) { return staged.comingFile(file); });
     if (!isInstalled)
         previous.forget();
-    const bool isReady =
-        isInstalled && previous.layReady([&](std::string_view file) { return staged.comingFile(file); });
     staged.moveIn(catalog::parametersFile);
     if (isReady)
         previous.putInPlace();
+    if (isReady || !isInstalled)
+        m_unseen.insert(supplier);
 }
 
 bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {

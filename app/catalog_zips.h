@@ -44,7 +44,7 @@ private:
     [[nodiscard]] bool isUpdate(const Zip& zip, const std::filesystem::path& installedParameters,
                                 StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
-    void moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled) const;
+    void moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled);
     void unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged);
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
     void addLogo(const Zip& zip, const StagedFolder& staged) const;
@@ -56,6 +56,7 @@ private:
     WelcomeWindow& m_window;
     std::filesystem::path m_keptFolder;
     std::set<std::filesystem::path> m_processed;
+    std::set<std::string> m_unseen; // suppliers of whom this run has brought in articles that nobody has seen
     std::filesystem::path m_lastInstalledParameters;
 };
 

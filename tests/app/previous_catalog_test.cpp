@@ -12,13 +12,17 @@ protected:
     PreviousCatalog() { install("ACME", "00001"); }
 
     /// A catalogue of this version whose articles are those of another.
-    void update(const std::string& version, const std::string& articles) {
+    void drop(const std::string& name, const std::string& version, const std::string& articles) const {
         auto zip = support::ZipBuilder()
                        .add("ACME.sup", "ACME|ACME Ltd\r\n")
                        .add("PrdPrm.dat", parameters("ACME", version, ""));
         for (const auto* file : otherDataFiles)
             zip.add(file, articles);
-        zip.writeTo(program / "ACME.zip");
+        zip.writeTo(program / name);
+    }
+
+    void update(const std::string& version, const std::string& articles) {
+        drop("ACME.zip", version, articles);
         app::CatalogZips(program, archive, box, window, kept).installAll();
     }
 
@@ -57,6 +61,13 @@ TEST_F(PreviousCatalog, IsWhatTheLastUpdateThatChangedArticlesReplaced) {
     update("00005", "newest articles");
     EXPECT_EQ(articles(), "other articles other articles");
     EXPECT_TRUE(previous().isUnseen());
+}
+
+TEST_F(PreviousCatalog, IsOneThatSomebodyCouldHaveSeen) {
+    drop("ACME (1).zip", "00002", "passed over");
+    update("00003", "newest");
+    EXPECT_EQ(contents("ACME/Prdlst.dat"), "newest");
+    EXPECT_EQ(articles(), "00001 00001");
 }
 
 TEST_F(PreviousCatalog, GoesWithItsSupplier) {

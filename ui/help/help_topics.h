@@ -102,6 +102,14 @@ inline constexpr std::array helpTopics{
     HelpTopic{"txtPageSearch", "finding.html#on-page",
               "The word to find on the page that is up. Enter goes on to the next place."},
 
+    // lists
+    HelpTopic{
+        "OpenList", "lists.html#in",
+        "Choose a spreadsheet or a text with codes and quantities. You see what would come of it before "
+        "anything is ordered."},
+    HelpTopic{"SaveOrder", "lists.html#out",
+              "Choose a name for the order's lines: .xlsx makes a spreadsheet of them, .csv a text."},
+
     // the order view
     HelpTopic{"ctGrid2", "order-view.html#order", "What you have ordered. Quantities can be changed here."},
     HelpTopic{"Details", "order-view.html#details", "Who you are, and where the order is to go."},

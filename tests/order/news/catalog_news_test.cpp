@@ -130,7 +130,7 @@ TEST_F(CatalogNewsTest, AreWhatAPlainComparisonFinds) {
         }
         return products;
     };
-    for (int round = 0; round < 300 && !HasFailure(); ++round) {
+    for (int round = 0; round < 100 && !HasFailure(); ++round) {
         const auto before = some();
         const auto now = some();
         std::set<std::string> ordered;
