@@ -143,6 +143,7 @@ TEST_F(OrdersWindowTest, ListsNewestFirstAndFinds) {
 TEST_F(OrdersWindowTest, IsLaidOutWellAndExplainsItsControls) {
     keepUnfinished();
     open();
+    orders->setGeometry(40, 40, 640, 560);
     for (const int line : {0, 1}) {
         choose(line);
         QApplication::processEvents();
