@@ -110,9 +110,11 @@ public:
     explicit EmptyOrder(std::int32_t count)
         : OrderFiles(count), m_ordering(m_catalog, m_file, m_messages, m_toolbar) {}
 
-    void take(const std::vector<ui::WantedLine>& lines) {
-        m_ordering.take(ui::planIntake(m_catalog, m_ordering.basket(), lines), ui::Overlap::add);
+    [[nodiscard]] ui::Intake plan(const std::vector<ui::WantedLine>& lines) const {
+        return ui::planIntake(m_catalog, m_ordering.basket(), lines);
     }
+
+    void take(const ui::Intake& intake) { m_ordering.take(intake, ui::Overlap::add); }
 
     [[nodiscard]] bool holds(std::size_t lines) const {
         return holdAll(m_ordering.basket()) && m_ordering.basket().lines().size() == lines;
@@ -206,17 +208,33 @@ void typeQuantity(benchmark::State& state) {
         state.SkipWithError("not written");
 }
 
-/// A list of one line of each product, planned and taken into an empty order.
-void takeList(benchmark::State& state) {
-    const auto count = static_cast<std::int32_t>(state.range(0));
+std::vector<ui::WantedLine> listOfAll(std::int32_t count) {
     std::vector<ui::WantedLine> lines;
     for (const auto product : shuffledProducts(count))
-        lines.push_back({codeOf(product), "2", {}});
+        lines.push_back({codeOf(product), "2"});
+    return lines;
+}
+
+/// A list of one line of each product: what would come of it.
+void planList(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const auto lines = listOfAll(count);
+    const EmptyOrder empty(count);
+    for (auto _ : state)
+        if (empty.plan(lines).lines.size() != lines.size())
+            state.SkipWithError("planned otherwise");
+}
+
+/// The same taken into an empty order.
+void takeList(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const auto lines = listOfAll(count);
     for (auto _ : state) {
         state.PauseTiming();
         EmptyOrder empty(count);
+        const auto intake = empty.plan(lines);
         state.ResumeTiming();
-        empty.take(lines);
+        empty.take(intake);
         state.PauseTiming();
         if (!empty.holds(lines.size()))
             state.SkipWithError("not taken");
@@ -325,6 +343,7 @@ void updateAllRows(benchmark::State& state) {
 }
 
 BENCHMARK(typeQuantity)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+BENCHMARK(planList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(takeList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(updateLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(updateKeptLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);

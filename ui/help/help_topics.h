@@ -155,6 +155,38 @@ inline constexpr std::array helpTopics{
     HelpTopic{"NewsPage", "new.html#window",
               "Prices, new articles and articles that are gone. Click a code to go to the article."},
 
+    // the window "Orders"
+    HelpTopic{"Orders", "orders.html#window", "Orders that left, and those that you have kept for later."},
+    HelpTopic{"txOrderSearch", "orders.html#find",
+              "Finds orders by your number, an article or a text. Beginnings of words are enough."},
+    HelpTopic{"OrderSuppliers", "orders.html#find", "Whose orders are listed."},
+    HelpTopic{"OrderList", "orders.html#window",
+              "Your orders, the newest first. The one that is marked is shown below."},
+    HelpTopic{"OrdersSplit", "orders.html#window",
+              "Drag the line between them to give the list or the order more room."},
+    HelpTopic{"OrderLines", "orders.html#again",
+              "What was ordered, as it was then. Mark lines to order only these again."},
+    HelpTopic{"ShowDocument", "orders.html#document", "Shows the printed order, or the text of the e-mail."},
+    HelpTopic{"PrintAgain", "orders.html#document",
+              "Prints the document once more, or saves it as a PDF file."},
+    HelpTopic{"OrderAgain", "orders.html#again",
+              "Orders the same again, all lines or those that are marked, at today's prices. You see first "
+              "what has changed."},
+    HelpTopic{"ContinueOrder", "orders.html#unfinished", "Puts the unfinished order back onto yours."},
+    HelpTopic{"DeleteOrder", "orders.html#delete", "Deletes the marked order, after a question."},
+    HelpTopic{"DeleteBefore", "orders.html#delete",
+              "Deletes all orders that left before a day, after a question."},
+    HelpTopic{"dtDeleteBefore", "orders.html#delete", "Orders that left before this day are deleted."},
+
+    // delivery addresses
+    HelpTopic{"Addresses", "orders.html#addresses",
+              "Fills the boxes with an address that you have kept, or keeps the one that stands there."},
+    HelpTopic{"AddressBook", "orders.html#manage", "The delivery addresses that you have kept."},
+    HelpTopic{"AddressList", "orders.html#manage", "The delivery addresses that you have kept, by name."},
+    HelpTopic{"UseAddress", "orders.html#addresses", "Fills the delivery details with this address."},
+    HelpTopic{"RenameAddress", "orders.html#manage", "Gives the address another name."},
+    HelpTopic{"DeleteAddress", "orders.html#manage", "Deletes the address, after a question."},
+
     // the help window
     HelpTopic{"HelpWindow", "index.html#using", "The help book."},
     HelpTopic{"txHelpSearch", "index.html#using", "A word to look for in the whole help book."},

@@ -22,6 +22,7 @@ MoreButton::MoreButton(const Toolbar& toolbar, QWidget* window)
     setToolTip(QString("Orders that left, quick entry, lists, addresses and more (") + key + ")");
     setAutoRaise(true);
     setIconSize(toolbar.iconSize());
+    setToolButtonStyle(toolbar.toolButtonStyle());
     setFocusPolicy(Qt::NoFocus);
     m_menu->setObjectName("MoreMenu");
     for (const auto& row : moreCommands)

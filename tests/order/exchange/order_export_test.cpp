@@ -50,11 +50,14 @@ TEST(OrderExport, WhatIsSavedReadsAsTheSameLines) {
         const auto contents = randomOrder(random, quantities);
         const auto table = order::orderTable(contents, sample.parameters());
         order::writeOrderCsv(sample.folder / "a.csv", table);
-        order::writeOrderXlsx(sample.folder / "a.xlsx", table, contents.totals);
         const auto isCode = [&](std::string_view code) { return quantities.count(std::string(code)) > 0; };
-        for (const auto& list : {order::readOrderList(sample.folder / "a.csv", isCode),
-                                 order::readOrderList(sample.folder / "a.xlsx", isCode),
-                                 order::readOrderText(order::orderAsTableText(table), isCode)}) {
+        std::vector lists{order::readOrderList(sample.folder / "a.csv", isCode),
+                          order::readOrderText(order::orderAsTableText(table), isCode)};
+        if (order::canWriteXlsx()) {
+            order::writeOrderXlsx(sample.folder / "a.xlsx", table, contents.totals);
+            lists.push_back(order::readOrderList(sample.folder / "a.xlsx", isCode));
+        }
+        for (const auto& list : lists) {
             ASSERT_EQ(list.lines.size(), contents.rows.size()) << list.summary;
             for (std::size_t i = 0; i < list.lines.size(); ++i) {
                 EXPECT_EQ(list.lines[i].code, contents.rows[i].code);
@@ -80,6 +83,8 @@ TEST(OrderExport, TextsAreNoFormulasAndNumbersAreNumbers) {
     EXPECT_THAT(html, HasSubstr(">'=HYPERLINK(&quot;x&quot;)</td>"));
     EXPECT_THAT(html, HasSubstr(">&lt;b></td>"));
     EXPECT_THAT(html, HasSubstr("sdval=\"22.50\""));
+    if (!order::canWriteXlsx())
+        return;
     order::writeOrderXlsx(sample.folder / "a.xlsx", table, sample.contents.totals);
     const auto sheet = tables::openTables(sample.folder / "a.xlsx");
     tables::TableRow row;
@@ -102,6 +107,8 @@ TEST(OrderExport, FullDiskLeavesTheOldFile) {
     const std::pair<std::string, std::function<void(const fs::path&)>> writers[] = {{"a.csv", csv},
                                                                                     {"a.xlsx", xlsx}};
     for (const auto& [name, write] : writers) {
+        if (name == "a.xlsx" && !order::canWriteXlsx())
+            continue;
         const auto file = sample.folder / name;
         base::replaceFile(file, "old");
         for (const rlim_t size : {0UL, 4096UL, 200'000UL}) {

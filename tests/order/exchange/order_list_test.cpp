@@ -73,7 +73,7 @@ TEST(OrderList, ColumnsAreFoundByWhatStandsInThem) {
          {"2: X-1 | 2", "3: X-2 | 1 000", "4: =A | -1"},
          "Read 3 lines of \"list.csv\": code from column 1 (R\xE9"
          "f\xE9rence), quantity from column 4 (Quantit\xE9)."},
-        {"Code;Price\nX-1;2.50\nX-2;3.00\n",
+        {"Code;Cost\nX-1;2\nX-2;3\n",
          {"2: X-1 | 1", "3: X-2 | 1"},
          "Read 2 lines of \"list.csv\": code from column 1 (Code); it has no quantities, so one of each."},
     };

@@ -85,7 +85,7 @@ void QuickEntryBar::layOut() {
     boxes->addLayout(captioned("Code", m_code));
     boxes->addLayout(captioned("Quantity", m_quantity));
     boxes->addWidget(m_scanner);
-    boxes->addStretch();
+    boxes->addStretch(1);
     boxes->addWidget(m_close);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(10, 6, 6, 4);

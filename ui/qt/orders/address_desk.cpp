@@ -36,9 +36,10 @@ void AddressDesk::fill(QMenu& menu) {
     auto& guard = m_around.guard;
     menu.clear();
     try {
-        for (auto& address : m_around.kept().addresses())
-            connect(menu.addAction(asCaption(toQt(address.name).simplified())), &QAction::triggered, this,
-                    guard([this, address = std::move(address)] { use(address); }));
+        for (const auto& address : m_around.kept().addresses()) {
+            auto* entry = menu.addAction(asCaption(toQt(address.name).simplified()));
+            connect(entry, &QAction::triggered, this, guard([this, address] { use(address); }));
+        }
     } catch (const base::FileError& error) {
         auto* trouble = menu.addAction("The addresses cannot be read");
         trouble->setEnabled(false);

@@ -23,11 +23,12 @@ public:
 signals:
     void kept();
 
-    /// A sentence for the user.
+    /// A sentence for the user: an order could not be kept, or something had to be done to keep it.
     void failed(const QString& sentence);
 
 private:
     void keep(const order::KeptOrder& order);
+    void add(const order::KeptOrder& order);
 
     std::filesystem::path m_file;
     QThreadPool m_thread;

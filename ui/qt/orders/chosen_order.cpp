@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace ui::qt {
 namespace {
@@ -48,10 +49,10 @@ ChosenOrder::ChosenOrder(QWidget* parent)
             &ChosenOrder::markedChanged);
 }
 
-void ChosenOrder::show(const order::KeptOrder& order) {
+void ChosenOrder::show(order::KeptOrder& order) {
     m_text->setText(shortened(orderText(order)));
     m_totals->setText(totalsText(order.contents.totals));
-    m_model->show(order.contents.rows);
+    m_model->show(std::move(order.contents.rows));
     showUsedColumns();
 }
 

@@ -18,7 +18,8 @@ class ChosenOrder final : public QWidget {
 public:
     explicit ChosenOrder(QWidget* parent);
 
-    void show(const order::KeptOrder& order);
+    /// Takes the order's lines over.
+    void show(order::KeptOrder& order);
     void show(const order::UnfinishedOrder& order);
     using QWidget::show;
 
@@ -27,6 +28,8 @@ public:
 
     /// The rows that are marked, from 0, ascending.
     [[nodiscard]] std::vector<int> marked() const;
+
+    [[nodiscard]] const std::vector<order::DocumentRow>& rows() const { return m_model->rows(); }
 
 signals:
     void markedChanged();

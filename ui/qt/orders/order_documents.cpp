@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "base/text.h"
 #include "catalog/program_folders.h"
-#include "pages/scratch_page.h"
+#include "pages/browse/page_files.h"
 #include "ui/qt/orders/kept_texts.h"
 #include "ui/qt/print/order_title.h"
 #include "ui/qt/widgets/qt_text.h"
@@ -12,6 +12,10 @@
 
 namespace ui::qt {
 namespace {
+
+// Under which documents are shown. Nothing is written there, unless one is so large that the browser takes it
+// from a file beside: that is another than the one of the order that may be on its way to paper meanwhile.
+constexpr std::string_view addressFile = "Tmp.kept.htm";
 
 // A name from the database is a stranger's.
 bool isFolderName(std::string_view name) {
@@ -45,15 +49,14 @@ void OrderDocuments::start(const order::KeptOrder& order, Start begin) {
     if (auto* busy = busyPrinter())
         return busy->showBusy();
     const auto folders = foldersOf(order.supplier);
-    const auto scratch = pages::ScratchPage(folders.UserFolder).path();
-    const pages::PageFiles files({folders.DataFolder, scratch, folders.ProgramFolder});
+    const auto address = folders.UserFolder / addressFile;
+    const pages::PageFiles files({folders.DataFolder, address, folders.ProgramFolder});
     if (!m_printer)
         m_printer = std::make_unique<OrderPrinter>(files, m_messages, m_guard, m_window);
     m_printer->confineTo(files);
-    (*m_printer.*begin)(scratch, documentPage(order.document), orderTitle(toQt(order.contents.orderNumber)));
+    (*m_printer.*begin)(address, documentPage(order.document), orderTitle(toQt(order.contents.orderNumber)));
 }
 
-// The scratch page is only the address under which the document is shown.
 catalog::Folders OrderDocuments::foldersOf(std::string_view supplier) const {
     if (base::equalIgnoringCase(supplier, m_supplier))
         return m_folders;

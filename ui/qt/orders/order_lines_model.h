@@ -21,6 +21,8 @@ public:
     void show(std::vector<order::DocumentRow> rows);
     void show(const std::vector<order::UnfinishedLine>& lines);
 
+    [[nodiscard]] const std::vector<order::DocumentRow>& rows() const { return m_rows; }
+
     /// Whether any line has a text there.
     [[nodiscard]] bool isUsed(int column) const;
 

@@ -26,6 +26,7 @@ constexpr QSize designedSize{900, 660};
 constexpr int typingPauseMs = 120;
 constexpr int longestPhrase = 200;
 constexpr int fewestRows = 4;
+constexpr std::size_t removedAtOnce = 100;
 constexpr auto onlyHere = "Open this supplier's catalogue to order from it again";
 
 QString countOf(std::size_t count) {
@@ -186,7 +187,8 @@ void OrdersWindow::keepRow(int row) {
     const int last = m_model->rowCount() - 1;
     if (last >= 0)
         m_list->setCurrentIndex(m_model->index(std::clamp(row, 0, last), 0));
-    showChosen();
+    else
+        showChosen();
 }
 
 // Those of the catalogue that is open which were kept for later.
@@ -244,13 +246,13 @@ void OrdersWindow::printAgain() {
 
 void OrdersWindow::orderAgain() {
     if (m_order)
-        m_around.orderAgain(wantedAgain(m_order->contents.rows, m_chosen->marked()));
+        m_around.orderAgain(wantedAgain(m_chosen->rows(), m_chosen->marked()));
 }
 
 void OrdersWindow::continueUnfinished() {
     const auto order = *m_unfinished;
+    reject(); // it goes on in the main window
     m_around.continueOrder(order);
-    refresh();
 }
 
 void OrdersWindow::deleteChosen() {
@@ -288,8 +290,14 @@ void OrdersWindow::deleteBefore() {
         "Do you want to delete " + countOf(count) + before + "?\nThey cannot be brought back.";
     if (m_around.messages.ask(platform::Icon::question, "Delete orders", fromQt(question),
                               platform::Answer::no) == platform::Answer::yes)
-        m_around.kept.removeBefore(dialog.before(), supplier);
-    refresh();
+        removeBefore(dialog.before(), supplier);
+}
+
+// In steps, between which the window stays alive.
+void OrdersWindow::removeBefore(std::chrono::system_clock::time_point before, const std::string& supplier) {
+    if (m_around.kept.removeBefore(before, supplier, removedAtOnce) < removedAtOnce)
+        return refresh();
+    QTimer::singleShot(0, this, m_around.guard([=, this] { removeBefore(before, supplier); }));
 }
 
 // What is being printed is seen to its end, or cancelled, first.

@@ -15,9 +15,11 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace ui::qt {
@@ -74,11 +76,12 @@ private:
     void continueUnfinished();
     void deleteChosen();
     void deleteBefore();
+    void removeBefore(std::chrono::system_clock::time_point before, const std::string& supplier);
 
     Surroundings m_around;
     WindowMemory m_memory;
     OrderDocuments m_documents;
-    std::optional<order::KeptOrder> m_order;            // that is chosen
+    std::optional<order::KeptOrder> m_order;            // that is chosen; its lines are shown
     std::optional<order::UnfinishedOrder> m_unfinished; // the same, if it is unfinished
     bool m_placed = false;
     QTimer m_typingPause;
