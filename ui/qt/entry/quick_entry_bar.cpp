@@ -23,8 +23,10 @@ constexpr int codeWidth = 24;                // in average characters
 constexpr int quantityWidth = 8;
 constexpr int longestCode = 100; // no record's texts are longer
 
-bool isEnter(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
+// Some scanners end a code with a control character.
+bool isEnter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.text() == "\n" ||
+           key.text() == "\r";
 }
 
 bool isModifier(int key) {
@@ -130,7 +132,7 @@ bool QuickEntryBar::keyPressed(QLineEdit& box, const QKeyEvent& key) {
     noteForScan(box, key);
     if (!isModifier(key.key()))
         m_scanEnds.stop();
-    if (isEnter(key.key()))
+    if (isEnter(key))
         enterPressed(box, std::chrono::milliseconds(key.timestamp()));
     else if (key.key() == Qt::Key_Escape)
         escape();
@@ -147,7 +149,7 @@ bool QuickEntryBar::keyPressed(QLineEdit& box, const QKeyEvent& key) {
 // A key without a time is nobody's.
 void QuickEntryBar::noteForScan(const QLineEdit& box, const QKeyEvent& key) {
     const bool writes = !key.text().isEmpty() && key.text().at(0).isPrint();
-    if (isEnter(key.key()) || isModifier(key.key()))
+    if (isEnter(key) || isModifier(key.key()))
         return;
     if (!writes || key.timestamp() == 0)
         m_scan.forget();
