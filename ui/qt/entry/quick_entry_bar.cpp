@@ -11,18 +11,22 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <utility>
 
 namespace ui::qt {
 namespace {
 
 constexpr int pauseMs = 80;
+constexpr int scanPauseMs = 60;
 constexpr std::int32_t rowsAtATime = 20'000; // a few milliseconds
 constexpr int codeWidth = 24;                // in average characters
 constexpr int quantityWidth = 8;
 constexpr int longestCode = 100; // no record's texts are longer
 
-bool isEnter(int key) {
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
+// Some scanners end a code with a control character.
+bool isEnter(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.text() == "\n" ||
+           key.text() == "\r";
 }
 
 bool isModifier(int key) {
@@ -100,6 +104,8 @@ void QuickEntryBar::connectControls() {
         m_pause.start(pauseMs);
     });
     connect(&m_pause, &QTimer::timeout, this, m_guard([this] { suggest(); }));
+    m_scanEnds.setSingleShot(true);
+    connect(&m_scanEnds, &QTimer::timeout, this, m_guard([this] { quantityEntered(); }));
     connect(&m_search, &QTimer::timeout, this, m_guard([this] { suggestMore(); }));
     connect(m_close, &QToolButton::clicked, this, &QuickEntryBar::close);
 }
@@ -124,7 +130,9 @@ bool QuickEntryBar::eventFilter(QObject* watched, QEvent* event) {
 
 bool QuickEntryBar::keyPressed(QLineEdit& box, const QKeyEvent& key) {
     noteForScan(box, key);
-    if (isEnter(key.key()))
+    if (!isModifier(key.key()))
+        m_scanEnds.stop();
+    if (isEnter(key))
         enterPressed(box, std::chrono::milliseconds(key.timestamp()));
     else if (key.key() == Qt::Key_Escape)
         escape();
@@ -141,7 +149,7 @@ bool QuickEntryBar::keyPressed(QLineEdit& box, const QKeyEvent& key) {
 // A key without a time is nobody's.
 void QuickEntryBar::noteForScan(const QLineEdit& box, const QKeyEvent& key) {
     const bool writes = !key.text().isEmpty() && key.text().at(0).isPrint();
-    if (isEnter(key.key()) || isModifier(key.key()))
+    if (isEnter(key) || isModifier(key.key()))
         return;
     if (!writes || key.timestamp() == 0)
         m_scan.forget();
@@ -198,61 +206,62 @@ void QuickEntryBar::choose(std::int32_t product) {
     codeEntered();
 }
 
-// The article that is chosen from the list, or the code as it was typed.
-void QuickEntryBar::codeEntered() {
+// The article that is chosen from the list, or the code as it was typed. True when its quantity comes next.
+bool QuickEntryBar::codeEntered() {
     if (const auto product = m_list ? m_list->chosen() : std::nullopt)
         m_code->setText(toQt(m_catalog.products.at(*product).code()));
     endSuggestions();
     if (m_code->text().trimmed().isEmpty())
-        return;
-    if (m_scanner->isChecked())
-        return orderOne(m_code->text());
+        return false;
     const auto line = planQuickLine(m_catalog, m_order.basket(), fromQt(m_code->text()), {});
-    m_said->setText(toQt(line.complaint));
-    if (!line.intake)
-        return m_code->selectAll();
-    const auto record = m_catalog.products.at(line.intake->lines.front().product);
-    m_said->setText(toQt(record.code()) + ' ' + toQt(record.descriptionLine()));
-    m_quantity->setFocus();
-    m_quantity->selectAll();
+    if (!line.intake) {
+        m_said->setText(m_saidBefore + toQt(line.complaint));
+        m_saidBefore.clear();
+        m_code->setFocus();
+        m_code->selectAll();
+    } else if (m_scanner->isChecked()) {
+        quantityEntered();
+    } else {
+        const auto record = m_catalog.products.at(line.intake->lines.front().product);
+        m_said->setText(toQt(record.code()) + ' ' + toQt(record.descriptionLine()));
+        m_quantity->setFocus();
+        m_quantity->selectAll();
+        return true;
+    }
+    return false;
 }
 
 void QuickEntryBar::quantityEntered() {
+    m_scanEnds.stop();
     if (order(m_code->text(), m_quantity->text()))
         beginAgain();
     else
         m_quantity->selectAll();
 }
 
-// In the quantity's box a code lies over the quantity of the article before, which is ordered as it was.
+// A scanner pauses after its Enter, and then one is ordered; a driver that is as fast goes on with the
+// quantity. In the quantity's box a code lies over the quantity of the article before, which is ordered as it
+// was.
 void QuickEntryBar::scanned(const QLineEdit& box, const QString& code) {
     endSuggestions();
-    QString before;
     if (&box == m_quantity && !m_code->text().isEmpty()) {
         order(m_code->text(), m_beforeRun);
-        before = m_said->text() + "; ";
+        m_saidBefore = m_said->text() + "; ";
     }
-    orderOne(code);
-    m_said->setText(before + m_said->text());
-}
-
-void QuickEntryBar::orderOne(const QString& code) {
     m_code->setText(code);
-    const bool isOrdered = order(code, {});
-    beginAgain();
-    if (isOrdered)
-        return;
-    m_code->setText(code);
-    m_code->selectAll();
+    m_quantity->clear();
+    if (codeEntered())
+        m_scanEnds.start(scanPauseMs);
 }
 
 bool QuickEntryBar::order(const QString& code, const QString& quantity) {
     const auto line = planQuickLine(m_catalog, m_order.basket(), fromQt(code), fromQt(quantity));
     if (line.intake)
         m_order.take(*line.intake, Overlap::add);
-    m_said->setText(toQt(line.intake ? orderedSentence(m_catalog.products, m_order.basket(),
-                                                       line.intake->lines.front().product)
-                                     : line.complaint));
+    const auto sentence = line.intake ? orderedSentence(m_catalog.products, m_order.basket(),
+                                                        line.intake->lines.front().product)
+                                      : line.complaint;
+    m_said->setText(std::exchange(m_saidBefore, {}) + toQt(sentence));
     QAccessibleEvent said(m_said, QAccessible::Alert);
     QAccessible::updateAccessibility(&said);
     return line.intake.has_value();
@@ -265,6 +274,8 @@ void QuickEntryBar::beginAgain() {
 }
 
 void QuickEntryBar::close() {
+    if (m_scanEnds.isActive())
+        quantityEntered();
     endSuggestions();
     hide();
     if (m_formerFocus && m_formerFocus->isVisible())

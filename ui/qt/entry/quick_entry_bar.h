@@ -51,10 +51,9 @@ private:
     void endSuggestions();
     void choose(std::int32_t product);
 
-    void codeEntered();
+    bool codeEntered();
     void quantityEntered();
     void scanned(const QLineEdit& box, const QString& code);
-    void orderOne(const QString& code);
     bool order(const QString& code, const QString& quantity);
     void beginAgain();
     void close();
@@ -71,8 +70,10 @@ private:
     std::optional<ArticleSuggestions> m_suggestions;
     QTimer m_pause; // in typing, after which articles are suggested
     QTimer m_search;
+    QTimer m_scanEnds; // when no quantity comes behind a scanner's code
     ScanWatch m_scan;
-    QString m_beforeRun; // what the box said before the keys that may be a scanner's
+    QString m_saidBefore; // of the line before, which was not read yet
+    QString m_beforeRun;  // what the box said before the keys that may be a scanner's
     QPointer<QWidget> m_formerFocus;
 };
 
