@@ -52,7 +52,8 @@ int main(int argc, char* argv[]) {
     tour::apply(wanted.look);
     const auto& folder = wanted.folder;
     tour::prepareProgramFolder(folder / "program");
-    fs::remove_all(folder / "config");
+    for (const char* earlier : {"config", "kept"})
+        fs::remove_all(folder / earlier);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
                        QString::fromStdU16String((folder / "config").u16string()));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -62,7 +63,7 @@ int main(int argc, char* argv[]) {
     ui::system::PrimaryScreen screen;
     ui::system::FileInstanceLock instanceLock;
     const auto run = [&](tour::Script& script) {
-        ui::qt::Program program({programFile, screen, instanceLock, folder / "own"});
+        ui::qt::Program program({programFile, screen, instanceLock, folder / "own", folder / "kept"});
         program.start();
         return script.run();
     };

@@ -4,12 +4,14 @@
 #include "ui/qt/grid/grid.h"
 #include "ui/qt/widgets/qt_text.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDate>
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPdfSelection>
+#include <QTableView>
 #include <QTest>
 
 #include <fstream>
@@ -44,6 +46,11 @@ bool inOrderView() {
 
 void press(const char* button) {
     QTest::mouseClick(visibleWidget(button), Qt::LeftButton);
+}
+
+// In the menu of "More".
+void choose(const char* entry) {
+    visibleWidget("Form1")->findChild<QAction*>(entry)->trigger();
 }
 
 void keepFirstPage(const fs::path& pdf, const fs::path& picture) {
@@ -130,12 +137,40 @@ void addMailing(Script& script, const fs::path& folder, const Photograph& photog
         [folder] { return fs::exists(folder / "order.eml") && inOrderView(); }, [] {});
 }
 
+void addKeptOrders(Script& script, const Photograph& photograph) {
+    script.when("the orders that left", inOrderView, [] { choose("MoreOrders"); });
+    script.when(
+        "their list",
+        [] {
+            const auto* list = visible<QTableView>("OrderList");
+            return list && list->model()->rowCount() == 2;
+        },
+        [] {});
+    photograph("14-orders");
+    script.when(
+        "closing them", [] { return true; }, [] { visibleWidget("Orders")->close(); });
+}
+
+void addQuickEntry(Script& script, const Photograph& photograph) {
+    script.when("the price list once more", inOrderView, [] { press("Plist"); });
+    script.when(
+        "quick entry", [] { return products() != nullptr; },
+        [] {
+            choose("MoreQuickEntry");
+            QTest::keyClicks(visibleWidget("txQuickCode"), "hn-m5");
+        });
+    script.pause(500);
+    photograph("15-quick-entry");
+}
+
 }
 
 void addOrderScenes(Script& script, const fs::path& folder, const Photograph& photograph) {
     addOrdering(script);
     addPrinting(script, folder, photograph);
     addMailing(script, folder, photograph);
+    addKeptOrders(script, photograph);
+    addQuickEntry(script, photograph);
 }
 
 }

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 QWidget* windowInFront() {
     if (auto* box = QApplication::activeModalWidget())
         return box;
-    for (const char* name : {"HelpWindow", "Form1", "Welcome"})
+    for (const char* name : {"HelpWindow", "Orders", "Form1", "Welcome"})
         if (auto* window = visibleWidget(name))
             return window;
     return nullptr;
