@@ -3,6 +3,11 @@
 #include <QHeaderView>
 
 namespace ui::qt {
+namespace {
+
+constexpr int narrowest = 12; // average characters
+
+}
 
 QTableView* orderTable(const QString& name, const QString& accessibleName, QAbstractItemModel* model,
                        QWidget* parent) {
@@ -27,6 +32,7 @@ QTableView* orderTable(const QString& name, const QString& accessibleName, QAbst
 void setColumnWidths(QTableView& table, std::initializer_list<int> characters) {
     auto& header = *table.horizontalHeader();
     const int width = table.fontMetrics().averageCharWidth();
+    header.setMinimumSectionSize(narrowest * width); // headings stay whole
     int column = 0;
     for (const int count : characters) {
         if (count == 0)
