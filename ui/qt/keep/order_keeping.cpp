@@ -20,7 +20,6 @@ std::vector<WantedLine> wantedOf(const order::UnfinishedOrder& order) {
                          .quantity = base::textOf(line.quantity),
                          .description = line.description,
                          .price = line.price,
-
                          .record = line.record});
     return lines;
 }

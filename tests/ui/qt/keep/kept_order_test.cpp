@@ -51,8 +51,8 @@ protected:
             "the offer", [] { return visibleWidget("OfferContinue") != nullptr; }, std::move(act));
     }
 
-    void changePrice() {
-        catalog.products[2].price = 12;
+    void changePrice(float price) {
+        catalog.products[2].price = price;
         catalog.writeTo(folder / "ACME");
     }
 
@@ -68,7 +68,7 @@ TEST_F(KeptOrderTest, AnOrderIsTypedKilledContinuedSentAndOrderedAgain) {
     commands.installRecorder("sendmail");
     deliver("ACME", catalog, {{"EmlOrd.ect", "<R1>{QTY} x {CODE}</R1> {ORDTOTAL}"}});
     orderAndDie();
-    changePrice();
+    changePrice(12);
     whenOffered([] {
         EXPECT_TRUE(takesKeys(products())) << "it takes no focus";
         EXPECT_THAT(
@@ -105,6 +105,7 @@ TEST_F(KeptOrderTest, AnOrderIsTypedKilledContinuedSentAndOrderedAgain) {
     EXPECT_THAT(base::readFile(mail).value_or(""), HasSubstr("2.0 x B1"));
     EXPECT_EQ(journals(), 0U) << "it is finished";
 
+    changePrice(15);
     then("an empty order", [] {
         EXPECT_EQ(visibleWidget("OfferBar"), nullptr);
         EXPECT_EQ(text("lbTotOrd"), "0.00");
@@ -114,9 +115,15 @@ TEST_F(KeptOrderTest, AnOrderIsTypedKilledContinuedSentAndOrderedAgain) {
         "the orders", [] { return visibleWidget("Orders") && visibleWidget("OrderAgain")->isEnabled(); },
         [] { press("OrderAgain"); });
     script.when(
-        "a look first", [] { return visibleWidget("IntakeOrder") != nullptr; }, [] { press("IntakeOrder"); });
-    then("the same again", [] {
-        EXPECT_EQ(text("lbTotOrd"), "38.00");
+        "a look first", [] { return visibleWidget("IntakePrices") != nullptr; },
+        [] {
+            const auto* prices = visible<QTableView>("IntakePrices")->model();
+            EXPECT_EQ(prices->index(0, 2).data().toString() + prices->index(0, 3).data().toString(),
+                      "12.0015.00");
+            press("IntakeOrder");
+        });
+    then("the same again, at today's price", [] {
+        EXPECT_EQ(text("lbTotOrd"), "44.75");
         visibleWidget("Form1")->findChild<QAction*>("MoreCopyOrder")->trigger();
     });
     script.when(
