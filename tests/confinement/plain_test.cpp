@@ -23,6 +23,7 @@ using confinement::waysAway;
 using confinement::waysOut;
 
 constexpr int mostWaitMs = 20000;
+constexpr int mostAttempts = 3; // a browser that is short of time drops workers
 
 /// A browser page with nothing in its way, and with everything that it can do switched on.
 class PlainPage : public QWebEnginePage {
@@ -82,12 +83,15 @@ protected:
 TEST_F(PlainBrowser, IsHeardOnNearlyEveryWay) {
     ASSERT_TRUE(listeners.allReady());
     for (std::size_t first = 0; first < waysOut.size(); first += 8) {
-        load("out.htm", first);
         const auto group =
             std::span(waysOut).subspan(first, std::min<std::size_t>(8, waysOut.size() - first));
-        const auto heard = [this](const auto& way) { return isHeard(way); };
-        static_cast<void>(
-            QTest::qWaitFor([&] { return std::all_of(group.begin(), group.end(), heard); }, mostWaitMs));
+        const auto allHeard = [&] {
+            return std::all_of(group.begin(), group.end(), [this](const auto& way) { return isHeard(way); });
+        };
+        for (int attempt = 0; attempt < mostAttempts && !allHeard(); ++attempt) {
+            load("out.htm", first);
+            static_cast<void>(QTest::qWaitFor(allHeard, mostWaitMs));
+        }
         for (const auto& way : group)
             EXPECT_TRUE(isHeard(way)) << way.name;
     }
