@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,6 +21,9 @@ struct ZipEntry {
     std::uint64_t index = 0;
     std::uint64_t size = 0; ///< unpacked, as the archive says, which may be a lie
     EntryPath where;
+    /// CRC-32 of the contents, as the archive says; none where they are encrypted or packed in an unknown
+    /// way.
+    std::optional<std::uint32_t> checkSum{};
 };
 
 /// What an archive says of an entry, whether it may be extracted or not.
@@ -81,7 +85,14 @@ private:
         void operator()(zip* archive) const;
     };
 
-    [[nodiscard]] std::uint64_t sizeOf(std::uint64_t index) const;
+    struct Description {
+        std::uint64_t size = 0;
+        std::optional<std::uint32_t> checkSum{};
+        bool isOpen = true;
+        bool isCommon = true;
+    };
+
+    [[nodiscard]] Description describe(std::uint64_t index) const;
     [[nodiscard]] bool isPlain(std::uint64_t index) const;
 
     std::unique_ptr<zip, Close> m_archive;
