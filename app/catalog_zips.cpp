@@ -150,7 +150,7 @@ void CatalogZips::process(const fs::path& path) {
         return;
     }
     std::error_code error;
-    if (!discard(m_programFolder, path))
+    if (fs::exists(path, error) && !discard(m_programFolder, path))
         fs::remove(path, error);
     if (error)
         complain("Cannot delete " + base::textOf(path) +
@@ -188,7 +188,11 @@ void CatalogZips::install(const Zip& zip) {
     } catch (...) { // Deliberate: thrown again below; whatever it is, clearing up takes long
         failure = std::current_exception();
     }
-    m_window.waitFor([&] { staged.reset(); });
+    m_window.waitFor([&] {
+        staged.reset();
+        if (!failure)
+            static_cast<void>(discard(m_programFolder, zip.path)); // else as any other zip that is done with
+    });
     if (failure)
         std::rethrow_exception(failure);
 }

@@ -42,10 +42,10 @@ double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-void useCores(int cores) {
+void useCores(unsigned cores) {
     cpu_set_t set;
     CPU_ZERO(&set);
-    for (int core = 0; core < cores; ++core)
+    for (std::size_t core = 0; core < cores; ++core)
         CPU_SET(core, &set);
     sched_setaffinity(0, sizeof set, &set);
 }
@@ -74,18 +74,10 @@ class WorkingWindow final : public support::QuietWindow {
 public:
     void waitFor(const std::function<void()>& work) override { ui::system::runInBackground(work); }
 
-    void later(const std::function<void(const std::stop_token&)>& work) override { m_later = work; }
-
-    void doWhatWasLeft() const {
-        if (m_later)
-            m_later({});
-    }
-
-private:
-    std::function<void(const std::stop_token&)> m_later;
+    void later(const std::function<void(const std::stop_token&)>& /*work*/) override {}
 };
 
-/// Prints seconds, milliseconds of deleting afterwards, and megabytes more than before.
+/// Prints seconds, and megabytes more than before. What can be deleted later is not.
 int installOnly(int argc, char* argv[], const fs::path& program) {
     const QCoreApplication application(argc, argv);
     ui::system::BackgroundArchive archive;
@@ -96,9 +88,7 @@ int installOnly(int argc, char* argv[], const fs::path& program) {
     app::CatalogZips(program, archive, box, window).installAll();
     const auto seconds = secondsSince(start);
     const auto memory = memoryMb("VmHWM:") - before;
-    const auto left = Clock::now();
-    window.doWhatWasLeft();
-    std::printf("%f %f %f\n", seconds, secondsSince(left) * 1000, memory);
+    std::printf("%f %f\n", seconds, memory);
     return fs::exists(program / "ACME" / "PrdPrm.dat") ? 0 : 1;
 }
 
@@ -114,6 +104,26 @@ private:
     fs::path m_path;
 };
 
+/// Begins to measure at the first paint: before the start-up, which is called by what the paint posts.
+class FirstPaint final : public QObject {
+public:
+    explicit FirstPaint(bench::BusyWatch& watch) : m_watch(watch) {}
+
+    Clock::time_point at;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && at == Clock::time_point{}) {
+            at = Clock::now();
+            m_watch.restart();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bench::BusyWatch& m_watch;
+};
+
 /// Prints seconds from the first paint to the first page, the longest busy stretch until then in
 /// milliseconds, and the longest one from then on until nothing is left to delete.
 int installInWindow(int argc, char* argv[], const fs::path& folder) {
@@ -126,22 +136,19 @@ int installInWindow(int argc, char* argv[], const fs::path& folder) {
     ui::system::FileInstanceLock lock;
     ui::qt::Program program({file, screen, lock, folder / "own", folder / "kept"});
     bench::BusyWatch watch;
-    Clock::time_point start;
-    double unpacking = 0;
+    FirstPaint first(watch);
+    qApp->installEventFilter(&first);
+    double unpacking = -1;
     QTimer end;
-    QObject::connect(&program.welcome(), &ui::qt::Welcome::painted, [&] {
-        start = Clock::now();
+    // The title changes between the installing and the first page, for which the browser is started.
+    QObject::connect(&program.welcome(), &QWidget::windowTitleChanged, [&] {
+        unpacking = watch.longestMs();
         watch.restart();
     });
-    // Marked by the end of what the start-up does before it shows the page.
     QObject::connect(&end, &QTimer::timeout, [&] {
-        if (unpacking == 0 && !fs::exists(folder / "ACME.zip")) {
-            unpacking = watch.longestMs();
-            watch.restart();
-        }
-        if (unpacking == 0 || !program.welcome().browser().idle() || fs::exists(folder / "Install.tmp"))
+        if (unpacking < 0 || !program.welcome().browser().idle() || fs::exists(folder / "Install.tmp"))
             return;
-        std::printf("%f %f %f\n", secondsSince(start), unpacking, watch.longestMs());
+        std::printf("%f %f %f\n", secondsSince(first.at), unpacking, watch.longestMs());
         std::fflush(stdout);
         std::_Exit(0);
     });
@@ -150,7 +157,8 @@ int installInWindow(int argc, char* argv[], const fs::path& folder) {
     return QApplication::exec();
 }
 
-/// The zips of both versions and what the programs make of them, in a folder that goes at the end.
+/// The zips of both versions and what the programs make of them, in a folder that goes at the end and not
+/// before: where files have just been deleted, others are made many times slower.
 class Bench {
 public:
     Bench() {
@@ -168,7 +176,6 @@ public:
 
     /// A new program folder; with a version that is installed in it, if one is named.
     fs::path programFolder(std::string_view installed) {
-        removeLast();
         m_last = m_root / std::to_string(m_number++);
         fs::create_directories(m_last);
         std::ofstream(m_last / "Start.ini") << "[Email]\r\nStatus=Yes\r\n";
@@ -181,7 +188,6 @@ public:
 
     /// A new folder; with a version that bsdtar has unpacked into it, if one is named.
     fs::path peersFolder(std::string_view installed) {
-        removeLast();
         m_last = m_root / std::to_string(m_number++);
         fs::create_directories(m_last);
         if (!installed.empty())
@@ -194,7 +200,7 @@ public:
         ::sync(); // so that nothing is left to do when the measuring begins
     }
 
-    double unpack(std::string_view version, const fs::path& folder, int cores) {
+    double unpack(std::string_view version, const fs::path& folder, unsigned cores) {
         ::sync();
         const auto start = Clock::now();
         run({"bsdtar", "-xf", path(zip(version)), "-C", path(folder)}, cores);
@@ -202,7 +208,7 @@ public:
     }
 
     /// The numbers that it prints.
-    static std::vector<double> run(const QStringList& command, int cores) {
+    static std::vector<double> run(const QStringList& command, unsigned cores) {
         QProcess process;
         process.setChildProcessModifier([cores] { useCores(cores); });
         process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -220,13 +226,6 @@ public:
 
 private:
     [[nodiscard]] fs::path zip(std::string_view version) const { return m_root / version / "ACME.zip"; }
-
-    // Files are made many times slower where others have just been deleted, so that has to be over.
-    void removeLast() const {
-        if (!m_last.empty())
-            fs::remove_all(m_last);
-        ::sync();
-    }
 
     fs::path m_root = fs::temp_directory_path() / "tavorine-install-bench";
     fs::path m_last;
@@ -250,19 +249,18 @@ struct Case {
 constexpr Case cases[] = {
     {"install", "", "00001"}, {"update", "00001", "00002"}, {"update unchanged", "00001", "00001"}};
 
-void measureProgram(benchmark::State& state, const Case& what, int cores) {
+void measureProgram(benchmark::State& state, const Case& what, unsigned cores) {
     for (auto _ : state) {
         const auto folder = inputs().programFolder(what.installed);
         inputs().drop(what.arrived, folder);
         const auto numbers =
             inputs().run({QCoreApplication::applicationFilePath(), coreMode, Bench::path(folder)}, cores);
         state.SetIterationTime(numbers[0]);
-        state.counters["deleted_later_ms"] = numbers[1];
-        state.counters["memory_mb"] = numbers[2];
+        state.counters["memory_mb"] = numbers[1];
     }
 }
 
-void measurePeer(benchmark::State& state, const Case& what, int cores) {
+void measurePeer(benchmark::State& state, const Case& what, unsigned cores) {
     for (auto _ : state) {
         const auto folder = inputs().peersFolder(what.installed);
         state.SetIterationTime(inputs().unpack(what.arrived, folder, cores));
@@ -289,7 +287,7 @@ void registerAll() {
             ->Unit(benchmark::kMillisecond);
     };
     for (const auto& what : cases) {
-        for (const int cores : {1, 2}) {
+        for (const unsigned cores : {1U, 2U}) {
             const auto name = std::string(what.name) +
                               (cores == 1 ? "/5000 pictures, one core" : "/5000 pictures, two cores");
             add(name, [&what, cores](auto& state) { measureProgram(state, what, cores); });

@@ -79,7 +79,7 @@ Result Extraction::planFile(const ZipEntry& entry, const fs::path& path) {
 }
 
 fs::path Extraction::installedFile(const ZipEntry& entry, const fs::path& path) {
-    if (!m_isCompared || !entry.checkSum ||
+    if (!m_isCompared || entry.packing == ZipEntry::Packing::other || !entry.checkSum ||
         m_installed.look(path.parent_path()) != TargetFolders::State::ready)
         return {};
     auto [place, type] = m_installed.find(path);

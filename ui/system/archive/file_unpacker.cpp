@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <span>
-#include <zlib.h>
 
 namespace ui::system {
 
@@ -25,7 +24,8 @@ FileUnpacker::Result FileUnpacker::run(FileTask& task) {
     if (file.error())
         return file.error() == std::errc::filename_too_long ? Result::failed : Result::notWritten;
     task.isMade = true;
-    const auto result = copy(*task.entry, file);
+    const auto result =
+        WholeEntries::takes(*task.entry) ? copyWhole(*task.entry, file) : copyInPieces(*task.entry, file);
     return file.close() || result != Result::extracted ? result : Result::notWritten;
 }
 
@@ -37,19 +37,29 @@ bool FileUnpacker::isInstalled(const FileTask& task) {
     if (size < 0 || static_cast<std::uint64_t>(size) != task.entry->size)
         return false;
     file.seekg(0);
-    auto sum = crc32_z(0, nullptr, 0);
+    std::uint32_t sum = 0;
     for (auto left = task.entry->size; left > 0;) {
         file.read(reinterpret_cast<char*>(m_buffer.data()), static_cast<std::streamsize>(m_buffer.size()));
         const auto count = static_cast<std::size_t>(file.gcount());
         if (count == 0 || count > left)
             return false;
-        sum = crc32_z(sum, reinterpret_cast<const Bytef*>(m_buffer.data()), count);
+        sum = checkSum(sum, std::span(m_buffer).first(count));
         left -= count;
     }
     return sum == task.entry->checkSum;
 }
 
-FileUnpacker::Result FileUnpacker::copy(const ZipEntry& entry, NewFile& file) {
+FileUnpacker::Result FileUnpacker::copyWhole(const ZipEntry& entry, NewFile& file) {
+    const auto contents = m_whole.read(m_zip, entry);
+    if (!contents)
+        return Result::failed;
+    const auto result = m_meter.add(contents->size());
+    if (result == Result::extracted && !file.write(*contents))
+        return Result::notWritten;
+    return result;
+}
+
+FileUnpacker::Result FileUnpacker::copyInPieces(const ZipEntry& entry, NewFile& file) {
     auto contents = m_zip.open(entry);
     for (std::uint64_t size = 0;;) {
         std::size_t count = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/archive.h"
+#include "ui/system/archive/whole_entries.h"
 #include "ui/system/archive/zip_extractor.h"
 #include "ui/system/archive/zip_reader.h"
 
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace ui::system {
+
+class NewFile;
 
 /// What is to become of one file of an archive, and has.
 struct FileTask {
@@ -54,10 +57,12 @@ public:
 
 private:
     [[nodiscard]] bool isInstalled(const FileTask& task);
-    [[nodiscard]] Result copy(const ZipEntry& entry, class NewFile& file);
+    [[nodiscard]] Result copyWhole(const ZipEntry& entry, NewFile& file);
+    [[nodiscard]] Result copyInPieces(const ZipEntry& entry, NewFile& file);
 
     const ZipReader& m_zip;
     ExtractionMeter& m_meter;
+    WholeEntries m_whole;
     std::vector<std::byte> m_buffer = std::vector<std::byte>(std::size_t{1} << 20U);
 };
 

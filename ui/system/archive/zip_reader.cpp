@@ -35,6 +35,12 @@ struct Names {
     }
 };
 
+ZipEntry::Packing packingOf(zip_uint16_t method) {
+    if (method == ZIP_CM_STORE)
+        return ZipEntry::Packing::stored;
+    return method == ZIP_CM_DEFLATE ? ZipEntry::Packing::deflated : ZipEntry::Packing::other;
+}
+
 zip_t* openArchive(const std::filesystem::path& path) {
     zip_error_t error;
     zip_error_init(&error);
@@ -48,8 +54,8 @@ zip_t* openArchive(const std::filesystem::path& path) {
 
 }
 
-ZipEntryReader::ZipEntryReader(zip& archive, const ZipEntry& entry)
-    : m_file(zip_fopen_index(&archive, entry.index, 0)) {}
+ZipEntryReader::ZipEntryReader(zip& archive, const ZipEntry& entry, Form form)
+    : m_file(zip_fopen_index(&archive, entry.index, form == Form::packed ? ZIP_FL_COMPRESSED : 0)) {}
 
 ZipEntryReader::State ZipEntryReader::read(std::span<std::byte> buffer, std::size_t& count) {
     const auto got = m_file ? zip_fread(m_file.get(), buffer.data(), buffer.size()) : -1;
@@ -102,11 +108,16 @@ ZipReader::Description ZipReader::describe(std::uint64_t index) const {
     zip_stat_t stat;
     if (zip_stat_index(m_archive.get(), index, 0, &stat) != 0)
         return {};
-    const bool isSized = (stat.valid & ZIP_STAT_SIZE) != 0;
-    return {.size = isSized ? stat.size : 0,
-            .checkSum = (stat.valid & ZIP_STAT_CRC) != 0 ? std::optional(stat.crc) : std::nullopt,
-            .isOpen = stat.encryption_method == ZIP_EM_NONE,
-            .isCommon = stat.comp_method == ZIP_CM_STORE || stat.comp_method == ZIP_CM_DEFLATE};
+    const auto ifKnown = [&](zip_uint64_t part, auto value) {
+        return (stat.valid & part) != 0 ? std::optional(value) : std::nullopt;
+    };
+    const bool isOpen = stat.encryption_method == ZIP_EM_NONE;
+    return {.size = ifKnown(ZIP_STAT_SIZE, stat.size).value_or(0),
+            .packedSize = ifKnown(ZIP_STAT_COMP_SIZE, stat.comp_size).value_or(0),
+            .checkSum = ifKnown(ZIP_STAT_CRC, stat.crc),
+            .packing = isOpen ? packingOf(stat.comp_method) : ZipEntry::Packing::other,
+            .isOpen = isOpen,
+            .isCommon = packingOf(stat.comp_method) != ZipEntry::Packing::other};
 }
 
 std::vector<ZipListing> ZipReader::listing() const {
@@ -136,8 +147,7 @@ std::vector<ZipEntry> ZipReader::entries(std::string_view mask) const {
         if (isNew)
             found.emplace_back();
         const auto what = describe(index);
-        const bool isReadable = what.isOpen && what.isCommon;
-        found[place->second] = {index, what.size, *where, isReadable ? what.checkSum : std::nullopt};
+        found[place->second] = {index, what.size, *where, what.packing, what.packedSize, what.checkSum};
     }
     return found;
 }
