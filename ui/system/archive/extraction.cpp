@@ -106,12 +106,16 @@ bool Extraction::makePartsFolder(const std::vector<ZipEntry>& entries) {
     return !m_parts.empty();
 }
 
-// The largest first, so that no worker is left alone with one of them at the end.
+// Large ones first, so that no worker is left alone with one at the end; the others in the archive's order,
+// so that one piece read of it holds several.
 Result Extraction::unpack(const ZipReader& zip, const fs::path& archive, ExtractionMeter& meter,
                           unsigned workers) {
+    const auto weight = [](const FileTask& task) {
+        return task.entry->size > WholeEntries::largest ? task.entry->size : 0;
+    };
     if (workers > 1)
         std::stable_sort(m_tasks.begin(), m_tasks.end(),
-                         [](const FileTask& a, const FileTask& b) { return a.entry->size > b.entry->size; });
+                         [&](const FileTask& a, const FileTask& b) { return weight(a) > weight(b); });
     std::atomic<std::size_t> next = 0;
     std::vector<std::future<Result>> others;
     for (unsigned number = 1; number < workers && number < m_tasks.size(); ++number)

@@ -36,6 +36,8 @@ bool NewFile::write(std::span<const std::byte> bytes) {
 
 bool NewFile::close() {
     const int file = std::exchange(m_file, -1);
+    if (file >= 0)
+        ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
     return file >= 0 && ::close(file) == 0;
 }
 #else
