@@ -158,7 +158,7 @@ int installInWindow(int argc, char* argv[], const fs::path& folder) {
 }
 
 /// The zips of both versions and what the programs make of them, in a folder that goes at the end and not
-/// before: where files have just been deleted, others are made many times slower.
+/// before: where files have just been deleted, others are made many times slower. Emptied they are at once.
 class Bench {
 public:
     Bench() {
@@ -176,8 +176,7 @@ public:
 
     /// A new program folder; with a version that is installed in it, if one is named.
     fs::path programFolder(std::string_view installed) {
-        m_last = m_root / std::to_string(m_number++);
-        fs::create_directories(m_last);
+        makeNext();
         std::ofstream(m_last / "Start.ini") << "[Email]\r\nStatus=Yes\r\n";
         if (!installed.empty()) {
             drop(installed, m_last);
@@ -188,8 +187,7 @@ public:
 
     /// A new folder; with a version that bsdtar has unpacked into it, if one is named.
     fs::path peersFolder(std::string_view installed) {
-        m_last = m_root / std::to_string(m_number++);
-        fs::create_directories(m_last);
+        makeNext();
         if (!installed.empty())
             unpack(installed, m_last, 2);
         return m_last;
@@ -225,6 +223,15 @@ public:
     static QString path(const fs::path& path) { return QString::fromStdString(path.string()); }
 
 private:
+    void makeNext() {
+        if (!m_last.empty())
+            for (const auto& entry : fs::recursive_directory_iterator(m_last))
+                if (entry.is_regular_file())
+                    fs::resize_file(entry.path(), 0);
+        m_last = m_root / std::to_string(m_number++);
+        fs::create_directories(m_last);
+    }
+
     [[nodiscard]] fs::path zip(std::string_view version) const { return m_root / version / "ACME.zip"; }
 
     fs::path m_root = fs::temp_directory_path() / "tavorine-install-bench";
