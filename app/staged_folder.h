@@ -49,8 +49,8 @@ public:
     /// May be called once.
     void moveIn(std::string_view last);
 
-    /// After `moveIn`: what it has replaced leaves the area for where it waits to be deleted, which takes long
-    /// (discarded_files.h). Where it cannot, the destructor deletes it.
+    /// After `moveIn`: what it has replaced leaves the area for where it waits to be deleted, which takes
+    /// long (discarded_files.h). Where it cannot, the destructor deletes it.
     void discardOld() const;
 
     /// Undoes installations that did not come to their end, and clears the area. Answers with the suppliers
