@@ -98,7 +98,7 @@ TEST_F(InstallCalls, AreFewForEachFile) {
     EXPECT_LE(large.first.all - small.first.all, 1 * more) << "to make it";
     EXPECT_LE(large.update.all - small.update.all, 4 * more)
         << "to look at the old one, to make the new one, and to rename both";
-    EXPECT_LE(large.unchanged.all - small.unchanged.all, 4 * more) << "to look at it";
+    EXPECT_LE(large.unchanged.all - small.unchanged.all, 1 * more) << "to look at it";
     EXPECT_EQ(large.unchanged.renames, small.unchanged.renames);
 }
 
