@@ -126,7 +126,7 @@ int showWindow(int argc, char* argv[]) {
     const bool isProgram = std::strcmp(argv[1], programMode) == 0;
     const fs::path folder = argv[2];
     if (isProgram)
-        ui::system::returnFreedMemory();
+        ui::system::keepToFewHeaps();
     bench::prepareApplication(folder / "settings");
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tavorine bench");
