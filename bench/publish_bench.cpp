@@ -1,3 +1,4 @@
+#include "bench/temp_folder.h"
 #include "publish/source/source_folder.h"
 #include "publish/zips/zip_writer.h"
 
@@ -17,23 +18,9 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t productsPerGroup = 50;
 
-/// A folder that is gone when the program ends.
 const fs::path& workFolder() {
-    static const struct Folder {
-        fs::path path = fs::temp_directory_path() / "tavorine-publish-bench";
-
-        Folder() { fs::create_directories(path); }
-
-        ~Folder() {
-            std::error_code ignored;
-            fs::remove_all(path, ignored);
-        }
-
-        Folder(const Folder&) = delete;
-        Folder& operator=(const Folder&) = delete;
-    } folder;
-
-    return folder.path;
+    static const bench::TempFolder folder("publish");
+    return folder.path();
 }
 
 /// Texts that pack about as well as descriptions of goods do.
