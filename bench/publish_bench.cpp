@@ -1,4 +1,5 @@
 #include "bench/temp_folder.h"
+#include "publish/command/catalog_build.h"
 #include "publish/source/source_folder.h"
 #include "publish/zips/zip_writer.h"
 
@@ -96,19 +97,51 @@ void writeZip(benchmark::State& state) {
     }
 }
 
-// The same files by the zip program that Debian has, at its usual level.
-void writeZipByProgram(benchmark::State& state) {
-    static_cast<void>(contentsOfZip(100'000));
+// The files of a folder by the zip program that Debian has, at its usual level.
+void zipByProgram(benchmark::State& state, const fs::path& folder) {
     const auto zip = (workFolder() / "THEIRS.zip").string();
-    const auto command = "cd '" + (workFolder() / "contents").string() + "' && rm -f '" + zip +
-                         "' && exec zip -6 -q -X -r '" + zip + "' .";
+    const auto command =
+        "cd '" + folder.string() + "' && rm -f '" + zip + "' && exec zip -6 -q -X -r '" + zip + "' .";
     for (auto _ : state)
         if (std::system(command.c_str()) != 0)
             state.SkipWithError("zip is not installed");
 }
 
-BENCHMARK(writeDataFiles)->Arg(100'000)->Arg(990'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+void writeZipByProgram(benchmark::State& state) {
+    static_cast<void>(contentsOfZip(100'000));
+    zipByProgram(state, workFolder() / "contents");
+}
+
+// All that `tavorine-publish build` does, with as many threads as there are processors.
+void publishCatalog(const fs::path& source, const fs::path& dataFolder) {
+    publish::Complaints complaints; // of templates that are not there
+    const auto built = publish::buildCatalog(source, {}, dataFolder, complaints);
+    publish::writeCatalogZip(built, dataFolder, "BENCH", workFolder() / "BENCH.zip", {}, complaints);
+}
+
+void publishWhole(benchmark::State& state) {
+    const auto source = sourceOf(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state)
+        publishCatalog(source, workFolder() / "published");
+}
+
+// What comes of it packed, and nothing else.
+void publishWholeByProgram(benchmark::State& state) {
+    const auto folder = workFolder() / ("published-" + std::to_string(state.range(0)));
+    makeDataFiles(static_cast<std::size_t>(state.range(0)), folder);
+    zipByProgram(state, folder);
+}
+
+// The groups' own records come on top.
+void catalogs(benchmark::internal::Benchmark* benchmark) {
+    for (const auto products : {1'000, 100'000, 990'000})
+        benchmark->Arg(products);
+}
+
+BENCHMARK(writeDataFiles)->Apply(catalogs)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(writeZip)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
 BENCHMARK(writeZipByProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(publishWhole)->Apply(catalogs)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(publishWholeByProgram)->Apply(catalogs)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }
