@@ -121,8 +121,8 @@ BENCHMARK(openCatalogAndReadRows)->Apply(bench::allSizes)->Unit(benchmark::kMicr
 BENCHMARK(openDatabaseAndReadRows)->Apply(bench::allSizes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(findCode)->Apply(bench::allSizes)->Unit(benchmark::kNanosecond);
 BENCHMARK(findCodeInStore)->Apply(bench::allSizes)->Unit(benchmark::kNanosecond);
-BENCHMARK(openCatalogFromDisk)->Apply(bench::allSizes)->Iterations(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK(openDatabaseFromDisk)->Apply(bench::allSizes)->Iterations(100)->Unit(benchmark::kMicrosecond);
-BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(openCatalogFromDisk)->Apply(bench::allSizes)->Iterations(20)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseFromDisk)->Apply(bench::allSizes)->Iterations(20)->Unit(benchmark::kMicrosecond);
+BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }

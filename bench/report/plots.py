@@ -1,6 +1,8 @@
 """Cost against the number of records, as SVG that reads in light and in dark."""
 
 import math
+from collections.abc import Callable
+from dataclasses import dataclass
 from xml.sax.saxutils import escape
 
 from sittings import NotMeasured
@@ -12,13 +14,14 @@ LEAST_DECADES = 2  # of the axis of costs, so that what is flat looks flat
 STYLE = """
   text { font: 13px "DejaVu Sans", Verdana, sans-serif; fill: #24292f }
   .title { font-weight: bold; font-size: 14px }
+  .paper { fill: #ffffff }
   .grid { stroke: #d0d7de; stroke-width: 1 }
-  .axis { stroke: #57606a; stroke-width: 1.3 }
+  .axis { fill: none; stroke: #57606a; stroke-width: 1.3 }
   .line { fill: none; stroke-width: 2.2 }
   .s0 { stroke: #0550ae } .s1 { stroke: #a4490a; stroke-dasharray: 7 4 } .s2 { stroke: #57606a; stroke-dasharray: 2 4 }
   .m0 { fill: #0550ae } .m1 { fill: #a4490a } .m2 { fill: #57606a }
   @media (prefers-color-scheme: dark) {
-    text { fill: #e6edf3 }
+    text { fill: #e6edf3 } .paper { fill: #0d1117 }
     .grid { stroke: #373e47 } .axis { stroke: #9198a1 }
     .s0 { stroke: #6cb6ff } .s1 { stroke: #f0a35e } .s2 { stroke: #9198a1 }
     .m0 { fill: #6cb6ff } .m1 { fill: #f0a35e } .m2 { fill: #9198a1 }
@@ -53,22 +56,31 @@ def bytes_text(count):
     return f"{count / factor:.3g} {unit}"
 
 
+@dataclass(frozen=True)
+class Cost:
+    name: str
+    text: Callable[[float], str]
+
+
+TIME, MEMORY = Cost("time", time_text), Cost("memory", bytes_text)
+
+
 def text(x, y, words, anchor="middle", kind=""):
     named = f' class="{kind}"' if kind else ""
     return f'<text x="{x}" y="{y}" text-anchor="{anchor}"{named}>{escape(words)}</text>'
 
 
-def grid(across, up, cost_text, counted):
+def grid(across, up, cost, counted):
     middle = (TOP + HEIGHT - BOTTOM) / 2
     for tick in up.ticks:
         yield f'<path class="grid" d="M{LEFT} {up.at(tick)}H{WIDTH - RIGHT}"/>'
-        yield text(LEFT - 8, up.at(tick) + 4, cost_text(tick), "end")
+        yield text(LEFT - 8, up.at(tick) + 4, cost.text(tick), "end")
     for tick in across.ticks:
         yield f'<path class="grid" d="M{across.at(tick)} {TOP}V{HEIGHT - BOTTOM}"/>'
         yield text(across.at(tick), HEIGHT - BOTTOM + 18, f"{tick:,.0f}")
     yield f'<path class="axis" d="M{LEFT} {TOP}V{HEIGHT - BOTTOM}H{WIDTH - RIGHT}"/>'
     yield text((LEFT + WIDTH - RIGHT) / 2, HEIGHT - 12, counted)
-    yield f'<g transform="rotate(-90 14 {middle})">{text(14, middle, "cost")}</g>'
+    yield f'<g transform="rotate(-90 14 {middle})">{text(14, middle, cost.name)}</g>'
 
 
 def mark(number, x, y):
@@ -78,30 +90,31 @@ def mark(number, x, y):
     return f'<rect class="m{number}" x="{x - 4}" y="{y - 4}" width="8" height="8"/>'
 
 
-def curve(number, label, points, across, up, cost_text):
-    places = [(across.at(size), up.at(cost)) for size, cost in points]
+def curve(number, label, points, across, up, cost):
+    places = [(across.at(size), up.at(value)) for size, value in points]
     yield f'<path class="line s{number}" d="M' + "L".join(f"{x} {y}" for x, y in places) + '"/>'
-    for (x, y), (size, cost) in zip(places, points):
-        yield f"<g><title>{escape(label)}, {size:,}: {cost_text(cost)}</title>{mark(number, x, y)}</g>"
+    for (x, y), (size, value) in zip(places, points):
+        yield f"<g><title>{escape(label)}, {size:,}: {cost.text(value)}</title>{mark(number, x, y)}</g>"
     left = LEFT + number * 150
     yield f'<path class="line s{number}" d="M{left} 42h34"/>' + mark(number, left + 17, 42)
     yield text(left + 42, 46, label, "start")
 
 
-def draw(plot, curves, cost_text):
+def draw(plot, curves, cost):
     """The picture of {label: [(size, cost), ...]}."""
     sizes = [size for points in curves.values() for size, _ in points]
-    costs = [cost for points in curves.values() for _, cost in points]
+    values = [value for points in curves.values() for _, value in points]
     across = Axis(sizes, LEFT, WIDTH - RIGHT - 24)
-    up = Axis(costs, HEIGHT - BOTTOM, TOP, LEAST_DECADES)
-    parts = [*grid(across, up, cost_text, plot.counted)]
+    up = Axis(values, HEIGHT - BOTTOM, TOP, LEAST_DECADES)
+    parts = [*grid(across, up, cost, plot.counted)]
     for number, (label, points) in enumerate(curves.items()):
-        parts += curve(number, label, points, across, up, cost_text)
+        parts += curve(number, label, points, across, up, cost)
     return "\n".join((f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" width="{WIDTH}" '
                       f'height="{HEIGHT}" role="img">',
                       f"<title>{escape(plot.title)}, against the number of {plot.counted}</title>",
                       "<!-- Drawn by bench/run; do not edit. -->",
                       f"<style>{STYLE}</style>",
+                      f'<rect class="paper" width="{WIDTH}" height="{HEIGHT}"/>',
                       text(LEFT, 22, plot.title, "start", "title"), *parts, "</svg>", ""))
 
 
@@ -119,6 +132,6 @@ def write(plots, sittings, folder):
     for plot in plots:
         found = {line.label: list(points_of(line, plot.sizes, sittings)) for line in plot.lines}
         curves = {label: points for label, points in found.items() if len(points) > 1}
-        is_time = plot.lines[0].by in ("clock", "processor")
         if curves:
-            (folder / f"{plot.file}.svg").write_text(draw(plot, curves, time_text if is_time else bytes_text))
+            cost = TIME if plot.lines[0].by in ("clock", "processor") else MEMORY
+            (folder / f"{plot.file}.svg").write_text(draw(plot, curves, cost))

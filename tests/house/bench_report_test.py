@@ -84,7 +84,7 @@ class Report(unittest.TestCase):
 
     def test_a_plot_rises_with_the_cost(self):
         plot = Plot("p", "Search <all>", (Line("Peer & Co", "", ""),))
-        picture = plots.draw(plot, {"Peer & Co": [(1000, 1e-6), (100000, 1e-4)]}, plots.time_text)
+        picture = plots.draw(plot, {"Peer & Co": [(1000, 1e-6), (100000, 1e-4)]}, plots.TIME)
         across, up = zip(*(map(float, place.split()) for place in re.search(r's0" d="M(.*?)"', picture)[1].split("L")))
         self.assertTrue(across[0] < across[1] and up[0] > up[1])
         self.assertIn("Search &lt;all&gt;", picture)
