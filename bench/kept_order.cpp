@@ -19,4 +19,20 @@ order::DocumentRow keptLine(std::string code, std::string description) {
     return {"2", std::move(code), std::move(description), "box", "20", "4.54", "1.82", "10.90", 4.54F};
 }
 
+void keepOrders(const std::filesystem::path& file, int count,
+                const std::function<order::KeptOrder(int)>& make) {
+    const std::filesystem::path memory = "/dev/shm";
+    const auto draft = std::filesystem::exists(memory) ? memory / "tavorine-bench.sqlite" : file;
+    std::filesystem::remove(draft);
+    {
+        order::KeptOrders orders(draft);
+        for (int i = 0; i < count; ++i)
+            orders.add(make(i));
+    }
+    if (draft == file)
+        return;
+    std::filesystem::copy_file(draft, file);
+    std::filesystem::remove(draft);
+}
+
 }

@@ -2,6 +2,8 @@
 
 #include "order/kept/kept_orders.h"
 
+#include <filesystem>
+#include <functional>
 #include <string>
 
 namespace bench {
@@ -11,5 +13,10 @@ namespace bench {
 
 /// One of its lines.
 [[nodiscard]] order::DocumentRow keptLine(std::string code, std::string description);
+
+/// A new file with so many orders, numbered from 0. Each goes onto the disk by itself, so they are put
+/// together where there is none to wait for, if the system has such a folder.
+void keepOrders(const std::filesystem::path& file, int count,
+                const std::function<order::KeptOrder(int)>& make);
 
 }

@@ -36,12 +36,6 @@ order::KeptOrder keptOrder(int number, std::mt19937& random) {
 /// The database, made once for all measurements.
 class Database {
 public:
-    Database() : orders(file()) {
-        std::mt19937 random(1);
-        for (int i = 0; i < orderCount; ++i)
-            orders.add(keptOrder(i, random));
-    }
-
     static Database& instance() {
         static Database database;
         return database;
@@ -50,10 +44,16 @@ public:
     [[nodiscard]] fs::path file() const { return m_folder.path() / "orders.sqlite"; }
 
 private:
+    [[nodiscard]] fs::path filled() const {
+        std::mt19937 random(1);
+        bench::keepOrders(file(), orderCount, [&](int number) { return keptOrder(number, random); });
+        return file();
+    }
+
     bench::TempFolder m_folder{"kept-orders"};
 
 public:
-    order::KeptOrders orders;
+    order::KeptOrders orders{filled()};
 };
 
 void openOrders(benchmark::State& state) {

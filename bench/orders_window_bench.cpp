@@ -27,11 +27,6 @@ order::KeptOrder keptOrder(int number, int lines) {
 
 class Orders {
 public:
-    Orders() {
-        for (int i = 0; i < orderCount; ++i)
-            m_kept.add(keptOrder(i, lineCount));
-    }
-
     order::KeptOrders& kept() { return m_kept; }
 
     [[nodiscard]] ui::qt::OrdersWindow::Surroundings surroundings() {
@@ -42,8 +37,14 @@ public:
     }
 
 private:
+    [[nodiscard]] std::filesystem::path filled() const {
+        const auto file = m_folder.path() / "orders.sqlite";
+        bench::keepOrders(file, orderCount, [](int number) { return keptOrder(number, lineCount); });
+        return file;
+    }
+
     bench::TempFolder m_folder{"orders-window"};
-    order::KeptOrders m_kept{m_folder.path() / "orders.sqlite"};
+    order::KeptOrders m_kept{filled()};
     ui::qt::MessageBoxes m_messages;
     ui::qt::Guard m_guard{m_messages};
 };
