@@ -1,3 +1,4 @@
+#include "bench/own_memory.h"
 #include "bench/temp_folder.h"
 #include "publish/command/catalog_build.h"
 #include "publish/source/source_folder.h"
@@ -121,8 +122,10 @@ void publishCatalog(const fs::path& source, const fs::path& dataFolder) {
 
 void publishWhole(benchmark::State& state) {
     const auto source = sourceOf(static_cast<std::size_t>(state.range(0)));
+    bench::OwnMemory memory;
     for (auto _ : state)
         publishCatalog(source, workFolder() / "published");
+    state.counters["memory_mb"] = memory.mostMb();
 }
 
 // What comes of it packed, and nothing else.

@@ -80,7 +80,8 @@ class Report(unittest.TestCase):
         once = document.with_table(text, "| new |", "One sitting.")
         self.assertEqual(once, f"# A\n{document.BEGIN}\n\n| new |\n\nOne sitting.\n\n{document.END}\n# B\n")
         self.assertEqual(document.with_table(once, "| new |", "One sitting."), once)
-        self.assertTrue(document.BEGIN in (SOURCE / "docs/performance.md").read_text())
+        shown = (SOURCE / "docs/performance.md").read_text()
+        self.assertTrue(document.BEGIN in shown and all(f"(plots/{plot.file}.svg)" in shown for plot in PLOTS))
 
     def test_a_plot_rises_with_the_cost(self):
         plot = Plot("p", "Search <all>", (Line("Peer & Co", "", ""),))
