@@ -133,6 +133,7 @@ bool endure(const Arguments& wanted) {
 }
 
 int main(int argc, char* argv[]) {
+    ui::system::keepToFewHeaps();
     ui::system::returnFreedMemory();
     ui::system::prepareBrowser();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
