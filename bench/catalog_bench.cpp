@@ -1,21 +1,22 @@
 #include "bench/code_store.h"
-#include "bench/heap_count.h"
 #include "bench/large_catalog.h"
 #include "bench/row_database.h"
 #include "catalog/catalog.h"
+#include "tests/support/heap_count.h"
 #include "ui/system/file_cache.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <numeric>
-#include <random>
 
 namespace {
 
 constexpr std::int32_t rowsShown = 40;
-constexpr std::int32_t smallCatalog = 1'000;
-constexpr std::int32_t fullCatalog = 999'999;
+constexpr auto fullCatalog = bench::sizes.back();
+
+const std::filesystem::path& catalogOf(const benchmark::State& state) {
+    return bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+}
 
 bench::Rows readFromFiles(const std::filesystem::path& folder, std::int32_t rows) {
     const auto catalog = catalog::openCatalog(folder);
@@ -29,16 +30,16 @@ bench::Rows readFromFiles(const std::filesystem::path& folder, std::int32_t rows
 }
 
 void openCatalogAndReadRows(benchmark::State& state) {
-    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
-    const auto heapBefore = bench::heapBytes();
+    const auto& folder = catalogOf(state);
+    const auto heapBefore = support::heapBytes();
     for (auto _ : state)
         benchmark::DoNotOptimize(readFromFiles(folder, rowsShown));
-    state.counters["heapBytes"] = benchmark::Counter(static_cast<double>(bench::heapBytes() - heapBefore),
-                                                     benchmark::Counter::kAvgIterations);
+    state.counters["heap_bytes"] = benchmark::Counter(static_cast<double>(support::heapBytes() - heapBefore),
+                                                      benchmark::Counter::kAvgIterations);
 }
 
 void openDatabaseAndReadRows(benchmark::State& state) {
-    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto& folder = catalogOf(state);
     const auto database = bench::rowDatabase(folder);
     if (bench::readFromDatabase(database, rowsShown) != readFromFiles(folder, rowsShown))
         state.SkipWithError("the database holds other rows");
@@ -56,7 +57,7 @@ void forgetFiles(benchmark::State& state, const std::filesystem::path& folder) {
 
 // The first time after a restart: nothing of the files is in memory.
 void openCatalogFromDisk(benchmark::State& state) {
-    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto& folder = catalogOf(state);
     for (auto _ : state) {
         forgetFiles(state, folder);
         benchmark::DoNotOptimize(readFromFiles(folder, rowsShown));
@@ -64,7 +65,7 @@ void openCatalogFromDisk(benchmark::State& state) {
 }
 
 void openDatabaseFromDisk(benchmark::State& state) {
-    const auto& folder = bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
+    const auto& folder = catalogOf(state);
     const auto database = bench::rowDatabase(folder);
     for (auto _ : state) {
         forgetFiles(state, folder);
@@ -89,9 +90,7 @@ void readAllFromDisk(benchmark::State& state) {
 
 /// The codes of a catalogue of so many products, shuffled, and the records that have them.
 struct Codes {
-    explicit Codes(std::int32_t count) : records(static_cast<std::size_t>(count)), codes(records.size()) {
-        std::iota(records.begin(), records.end(), 1);
-        std::shuffle(records.begin(), records.end(), std::mt19937(1));
+    explicit Codes(std::int32_t count) : records(bench::shuffledRecords(count)), codes(records.size()) {
         std::transform(records.begin(), records.end(), codes.begin(), bench::codeOf);
     }
 
@@ -110,10 +109,6 @@ void findCodes(benchmark::State& state, const Index& index) {
     }
 }
 
-const std::filesystem::path& catalogOf(const benchmark::State& state) {
-    return bench::largeCatalog(static_cast<std::int32_t>(state.range(0)));
-}
-
 void findCode(benchmark::State& state) {
     findCodes(state, catalog::CodeIndex(catalogOf(state) / catalog::indexFile));
 }
@@ -122,20 +117,12 @@ void findCodeInStore(benchmark::State& state) {
     findCodes(state, bench::CodeStore(catalogOf(state)));
 }
 
-BENCHMARK(openCatalogAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
-BENCHMARK(openDatabaseAndReadRows)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kMicrosecond);
-BENCHMARK(findCode)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
-BENCHMARK(findCodeInStore)->Arg(smallCatalog)->Arg(fullCatalog)->Unit(benchmark::kNanosecond);
-BENCHMARK(openCatalogFromDisk)
-    ->Arg(smallCatalog)
-    ->Arg(fullCatalog)
-    ->Iterations(100)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK(openDatabaseFromDisk)
-    ->Arg(smallCatalog)
-    ->Arg(fullCatalog)
-    ->Iterations(100)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(openCatalogAndReadRows)->Apply(bench::allSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseAndReadRows)->Apply(bench::allSizes)->Unit(benchmark::kMicrosecond);
+BENCHMARK(findCode)->Apply(bench::allSizes)->Unit(benchmark::kNanosecond);
+BENCHMARK(findCodeInStore)->Apply(bench::allSizes)->Unit(benchmark::kNanosecond);
+BENCHMARK(openCatalogFromDisk)->Apply(bench::allSizes)->Iterations(20)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openDatabaseFromDisk)->Apply(bench::allSizes)->Iterations(20)->Unit(benchmark::kMicrosecond);
+BENCHMARK(readAllFromDisk)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }

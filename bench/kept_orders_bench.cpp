@@ -1,6 +1,7 @@
 // Ten thousand kept orders of 30 lines each: listing, searching, and what else a window asks of them.
 
-#include "order/kept/kept_orders.h"
+#include "bench/kept_order.h"
+#include "bench/temp_folder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,47 +24,36 @@ std::string word(std::mt19937& random) {
     return made;
 }
 
-order::KeptOrder orderNumber(int number, std::mt19937& random) {
-    order::KeptOrder order;
-    order.supplier = "SUPPLIER" + std::to_string(number % 5);
-    order.catalogName = "Catalogue " + std::to_string(number % 5);
-    order.left = std::chrono::system_clock::time_point(std::chrono::hours(440'000 + number));
-    order.contents.orderNumber = "PO-" + std::to_string(number);
-    order.contents.totals = {327.06, 54.51};
+order::KeptOrder keptOrder(int number, std::mt19937& random) {
+    auto order = bench::keptOrder(number);
     for (int i = 0; i < lineCount; ++i)
-        order.contents.rows.push_back({"2", "AB-" + std::to_string(random() % 5000) + "/" + std::to_string(i),
-                                       word(random) + " " + word(random) + ", " + word(random), "box", "20",
-                                       "4.54", "1.82", "10.90", 4.54F});
-    order.document.text = std::string(6000, 'x');
+        order.contents.rows.push_back(
+            bench::keptLine("AB-" + std::to_string(random() % 5000) + "/" + std::to_string(i),
+                            word(random) + " " + word(random) + ", " + word(random)));
     return order;
 }
 
 /// The database, made once for all measurements.
 class Database {
 public:
-    Database() : orders(m_folder / "orders.sqlite") {
-        std::mt19937 random(1);
-        for (int i = 0; i < orderCount; ++i)
-            orders.add(orderNumber(i, random));
-    }
-
-    ~Database() { fs::remove_all(m_folder); }
-
-    Database(const Database&) = delete;
-    Database& operator=(const Database&) = delete;
-
     static Database& instance() {
         static Database database;
         return database;
     }
 
-    [[nodiscard]] fs::path file() const { return m_folder / "orders.sqlite"; }
+    [[nodiscard]] fs::path file() const { return m_folder.path() / "orders.sqlite"; }
 
 private:
-    fs::path m_folder = fs::temp_directory_path() / "tavorine_kept_orders";
+    [[nodiscard]] fs::path filled() const {
+        std::mt19937 random(1);
+        bench::keepOrders(file(), orderCount, [&](int number) { return keptOrder(number, random); });
+        return file();
+    }
+
+    bench::TempFolder m_folder{"kept-orders"};
 
 public:
-    order::KeptOrders orders;
+    order::KeptOrders orders{filled()};
 };
 
 void openOrders(benchmark::State& state) {
@@ -109,7 +99,7 @@ void addOrder(benchmark::State& state) {
     auto& orders = Database::instance().orders;
     std::mt19937 random(2);
     for (auto _ : state) {
-        const auto id = orders.add(orderNumber(7, random));
+        const auto id = orders.add(keptOrder(7, random));
         state.PauseTiming();
         orders.remove(id);
         state.ResumeTiming();
@@ -117,7 +107,7 @@ void addOrder(benchmark::State& state) {
 }
 
 void removeTwoHundred(benchmark::State& state) {
-    const auto copy = fs::temp_directory_path() / "tavorine_kept_orders_copy.sqlite";
+    const auto copy = Database::instance().file().replace_filename("copy.sqlite");
     for (auto _ : state) {
         state.PauseTiming();
         fs::copy_file(Database::instance().file(), copy, fs::copy_options::overwrite_existing);

@@ -1,11 +1,15 @@
 #include "bench/large_catalog.h"
 
 #include "base/bytes.h"
+#include "bench/temp_folder.h"
 #include "catalog/catalog.h"
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <map>
+#include <numeric>
+#include <random>
 
 namespace bench {
 namespace fs = std::filesystem;
@@ -58,7 +62,6 @@ Bytes<IndexRecord::length> indexEntry(std::int32_t number) {
 }
 
 void writeFiles(const fs::path& folder, std::int32_t count) {
-    fs::create_directories(folder);
     newFile(folder, catalog::memosFile) << memo;
     auto groups = newFile(folder, catalog::groupsFile);
     Bytes<GroupRecord::length>().appendTo(groups);
@@ -72,21 +75,8 @@ void writeFiles(const fs::path& folder, std::int32_t count) {
     }
 }
 
-struct Folder {
-    fs::path path;
-
-    explicit Folder(std::int32_t count)
-        : path(fs::temp_directory_path() / ("tavorine-bench-" + std::to_string(count))) {
-        writeFiles(path, count);
-    }
-
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
+struct Folder : TempFolder {
+    explicit Folder(std::int32_t count) : TempFolder(std::to_string(count)) { writeFiles(path(), count); }
 };
 
 }
@@ -98,7 +88,14 @@ std::string codeOf(std::int32_t record) {
 
 const fs::path& largeCatalog(std::int32_t products) {
     static std::map<std::int32_t, Folder> folders;
-    return folders.try_emplace(products, products).first->second.path;
+    return folders.try_emplace(products, products).first->second.path();
+}
+
+std::vector<std::int32_t> shuffledRecords(std::int32_t products) {
+    std::vector<std::int32_t> records(static_cast<std::size_t>(products));
+    std::iota(records.begin(), records.end(), 1);
+    std::shuffle(records.begin(), records.end(), std::mt19937(1));
+    return records;
 }
 
 }

@@ -4,6 +4,7 @@
 #include "base/bytes.h"
 #include "base/files.h"
 #include "bench/large_catalog.h"
+#include "bench/temp_folder.h"
 #include "order/news/catalog_news.h"
 #include "order/news/news_page.h"
 #include "ui/system/file_cache.h"
@@ -19,23 +20,14 @@ namespace fs = std::filesystem;
 using catalog::IndexRecord;
 using catalog::ProductRecord;
 
-constexpr std::int32_t products = 999'999;
+constexpr auto products = bench::sizes.back();
 
-/// A folder beside that of the large catalogue, with its files for the first.
+/// The files of the large catalogue once more.
 class Copy {
 public:
-    explicit Copy(const std::string& name) : path(fs::path(bench::largeCatalog(products)) += "-" + name) {
-        fs::copy(bench::largeCatalog(products), path,
-                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    explicit Copy(const std::string& name) : m_folder("news-" + name) {
+        fs::copy(bench::largeCatalog(products), path, fs::copy_options::recursive);
     }
-
-    ~Copy() {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-
-    Copy(const Copy&) = delete;
-    Copy& operator=(const Copy&) = delete;
 
     /// Gives record n the place order[n - 1].
     void reorder(const std::vector<std::int32_t>& order) const {
@@ -63,7 +55,11 @@ public:
         base::replaceFile(path / catalog::productsFile, bytes);
     }
 
-    fs::path path;
+private:
+    bench::TempFolder m_folder;
+
+public:
+    const fs::path& path = m_folder.path();
 };
 
 struct Pair {

@@ -1,5 +1,6 @@
 // Lists of codes and quantities read, and an order of as many lines saved.
 
+#include "bench/temp_folder.h"
 #include "order/exchange/order_list.h"
 #include "order/exchange/order_text.h"
 #include "order/exchange/order_xlsx.h"
@@ -31,18 +32,6 @@ order::OrderTable largeOrderTable(int lines) {
     return table;
 }
 
-/// A folder that goes with this object.
-struct Folder {
-    Folder() { fs::create_directories(path); }
-
-    ~Folder() { fs::remove_all(path); }
-
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    fs::path path = fs::temp_directory_path() / "tavorine_order_list";
-};
-
 void read(benchmark::State& state, const fs::path& file) {
     const auto lines = static_cast<std::size_t>(state.range(0));
     for (auto _ : state)
@@ -52,15 +41,15 @@ void read(benchmark::State& state, const fs::path& file) {
 }
 
 void readCsv(benchmark::State& state) {
-    const Folder folder;
-    order::writeOrderCsv(folder.path / "a.csv", largeOrderTable(static_cast<int>(state.range(0))));
-    read(state, folder.path / "a.csv");
+    const bench::TempFolder folder("order-list");
+    order::writeOrderCsv(folder.path() / "a.csv", largeOrderTable(static_cast<int>(state.range(0))));
+    read(state, folder.path() / "a.csv");
 }
 
 void readXlsx(benchmark::State& state) {
-    const Folder folder;
-    order::writeOrderXlsx(folder.path / "a.xlsx", largeOrderTable(static_cast<int>(state.range(0))), {});
-    read(state, folder.path / "a.xlsx");
+    const bench::TempFolder folder("order-list");
+    order::writeOrderXlsx(folder.path() / "a.xlsx", largeOrderTable(static_cast<int>(state.range(0))), {});
+    read(state, folder.path() / "a.xlsx");
 }
 
 void readClipboard(benchmark::State& state) {
@@ -74,10 +63,10 @@ void readClipboard(benchmark::State& state) {
 }
 
 void writeXlsx(benchmark::State& state) {
-    const Folder folder;
+    const bench::TempFolder folder("order-list");
     const auto table = largeOrderTable(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        order::writeOrderXlsx(folder.path / "a.xlsx", table, {});
+        order::writeOrderXlsx(folder.path() / "a.xlsx", table, {});
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 

@@ -1,7 +1,8 @@
 // The print page and the mail text of large orders, made by the program and by the template library
 // ctemplate from the same template and the same values. Both give the same bytes.
 
-#include "base/text.h"
+#include "bench/temp_folder.h"
+#include "bench/template_library.h"
 #include "catalog/catalog.h"
 #include "order/order_writer.h"
 #include "tests/support/catalog_builder.h"
@@ -9,20 +10,13 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <ctemplate/template.h>
-#include <filesystem>
 #include <string>
 
 namespace {
 
-namespace fs = std::filesystem;
+using bench::Tag;
 using ctemplate::TemplateDictionary;
 using order::OutputKind;
-
-struct Tag {
-    std::string_view ours;
-    const char* theirs;
-};
 
 constexpr std::array headTags{
     Tag{"{ORGNAME}", "ORGNAME"}, Tag{"{STREET}", "STREET"}, Tag{"{CITY}", "CITY"},
@@ -42,12 +36,12 @@ const std::string row = "<tr><td class=n>{QTY}</td><td>{CODE}</td><td>{DESC}</td
 const std::string foot = "\n</table><p>{CUR} {TOTEXC} {TOTTAX} {TOTINC}</p></body></html>\n";
 const std::string pageBreak = "</table> <br style=\"page-break-before:always;\">";
 
-std::string inTheirNames(std::string text) {
-    for (const auto& tag : headTags)
-        text = base::replaceAll(text, tag.ours, "{{" + std::string(tag.theirs) + "}}");
-    for (const auto& tag : rowTags)
-        text = base::replaceAll(text, tag.ours, "{{" + std::string(tag.theirs) + "}}");
-    return text;
+std::string inTheirNames(const std::string& text) {
+    return bench::inTheirNames(bench::inTheirNames(text, headTags), rowTags);
+}
+
+const char* nameOf(OutputKind kind) {
+    return kind == OutputKind::print ? "print" : "email";
 }
 
 /// An order of so many lines, and both sides' templates for it.
@@ -83,12 +77,12 @@ public:
     void fill(TemplateDictionary& dictionary, OutputKind kind) const {
         order::OrderFields fields(m_parameters, m_order, kind);
         std::string value;
-        const auto rowNumbers = numbersOf(rowTags, fields);
-        fillTags(dictionary, headTags, numbersOf(headTags, fields), fields, value);
+        const auto rowNumbers = bench::numbersOf(rowTags, fields);
+        bench::fillTags(dictionary, headTags, bench::numbersOf(headTags, fields), fields, value);
         for (std::size_t i = 0; i < m_order.rows.size(); ++i) {
             fields.show(m_order.rows[i]);
             auto* const section = dictionary.AddSectionDictionary("ROW");
-            fillTags(*section, rowTags, rowNumbers, fields, value);
+            bench::fillTags(*section, rowTags, rowNumbers, fields, value);
             if ((i + 1) % 50 == 0)
                 section->ShowSection("BREAK");
             if (i + 1 < m_order.rows.size())
@@ -100,42 +94,19 @@ public:
         TemplateDictionary dictionary("order");
         fill(dictionary, kind);
         std::string out;
-        ctemplate::ExpandTemplate(kind == OutputKind::print ? "print" : "email", ctemplate::DO_NOT_STRIP,
-                                  &dictionary, &out);
+        bench::expand(nameOf(kind), dictionary, out);
         return out;
     }
 
 private:
     static catalog::Parameters parameters() {
-        const auto folder = fs::temp_directory_path() / "tavorine_order_document";
+        const bench::TempFolder folder("order-document");
         support::CatalogBuilder builder;
         builder.texts[catalog::ParameterText::supplierName] = "Smith & Sons";
         builder.texts[catalog::ParameterText::currency] = "EUR";
         builder.quantityDecimals = 2;
-        builder.writeTo(folder);
-        catalog::Parameters result(folder / catalog::parametersFile);
-        fs::remove_all(folder);
-        return result;
-    }
-
-    template <std::size_t Count>
-    static std::array<unsigned, Count> numbersOf(const std::array<Tag, Count>& tags,
-                                                 const order::OrderFields& fields) {
-        std::array<unsigned, Count> numbers{};
-        for (std::size_t i = 0; i < Count; ++i)
-            numbers[i] = fields.number(tags[i].ours);
-        return numbers;
-    }
-
-    template <std::size_t Count>
-    static void fillTags(TemplateDictionary& dictionary, const std::array<Tag, Count>& tags,
-                         const std::array<unsigned, Count>& numbers, const order::OrderFields& fields,
-                         std::string& value) {
-        for (std::size_t i = 0; i < Count; ++i) {
-            value.clear();
-            fields.append(numbers[i], value);
-            dictionary.SetValue(tags[i].theirs, value);
-        }
+        builder.writeTo(folder.path());
+        return catalog::Parameters(folder.path() / catalog::parametersFile);
     }
 
     catalog::Parameters m_parameters;
@@ -164,17 +135,15 @@ void ctemplateExpansion(benchmark::State& state, OutputKind kind) {
     const Setting setting(state.range(0));
     TemplateDictionary dictionary("order");
     setting.fill(dictionary, kind);
-    const auto* const name = kind == OutputKind::print ? "print" : "email";
     std::string out;
     for (auto _ : state) {
-        out.clear();
-        ctemplate::ExpandTemplate(name, ctemplate::DO_NOT_STRIP, &dictionary, &out);
+        bench::expand(nameOf(kind), dictionary, out);
         benchmark::DoNotOptimize(out.data());
     }
 }
 
 void lines(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(100)->Arg(10'000)->Arg(20'000)->Unit(benchmark::kMicrosecond);
+    benchmark->Arg(1'000)->Arg(10'000)->Arg(20'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 }
 
 BENCHMARK_CAPTURE(tavorine, page, OutputKind::print)->Apply(lines);

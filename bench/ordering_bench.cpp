@@ -2,19 +2,17 @@
 // against the same change of a SQLite database in WAL mode that never waits for the disk.
 
 #include "bench/database.h"
+#include "bench/large_catalog.h"
+#include "bench/temp_folder.h"
 #include "catalog/catalog.h"
 #include "order/kept/order_journal.h"
-#include "tests/support/catalog_builder.h"
 #include "ui/ordering.h"
 #include "ui/system/appended_file.h"
 #include "ui/system/disk_file.h"
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <numeric>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -25,11 +23,8 @@ namespace fs = std::filesystem;
 constexpr std::int32_t smallOrder = 10;
 constexpr std::int32_t mediumOrder = 1'000;
 constexpr std::int32_t largeOrder = 100'000;
+constexpr std::int32_t fullOrder = 999'999;
 constexpr auto taxed = order::TaxStatus::taxed;
-
-std::string codeOf(std::int32_t product) {
-    return "A-" + std::to_string(1'000'000 + product);
-}
 
 class NoMessages : public platform::MessageBox {
 public:
@@ -43,35 +38,11 @@ public:
     }
 };
 
-/// A folder with a catalogue of so many products.
-class Folder {
-public:
-    explicit Folder(std::int32_t count) : m_path(fs::temp_directory_path() / "tavorine_ordering") {
-        support::CatalogBuilder builder;
-        for (std::int32_t i = 0; i < count; ++i)
-            builder.products.push_back({.text = codeOf(i + 1) + "\nArticle\n",
-                                        .price = 0.25F * static_cast<float>(i % 1000),
-                                        .taxRate = 20});
-        builder.writeTo(m_path);
-    }
-
-    ~Folder() { fs::remove_all(m_path); }
-
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    [[nodiscard]] const fs::path& path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
-
 /// A catalogue of so many products, and the file of its order.
 class OrderFiles {
 protected:
     explicit OrderFiles(std::int32_t count)
-        : m_folder(count),
-          m_catalog(catalog::openCatalog(m_folder.path())),
+        : m_catalog(catalog::openCatalog(bench::largeCatalog(count))),
           m_file(m_folder.path(), m_disk, m_messages) {}
 
     [[nodiscard]] bool holdAll(const order::Basket& basket) const {
@@ -79,7 +50,7 @@ protected:
                                         basket.lines().size() * order::BasketLine::length;
     }
 
-    Folder m_folder;
+    bench::TempFolder m_folder{"order"};
     NoMessages m_messages;
     catalog::Catalog m_catalog;
     ui::system::DiskFile m_disk;
@@ -158,8 +129,7 @@ private:
 class OrderDatabase {
 public:
     explicit OrderDatabase(std::int32_t count)
-        : m_folder(count),
-          m_database(
+        : m_database(
               bench::openDatabase(m_folder.path() / "order.db", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) {
         for (const char* sql : {"pragma journal_mode=wal", "pragma synchronous=off", "begin",
                                 "create table line(product integer primary key, price real, rate real, "
@@ -180,29 +150,44 @@ public:
     [[nodiscard]] bench::Statement prepare(const char* sql) const { return bench::prepare(m_database, sql); }
 
 private:
-    Folder m_folder;
+    bench::TempFolder m_folder{"order"};
     bench::Database m_database;
 };
 
-std::vector<std::int32_t> shuffledProducts(std::int32_t count) {
-    std::vector<std::int32_t> products(static_cast<std::size_t>(count));
-    std::iota(products.begin(), products.end(), 1);
-    std::shuffle(products.begin(), products.end(), std::mt19937(1));
-    return products;
-}
+/// Every product in no order, each with the same quantity, then all with another, and so on.
+class Edits {
+public:
+    explicit Edits(std::int32_t count) : m_products(bench::shuffledRecords(count)) {}
+
+    struct Edit {
+        std::int32_t product;
+        int quantity;
+    };
+
+    Edit next() {
+        const Edit edit{m_products[m_at], 2 + m_round % 2};
+        if (++m_at == m_products.size()) {
+            m_at = 0;
+            ++m_round;
+        }
+        return edit;
+    }
+
+private:
+    std::vector<std::int32_t> m_products;
+    std::size_t m_at = 0;
+    int m_round = 0;
+};
 
 void typeQuantity(benchmark::State& state) {
     const auto count = static_cast<std::int32_t>(state.range(0));
     FullOrder full(count);
-    const auto products = shuffledProducts(count);
+    Edits edits(count);
     const std::string quantities[] = {"2", "3"};
-    std::size_t at = 0, round = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(full.ordering.editProduct(products[at], quantities[round % 2]));
-        if (++at == products.size()) {
-            at = 0;
-            ++round;
-        }
+        const auto edit = edits.next();
+        benchmark::DoNotOptimize(
+            full.ordering.editProduct(edit.product, quantities[static_cast<std::size_t>(edit.quantity - 2)]));
     }
     if (!full.isWritten())
         state.SkipWithError("not written");
@@ -210,8 +195,8 @@ void typeQuantity(benchmark::State& state) {
 
 std::vector<ui::WantedLine> listOfAll(std::int32_t count) {
     std::vector<ui::WantedLine> lines;
-    for (const auto product : shuffledProducts(count))
-        lines.push_back({codeOf(product), "2"});
+    for (const auto product : bench::shuffledRecords(count))
+        lines.push_back({bench::codeOf(product), "2"});
     return lines;
 }
 
@@ -242,31 +227,25 @@ void takeList(benchmark::State& state) {
     }
 }
 
-void updateLines(benchmark::State& state, order::Basket& basket, std::int32_t count) {
-    const auto products = shuffledProducts(count);
-    std::size_t at = 0, round = 0;
+void updateLines(benchmark::State& state, order::Basket& basket) {
+    Edits edits(static_cast<std::int32_t>(state.range(0)));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(full.basket.update(products[at], static_cast<float>(2 + round % 2)));
-        if (++at == products.size()) {
-            at = 0;
-            ++round;
-        }
+        const auto edit = edits.next();
+        benchmark::DoNotOptimize(basket.update(edit.product, static_cast<float>(edit.quantity)));
     }
 }
 
 void updateLine(benchmark::State& state) {
-    const auto count = static_cast<std::int32_t>(state.range(0));
-    FullBasket full(count);
-    updateLines(state, full.basket, count);
+    FullBasket full(static_cast<std::int32_t>(state.range(0)));
+    updateLines(state, full.basket);
     if (!full.isWritten())
         state.SkipWithError("not written");
 }
 
 // The journal is written once a second, which is never while this goes on: flushWholeOrder measures that.
 void updateKeptLine(benchmark::State& state) {
-    const auto count = static_cast<std::int32_t>(state.range(0));
-    KeptBasket full(count);
-    updateLines(state, full.basket, count);
+    KeptBasket full(static_cast<std::int32_t>(state.range(0)));
+    updateLines(state, full.basket);
     full.keep();
     if (!full.isWritten())
         state.SkipWithError("not written");
@@ -293,21 +272,16 @@ void updateRow(benchmark::State& state) {
     const OrderDatabase database(count);
     const auto update =
         database.prepare("update line set quantity = ?, tax = ?, amount = ? where product = ?");
-    const auto products = shuffledProducts(count);
-    std::size_t at = 0, round = 0;
+    Edits edits(count);
     for (auto _ : state) {
-        const auto quantity = static_cast<double>(2 + round % 2);
-        sqlite3_bind_double(update.get(), 1, quantity);
-        sqlite3_bind_double(update.get(), 2, quantity * 0.2);
-        sqlite3_bind_double(update.get(), 3, quantity * 1.2);
-        sqlite3_bind_int(update.get(), 4, products[at]);
+        const auto edit = edits.next();
+        sqlite3_bind_double(update.get(), 1, edit.quantity);
+        sqlite3_bind_double(update.get(), 2, edit.quantity * 0.2);
+        sqlite3_bind_double(update.get(), 3, edit.quantity * 1.2);
+        sqlite3_bind_int(update.get(), 4, edit.product);
         if (sqlite3_step(update.get()) != SQLITE_DONE)
             state.SkipWithError("not updated");
         sqlite3_reset(update.get());
-        if (++at == products.size()) {
-            at = 0;
-            ++round;
-        }
     }
 }
 
@@ -338,19 +312,25 @@ void updateAllRows(benchmark::State& state) {
     }
 }
 
-BENCHMARK(typeQuantity)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
+// From ten lines to one of every product there can be.
+void orders(benchmark::internal::Benchmark* benchmark) {
+    for (const auto lines : {smallOrder, mediumOrder, largeOrder, fullOrder})
+        benchmark->Arg(lines);
+}
+
+BENCHMARK(typeQuantity)->Apply(orders)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateLine)->Apply(orders)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateKeptLine)->Apply(orders)->Unit(benchmark::kNanosecond);
+BENCHMARK(updateRow)->Apply(orders)->Unit(benchmark::kNanosecond);
 BENCHMARK(planList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
 BENCHMARK(takeList)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
-BENCHMARK(updateLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
-BENCHMARK(updateKeptLine)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
 BENCHMARK(flushWholeOrder)
     ->Arg(1)
     ->Arg(mediumOrder)
     ->Arg(largeOrder)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(5);
-BENCHMARK(updateRow)->Arg(smallOrder)->Arg(mediumOrder)->Arg(largeOrder)->Unit(benchmark::kNanosecond);
-BENCHMARK(recalculate)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
-BENCHMARK(updateAllRows)->Arg(largeOrder)->Unit(benchmark::kMillisecond);
+BENCHMARK(recalculate)->Arg(mediumOrder)->Arg(largeOrder)->Arg(fullOrder)->Unit(benchmark::kMillisecond);
+BENCHMARK(updateAllRows)->Arg(mediumOrder)->Arg(largeOrder)->Arg(fullOrder)->Unit(benchmark::kMillisecond);
 
 }

@@ -1,5 +1,7 @@
 // The window "Orders" over ten thousand kept orders of 30 lines: coming up, a search, choosing an order.
 // `QT_QPA_PLATFORM=offscreen` will do.
+#include "bench/kept_order.h"
+#include "bench/temp_folder.h"
 #include "ui/qt/orders/orders_window.h"
 #include "ui/qt/widgets/message_boxes.h"
 
@@ -7,53 +9,42 @@
 #include <QTableView>
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
 #include <optional>
 #include <string>
 
 namespace {
-namespace fs = std::filesystem;
 
 constexpr int orderCount = 10'000;
 constexpr int lineCount = 30;
 
-order::KeptOrder orderNumber(int number, int lines) {
-    order::KeptOrder order;
-    order.supplier = "SUPPLIER" + std::to_string(number % 5);
-    order.catalogName = "Catalogue " + std::to_string(number % 5);
-    order.left = std::chrono::system_clock::time_point(std::chrono::hours(440'000 + number));
-    order.contents.orderNumber = "PO-" + std::to_string(number);
-    order.contents.totals = {327.06, 54.51};
+order::KeptOrder keptOrder(int number, int lines) {
+    auto order = bench::keptOrder(number);
     for (int i = 0; i < lines; ++i)
-        order.contents.rows.push_back({"2", "AB-" + std::to_string((number * 31 + i * 7) % 5000),
-                                       "Hexagon nut M" + std::to_string(i) + ", zinc plated", "box", "20",
-                                       "4.54", "1.82", "10.90", 4.54F});
-    order.document.text = std::string(6000, 'x');
+        order.contents.rows.push_back(bench::keptLine("AB-" + std::to_string((number * 31 + i * 7) % 5000),
+                                                      "Hexagon nut M" + std::to_string(i) + ", zinc plated"));
     return order;
 }
 
 class Orders {
 public:
-    Orders() {
-        for (int i = 0; i < orderCount; ++i)
-            m_kept.add(orderNumber(i, lineCount));
-    }
-
-    ~Orders() { fs::remove_all(m_folder); }
-
-    Orders(const Orders&) = delete;
-    Orders& operator=(const Orders&) = delete;
-
     order::KeptOrders& kept() { return m_kept; }
 
     [[nodiscard]] ui::qt::OrdersWindow::Surroundings surroundings() {
-        return {m_kept,      m_folder / "unfinished", {}, {}, m_messages, m_guard,
+        return {m_kept,      m_folder.path() / "unfinished",
+                {},          {},
+                m_messages,  m_guard,
                 [](auto) {}, [](const auto&) {}};
     }
 
 private:
-    fs::path m_folder = fs::temp_directory_path() / "tavorine_orders_window";
-    order::KeptOrders m_kept{m_folder / "orders.sqlite"};
+    [[nodiscard]] std::filesystem::path filled() const {
+        const auto file = m_folder.path() / "orders.sqlite";
+        bench::keepOrders(file, orderCount, [](int number) { return keptOrder(number, lineCount); });
+        return file;
+    }
+
+    bench::TempFolder m_folder{"orders-window"};
+    order::KeptOrders m_kept{filled()};
     ui::qt::MessageBoxes m_messages;
     ui::qt::Guard m_guard{m_messages};
 };
@@ -87,7 +78,7 @@ void search(benchmark::State& state, Orders& orders, const char* text) {
 // Large orders have their say here.
 void chooseOrder(benchmark::State& state, Orders& orders) {
     const auto lines = static_cast<int>(state.range(0));
-    const auto id = orders.kept().add(orderNumber(orderCount, lines));
+    const auto id = orders.kept().add(keptOrder(orderCount, lines));
     ui::qt::OrdersWindow window(orders.surroundings(), nullptr);
     window.bringUp();
     auto* list = window.findChild<QTableView*>("OrderList");

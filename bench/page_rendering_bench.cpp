@@ -2,7 +2,9 @@
 // template library ctemplate from the same template and the same values. Both give the same bytes.
 
 #include "base/files.h"
-#include "base/text.h"
+#include "bench/large_catalog.h"
+#include "bench/temp_folder.h"
+#include "bench/template_library.h"
 #include "catalog/catalog.h"
 #include "pages/catalog_pages.h"
 #include "pages/product_fields.h"
@@ -12,13 +14,11 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <ctemplate/template.h>
-#include <filesystem>
 #include <string>
 
 namespace {
 
-namespace fs = std::filesystem;
+using bench::Tag;
 using catalog::ParameterText;
 using ctemplate::TemplateDictionary;
 
@@ -28,12 +28,7 @@ constexpr std::size_t rows = 50;
 constexpr std::size_t columns = 2;
 constexpr auto tax = pages::TaxStatus::taxed;
 
-// The tags that both pages use, and the names that ctemplate knows them by.
-struct Tag {
-    std::string_view ours;
-    const char* theirs;
-};
-
+// The tags that both pages use.
 constexpr std::array productTags{Tag{"{CODE}", "CODE"},
                                  Tag{"{DESC}", "DESC"},
                                  Tag{"{OTHER}", "OTHER"},
@@ -88,10 +83,8 @@ std::string groupPage() {
     return groupHead + "<R1>" + firstCell + "</R1><R2>" + secondCell + "</R2>" + groupTail;
 }
 
-std::string inTheirNames(std::string text) {
-    for (const auto& tag : productTags)
-        text = base::replaceAll(text, tag.ours, "{{" + std::string(tag.theirs) + "}}");
-    return text;
+std::string inTheirNames(const std::string& text) {
+    return bench::inTheirNames(text, productTags);
 }
 
 std::string groupPageInTheirNames() {
@@ -100,31 +93,28 @@ std::string groupPageInTheirNames() {
            inTheirNames(groupTail);
 }
 
+const pages::LayoutSizes layout{"50", "2", "3"};
+
+catalog::Folders foldersAt(const std::filesystem::path& folder) {
+    return {"/programs/Tavorine", folder, folder};
+}
+
 /// A catalogue of one group with 50 products, and both sides' templates for it.
 class Setting {
 public:
-    Setting() : m_catalog(open()), m_folders{"/programs/Tavorine", folder(), folder()} {
+    Setting() : m_catalog(open(m_folder.path())), m_folders(foldersAt(m_folder.path())) {
         ctemplate::StringToTemplateCache("product", inTheirNames(productPage()), ctemplate::DO_NOT_STRIP);
         ctemplate::StringToTemplateCache("group", groupPageInTheirNames(), ctemplate::DO_NOT_STRIP);
     }
 
-    ~Setting() { fs::remove_all(folder()); }
-
-    Setting(const Setting&) = delete;
-    Setting& operator=(const Setting&) = delete;
-
-    [[nodiscard]] pages::CatalogPages pages() const {
-        return {m_catalog, m_folders, {"50", "2", "3"}, false};
-    }
+    [[nodiscard]] pages::CatalogPages pages() const { return {m_catalog, m_folders, layout, false}; }
 
     [[nodiscard]] const catalog::Catalog& catalog() const { return m_catalog; }
 
     [[nodiscard]] const catalog::Folders& folders() const { return m_folders; }
 
 private:
-    static fs::path folder() { return fs::temp_directory_path() / "tavorine_page_rendering"; }
-
-    static catalog::Catalog open() {
+    static catalog::Catalog open(const std::filesystem::path& folder) {
         support::CatalogBuilder builder;
         for (auto record = static_cast<std::size_t>(ParameterText::supplierName);
              record <= static_cast<std::size_t>(ParameterText::currency); ++record)
@@ -135,12 +125,13 @@ private:
             builder.products.push_back(
                 {"CODE" + std::to_string(1000 + i) + "\nClaw hammer with ash handle\n450 g", 19.95F, 20, 1,
                  std::string(200, 'x') + "\n" + std::string(100, 'y'), ""});
-        builder.writeTo(folder());
-        base::replaceFile(folder() / "Catalog.Ect", productPage());
-        base::replaceFile(folder() / "GroupI.Ect", "{NOCOLS=02}" + groupPage());
-        return catalog::openCatalog(folder());
+        builder.writeTo(folder);
+        base::replaceFile(folder / "Catalog.Ect", productPage());
+        base::replaceFile(folder / "GroupI.Ect", "{NOCOLS=02}" + groupPage());
+        return catalog::openCatalog(folder);
     }
 
+    bench::TempFolder m_folder{"page-rendering"};
     catalog::Catalog m_catalog;
     catalog::Folders m_folders;
 };
@@ -153,14 +144,11 @@ const Setting& setting() {
 /// The program's own values, put into ctemplate's dictionaries.
 class Filler {
 public:
-    Filler()
-        : m_parameters(setting().catalog().parameters, setting().folders(), false),
-          m_fields(m_parameters, setting().catalog().memos) {
-        for (std::size_t i = 0; i < productTags.size(); ++i)
-            m_productNumbers[i] = m_fields.number(productTags[i].ours);
-        for (std::size_t i = 0; i < rowTags.size(); ++i)
-            m_rowNumbers[i] = m_fields.number(rowTags[i].ours);
-    }
+    explicit Filler(const catalog::Catalog& catalog = setting().catalog(),
+                    const catalog::Folders& folders = setting().folders())
+        : m_catalog(catalog),
+          m_parameters(catalog.parameters, folders, false),
+          m_fields(m_parameters, catalog.memos) {}
 
     void fillProduct(TemplateDictionary& dictionary, std::int32_t record) {
         show(record);
@@ -181,33 +169,25 @@ public:
 
 private:
     void show(std::int32_t record) {
-        m_fields.show(setting().catalog().products.at(record), groupName(record), tax);
+        const auto group = record == groupRecord ? std::string_view() : m_catalog.groupName(1);
+        m_fields.show(m_catalog.products.at(record), group, tax);
     }
 
-    static std::string_view groupName(std::int32_t record) {
-        return record == groupRecord ? std::string_view() : setting().catalog().groupName(1);
+    void fill(TemplateDictionary& dictionary, std::span<const Tag> tags, std::span<const unsigned> numbers) {
+        bench::fillTags(dictionary, tags, numbers, m_fields, m_value);
     }
 
-    template <std::size_t Count>
-    void fill(TemplateDictionary& dictionary, const std::array<Tag, Count>& tags,
-              const std::array<unsigned, Count>& numbers) {
-        for (std::size_t i = 0; i < Count; ++i) {
-            m_value.clear();
-            m_fields.append(numbers[i], m_value);
-            dictionary.SetValue(tags[i].theirs, m_value);
-        }
-    }
-
+    const catalog::Catalog& m_catalog;
     pages::ParameterFields m_parameters;
     pages::ProductFields m_fields;
-    std::array<unsigned, productTags.size()> m_productNumbers{};
-    std::array<unsigned, rowTags.size()> m_rowNumbers{};
+    std::vector<unsigned> m_productNumbers = bench::numbersOf(productTags, m_fields);
+    std::vector<unsigned> m_rowNumbers = bench::numbersOf(rowTags, m_fields);
     std::string m_value;
 };
 
 std::string expanded(const char* name, const TemplateDictionary& dictionary) {
     std::string out;
-    ctemplate::ExpandTemplate(name, ctemplate::DO_NOT_STRIP, &dictionary, &out);
+    bench::expand(name, dictionary, out);
     return out;
 }
 
@@ -241,8 +221,50 @@ void ctemplateWhole(benchmark::State& state, std::int32_t record) {
     for (auto _ : state) {
         TemplateDictionary dictionary("page");
         fillPage(filler, dictionary, record);
-        out.clear();
-        ctemplate::ExpandTemplate(nameOf(record), ctemplate::DO_NOT_STRIP, &dictionary, &out);
+        bench::expand(nameOf(record), dictionary, out);
+        benchmark::DoNotOptimize(out.data());
+    }
+}
+
+/// A catalogue of so many products with the page's template, and its records in no order, again and again.
+class PagesAmong {
+public:
+    explicit PagesAmong(const benchmark::State& state)
+        : m_records(bench::shuffledRecords(static_cast<std::int32_t>(state.range(0)))),
+          m_folder(bench::largeCatalog(static_cast<std::int32_t>(state.range(0)))),
+          folders(foldersAt(m_folder)),
+          catalog(catalog::openCatalog(m_folder)) {
+        base::replaceFile(m_folder / "Catalog.Ect", productPage());
+    }
+
+    [[nodiscard]] std::int32_t next() { return m_records[m_at++ % m_records.size()]; }
+
+private:
+    std::vector<std::int32_t> m_records;
+    std::filesystem::path m_folder;
+    std::size_t m_at = 0;
+
+public:
+    catalog::Folders folders;
+    catalog::Catalog catalog;
+};
+
+void pageAmong(benchmark::State& state) {
+    PagesAmong among(state);
+    pages::CatalogPages pages(among.catalog, among.folders, layout, false);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(pages.page(among.next(), tax).data());
+}
+
+void ctemplateAmong(benchmark::State& state) {
+    static_cast<void>(setting()); // has the template
+    PagesAmong among(state);
+    Filler filler(among.catalog, among.folders);
+    std::string out;
+    for (auto _ : state) {
+        TemplateDictionary dictionary("page");
+        filler.fillProduct(dictionary, among.next());
+        bench::expand("product", dictionary, out);
         benchmark::DoNotOptimize(out.data());
     }
 }
@@ -254,8 +276,7 @@ void ctemplateExpansion(benchmark::State& state, std::int32_t record) {
     fillPage(filler, dictionary, record);
     std::string out;
     for (auto _ : state) {
-        out.clear();
-        ctemplate::ExpandTemplate(nameOf(record), ctemplate::DO_NOT_STRIP, &dictionary, &out);
+        bench::expand(nameOf(record), dictionary, out);
         benchmark::DoNotOptimize(out.data());
     }
 }
@@ -346,5 +367,7 @@ BENCHMARK_CAPTURE(ctemplateWhole, group_page, groupRecord);
 BENCHMARK_CAPTURE(tavorineExpansion, group_page, groupRecord);
 BENCHMARK_CAPTURE(ctemplateExpansion, group_page, groupRecord);
 BENCHMARK_CAPTURE(plainExpansion, group_page, groupRecord);
+BENCHMARK(pageAmong)->Apply(bench::allSizes);
+BENCHMARK(ctemplateAmong)->Apply(bench::allSizes);
 
 }

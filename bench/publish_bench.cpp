@@ -1,3 +1,6 @@
+#include "bench/own_memory.h"
+#include "bench/temp_folder.h"
+#include "publish/command/catalog_build.h"
 #include "publish/source/source_folder.h"
 #include "publish/zips/zip_writer.h"
 
@@ -17,23 +20,9 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t productsPerGroup = 50;
 
-/// A folder that is gone when the program ends.
 const fs::path& workFolder() {
-    static const struct Folder {
-        fs::path path = fs::temp_directory_path() / "tavorine-publish-bench";
-
-        Folder() { fs::create_directories(path); }
-
-        ~Folder() {
-            std::error_code ignored;
-            fs::remove_all(path, ignored);
-        }
-
-        Folder(const Folder&) = delete;
-        Folder& operator=(const Folder&) = delete;
-    } folder;
-
-    return folder.path;
+    static const bench::TempFolder folder("publish");
+    return folder.path();
 }
 
 /// Texts that pack about as well as descriptions of goods do.
@@ -109,19 +98,59 @@ void writeZip(benchmark::State& state) {
     }
 }
 
-// The same files by the zip program that Debian has, at its usual level.
-void writeZipByProgram(benchmark::State& state) {
-    static_cast<void>(contentsOfZip(100'000));
+// The files of a folder by the zip program that Debian has, at its usual level.
+void zipByProgram(benchmark::State& state, const fs::path& folder) {
     const auto zip = (workFolder() / "THEIRS.zip").string();
-    const auto command = "cd '" + (workFolder() / "contents").string() + "' && rm -f '" + zip +
-                         "' && exec zip -6 -q -X -r '" + zip + "' .";
+    const auto command =
+        "cd '" + folder.string() + "' && rm -f '" + zip + "' && exec zip -6 -q -X -r '" + zip + "' .";
     for (auto _ : state)
         if (std::system(command.c_str()) != 0)
             state.SkipWithError("zip is not installed");
 }
 
-BENCHMARK(writeDataFiles)->Arg(100'000)->Arg(990'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+void writeZipByProgram(benchmark::State& state) {
+    static_cast<void>(contentsOfZip(100'000));
+    zipByProgram(state, workFolder() / "contents");
+}
+
+// All that `tavorine-publish build` does, with as many threads as there are processors.
+void publishCatalog(const fs::path& source, const fs::path& dataFolder) {
+    publish::Complaints complaints; // of templates that are not there
+    const auto built = publish::buildCatalog(source, {}, dataFolder, complaints);
+    publish::writeCatalogZip(built, dataFolder, "BENCH", workFolder() / "BENCH.zip", {}, complaints);
+}
+
+void publishWhole(benchmark::State& state) {
+    const auto source = sourceOf(static_cast<std::size_t>(state.range(0)));
+    bench::OwnMemory memory;
+    for (auto _ : state)
+        publishCatalog(source, workFolder() / "published");
+    state.counters["memory_mb"] = memory.mostMb();
+}
+
+// What comes of it packed, and nothing else.
+void publishWholeByProgram(benchmark::State& state) {
+    const auto folder = workFolder() / ("published-" + std::to_string(state.range(0)));
+    makeDataFiles(static_cast<std::size_t>(state.range(0)), folder);
+    zipByProgram(state, folder);
+}
+
+void catalogs(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+// Nearly as many products as there may be records; once, since it takes minutes with its peer.
+void largest(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(990'000)->Repetitions(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+BENCHMARK(writeDataFiles)->Apply(catalogs);
+BENCHMARK(writeDataFiles)->Apply(largest);
 BENCHMARK(writeZip)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
 BENCHMARK(writeZipByProgram)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(publishWhole)->Apply(catalogs);
+BENCHMARK(publishWhole)->Apply(largest);
+BENCHMARK(publishWholeByProgram)->Apply(catalogs);
+BENCHMARK(publishWholeByProgram)->Apply(largest);
 
 }

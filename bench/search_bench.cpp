@@ -1,4 +1,4 @@
-// A search without a match through 999,999 products and all three columns, and the regular expression
+// A search without a match through all products and all three columns, and the regular expression
 // library Hyperscan going through the same bytes without regard to case.
 
 #include "bench/large_catalog.h"
@@ -9,28 +9,33 @@
 
 #include <array>
 #include <hs/hs.h>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
 namespace {
 
-constexpr std::int32_t rows = 999'999;
+constexpr auto fullCatalog = bench::sizes.back();
 constexpr ui::SearchedColumns allColumns{true, true, true};
 
 // None is in the catalogue: two words, a code that looks like the others, a description that all records
 // begin with, and one that ends as theirs do.
 constexpr std::array absentPhrases{"zq", "washer", "P9999999", "Hexagon bolt M41", "Octagon bolt"};
 
-const catalog::ProductTable& products() {
-    static const catalog::ProductTable table(bench::largeCatalog(rows) / catalog::productsFile);
-    return table;
+const catalog::ProductTable& products(std::int32_t count = fullCatalog) {
+    static std::map<std::int32_t, catalog::ProductTable> tables;
+    return tables.try_emplace(count, bench::largeCatalog(count) / catalog::productsFile).first->second;
+}
+
+const catalog::ProductTable& productsOf(const benchmark::State& state) {
+    return products(static_cast<std::int32_t>(state.range(1)));
 }
 
 void search(benchmark::State& state) {
     const auto* phrase = absentPhrases.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(phrase);
-    const auto& table = products();
+    const auto& table = productsOf(state);
     for (auto _ : state)
         if (ui::searchProducts(table, phrase, allColumns, 0, ui::Direction::down))
             state.SkipWithError("found");
@@ -40,14 +45,14 @@ void searchUpwards(benchmark::State& state) {
     const auto* phrase = absentPhrases.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(phrase);
     for (auto _ : state)
-        if (ui::searchProducts(products(), phrase, allColumns, rows - 1, ui::Direction::up))
+        if (ui::searchProducts(products(), phrase, allColumns, fullCatalog - 1, ui::Direction::up))
             state.SkipWithError("found");
 }
 
 // Each time through a mapping of which no page has been looked at, as a catalogue just opened has it.
 void firstSearch(benchmark::State& state) {
     for (auto _ : state) {
-        const catalog::ProductTable table(bench::largeCatalog(rows) / catalog::productsFile);
+        const catalog::ProductTable table(bench::largeCatalog(fullCatalog) / catalog::productsFile);
         if (ui::searchProducts(table, "washer", allColumns, 0, ui::Direction::down))
             state.SkipWithError("found");
     }
@@ -96,15 +101,24 @@ void hyperscan(benchmark::State& state) {
     const auto* phrase = absentPhrases.at(static_cast<std::size_t>(state.range(0)));
     state.SetLabel(phrase);
     const Scanner scanner(phrase);
+    const auto& table = productsOf(state);
     for (auto _ : state)
-        if (scanner.finds(products().bytes()))
+        if (scanner.finds(table.bytes()))
             state.SkipWithError("found");
 }
 
 constexpr int lastPhrase = absentPhrases.size() - 1;
 
-BENCHMARK(search)->DenseRange(0, lastPhrase)->Unit(benchmark::kMillisecond);
-BENCHMARK(hyperscan)->DenseRange(0, lastPhrase)->Unit(benchmark::kMillisecond);
+// The first phrase at each size, the others in the full catalogue.
+void phrasesAndSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const auto size : bench::sizes)
+        benchmark->Args({0, size});
+    for (int phrase = 1; phrase <= lastPhrase; ++phrase)
+        benchmark->Args({phrase, fullCatalog});
+}
+
+BENCHMARK(search)->Apply(phrasesAndSizes)->Unit(benchmark::kMillisecond);
+BENCHMARK(hyperscan)->Apply(phrasesAndSizes)->Unit(benchmark::kMillisecond);
 BENCHMARK(searchUpwards)->DenseRange(0, lastPhrase)->Unit(benchmark::kMillisecond);
 BENCHMARK(firstSearch)->Unit(benchmark::kMillisecond);
 BENCHMARK(searchInTheOtherColumn)->Unit(benchmark::kMillisecond);

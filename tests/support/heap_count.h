@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace bench {
+namespace support {
 
 /// The bytes that the program has asked of the heap so far, given back or not.
 [[nodiscard]] std::size_t heapBytes();

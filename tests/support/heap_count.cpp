@@ -1,4 +1,4 @@
-#include "bench/heap_count.h"
+#include "tests/support/heap_count.h"
 
 #include <cstdlib>
 #include <new>
@@ -24,7 +24,7 @@ void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
-namespace bench {
+namespace support {
 
 std::size_t heapBytes() {
     return asked;
