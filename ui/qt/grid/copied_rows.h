@@ -20,7 +20,7 @@ struct RowBlock {
 [[nodiscard]] QString textOf(const GridModel& model, const RowBlock& block);
 
 /// Rows on the clipboard whose text is made when it is pasted, as it is then: that of a million rows would
-/// stay in memory for nothing. When the model is gone there is none.
+/// stay in memory for nothing. When the model is gone there is none. For a model that keeps its rows.
 class CopiedRows final : public QMimeData {
     Q_OBJECT
 

@@ -191,7 +191,7 @@ void Grid::copySelection() {
     for (int column = 0; column < m_model->columnCount(); ++column)
         if (!isColumnHidden(column))
             block.columns.push_back(column);
-    if (block.last - block.first < mostRowsAsText)
+    if (!m_model->keepsRows() || block.last - block.first < mostRowsAsText)
         QApplication::clipboard()->setText(textOf(*m_model, block));
     else
         QApplication::clipboard()->setMimeData(new CopiedRows(*m_model, std::move(block)));

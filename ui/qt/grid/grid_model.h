@@ -28,6 +28,9 @@ public:
 
     [[nodiscard]] virtual bool takesQuantity(int row) const = 0;
 
+    /// Whether there is the same record in each row as long as the model lives.
+    [[nodiscard]] virtual bool keepsRows() const = 0;
+
     /// Hears every quantity that an editor or a paste hands over. It is the handler who says `rowChanged`.
     void onQuantity(QuantityHandler handler) { m_quantityHandler = std::move(handler); }
 

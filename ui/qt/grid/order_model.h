@@ -19,6 +19,8 @@ public:
 
     [[nodiscard]] bool takesQuantity(int) const override { return true; }
 
+    [[nodiscard]] bool keepsRows() const override { return false; }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
 protected:

@@ -14,6 +14,9 @@ public:
     ProductModel(const catalog::Catalog& catalog, const Ordering& ordering, QObject* parent);
 
     [[nodiscard]] bool takesQuantity(int row) const override;
+
+    [[nodiscard]] bool keepsRows() const override { return true; }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
 protected:

@@ -10,11 +10,14 @@ namespace {
 /// A long list that counts how often it is asked for a row.
 class CountedModel final : public ui::qt::GridModel {
 public:
-    explicit CountedModel(int rows)
+    explicit CountedModel(int rows, bool keepsThem = true)
         : GridModel({{ui::Field::quantity, "Quantity", 8, 4}, {ui::Field::code, "Code", 20, 4}}, 0, nullptr),
-          m_rows(rows) {}
+          m_rows(rows),
+          m_keepsRows(keepsThem) {}
 
     [[nodiscard]] bool takesQuantity(int) const override { return true; }
+
+    [[nodiscard]] bool keepsRows() const override { return m_keepsRows; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : m_rows;
@@ -40,6 +43,7 @@ protected:
 
 private:
     int m_rows;
+    bool m_keepsRows;
 };
 
 TEST(Grid, ReadsOnlyRowsThatAreSeen) {
@@ -81,6 +85,16 @@ TEST(Selection, OfAllRowsIsWrittenWhenItIsPasted) {
               (QStringList{"\t\u00E90", "\t\u00E94321", "\t\u00E9999998"}));
     delete model;
     EXPECT_EQ(QApplication::clipboard()->text(), "");
+}
+
+TEST(Selection, OfAnOrderIsWrittenWhileItIsThere) {
+    ui::qt::Grid grid("grid", "Grid", nullptr);
+    auto* model = new CountedModel(30'000, false);
+    grid.open(model);
+    grid.selectAll();
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    delete model;
+    EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 29'999);
 }
 
 }
