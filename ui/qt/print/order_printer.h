@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/message_box.h"
-#include "ui/qt/print/paper_page.h"
+#include "ui/qt/print/order_paper.h"
 #include "ui/qt/print/print_preview.h"
 #include "ui/qt/widgets/guard.h"
 
@@ -64,6 +64,7 @@ private:
     void deliver(const QByteArray& pdf);
     void tellWhereTo();
     void setBusy(bool busy);
+    void showProgress(int sheets, int of);
     void tell(const QString& failure);
     void endUnlessPreviewed();
     void end();
@@ -76,7 +77,7 @@ private:
     QTimer m_timer2;                      // `Timer2`: prints once the event that loaded the page is over
     QPointer<QProgressDialog> m_progress; // while busy
     QPointer<PrintPreview> m_preview;     // while it is open
-    std::unique_ptr<PaperPage> m_page;    // while an order is in work
+    std::unique_ptr<OrderPaper> m_paper;  // while an order is in work
     Step m_whenLoaded = nullptr;
     bool m_busy = false;
 };
