@@ -129,14 +129,15 @@ void pdf(benchmark::State& state, std::int64_t lines, void (Printing::*make)()) 
 }
 
 BENCHMARK(program)->Arg(1000)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(pdf, 1000, 1000, &Printing::makePdf)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(pdf, 1000 / browser, 1000, &Printing::makeWhole)
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(pdf, 10000, 10'000, &Printing::makePdf)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(pdf, 10000 / browser, 10'000, &Printing::makeWhole)
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
+#define PDF_BENCHMARK(name, lines, make)                                                                     \
+    BENCHMARK_CAPTURE(pdf, make, lines, &Printing::make)                                                     \
+        ->Name(name)                                                                                         \
+        ->UseRealTime()                                                                                      \
+        ->Unit(benchmark::kMillisecond)
+PDF_BENCHMARK("pdf/1000", 1000, makePdf);
+PDF_BENCHMARK("pdf/1000/browser", 1000, makeWhole);
+PDF_BENCHMARK("pdf/10000", 10'000, makePdf);
+PDF_BENCHMARK("pdf/10000/browser", 10'000, makeWhole);
 
 }
 
