@@ -1,6 +1,7 @@
 #include "app/catalog_zips.h"
 
 #include "app/catalog_identity.h"
+#include "app/discarded_files.h"
 #include "app/staged_folder.h"
 #include "app/supplier_removal.h"
 #include "app/welcome_window.h"
@@ -82,9 +83,9 @@ std::string addStatus(const fs::path& lastInstalledParameters) {
 constexpr std::array dataFiles{catalog::parametersFile, catalog::productsFile, catalog::groupsFile,
                                catalog::indexFile, catalog::memosFile};
 
-bool areParametersWhole(const fs::path& folder) {
+bool areParametersWhole(const fs::path& parameters) {
     std::error_code error;
-    const auto size = fs::file_size(base::filePath(folder, catalog::parametersFile), error);
+    const auto size = fs::file_size(parameters, error);
     return !error && size >= catalog::Parameters::recordCount * catalog::ParameterHeader::length;
 }
 
@@ -109,6 +110,9 @@ void CatalogZips::installAll() {
         m_processed.insert(*path);
         process(*path);
     }
+    if (hasDiscarded(m_programFolder))
+        m_window.later(
+            [folder = m_programFolder](const std::stop_token& stop) { deleteDiscarded(folder, stop); });
 }
 
 void CatalogZips::undoInterrupted() {
@@ -146,7 +150,8 @@ void CatalogZips::process(const fs::path& path) {
         return;
     }
     std::error_code error;
-    fs::remove(path, error);
+    if (fs::exists(path, error) && !discard(m_programFolder, path))
+        fs::remove(path, error);
     if (error)
         complain("Cannot delete " + base::textOf(path) +
                  "\nPlease delete it yourself, or it is tried again at every start");
@@ -183,7 +188,11 @@ void CatalogZips::install(const Zip& zip) {
     } catch (...) { // Deliberate: thrown again below; whatever it is, clearing up takes long
         failure = std::current_exception();
     }
-    m_window.waitFor([&] { staged.reset(); });
+    m_window.waitFor([&] {
+        staged.reset();
+        if (!failure)
+            static_cast<void>(discard(m_programFolder, zip.path)); // else as any other zip that is done with
+    });
     if (failure)
         std::rethrow_exception(failure);
 }
@@ -192,11 +201,17 @@ void CatalogZips::bringIn(const Zip& zip, StagedFolder& staged) {
     if (!extract(zip, markerOf(zip.N), staged.besideFolder()))
         refuseDamaged(zip.path);
     const auto installed = base::findFile(base::folderPath(m_programFolder, zip.N), catalog::parametersFile);
-    if (installed && !isUpdate(zip, *installed, staged))
-        staged.leaveOutFolder();
-    else
-        unpackInto(zip, installed ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters), staged);
-    m_window.waitFor([&] { moveIn(zip, staged, installed.has_value()); });
+    const bool isWanted = !installed || isUpdate(zip, *installed, staged);
+    if (isWanted)
+        unpackInto(zip, installed, staged);
+    m_window.waitFor([&] {
+        if (isWanted)
+            finish(zip, staged);
+        else
+            staged.leaveOutFolder();
+        moveIn(zip, staged, installed.has_value());
+        staged.discardOld();
+    });
 }
 
 // What is kept is what somebody could have seen.
@@ -215,10 +230,11 @@ void CatalogZips::moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled)
 }
 
 bool CatalogZips::isUpdate(const Zip& zip, const fs::path& installedParameters, StagedFolder& staged) {
-    if (!extract(zip, "*PrdPrm.dat", staged.folder()) || !areParametersWhole(staged.folder()))
+    if (!extract(zip, "*PrdPrm.dat", staged.folder()))
         refuseDamaged(zip.path);
-    const auto offered = readIdentity(base::filePath(staged.folder(), catalog::parametersFile));
-    if (!offered)
+    const auto parameters = base::filePath(staged.folder(), catalog::parametersFile);
+    const auto offered = readIdentity(parameters);
+    if (!offered || !areParametersWhole(parameters))
         refuseDamaged(zip.path);
     m_lastInstalledParameters = installedParameters;
     return isWanted(*offered, readIdentity(installedParameters).value_or(CatalogIdentity{}));
@@ -231,23 +247,33 @@ bool CatalogZips::isWanted(const CatalogIdentity& offered, const CatalogIdentity
                           platform::Answer::yes) == platform::Answer::yes;
 }
 
-void CatalogZips::unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged) {
-    m_window.setStatus(status);
-    if (!extract(zip, "*", staged.folder()))
+void CatalogZips::unpackInto(const Zip& zip, const std::optional<fs::path>& installedParameters,
+                             const StagedFolder& staged) {
+    m_window.setStatus(installedParameters ? updateStatus(zip.N) : addStatus(m_lastInstalledParameters));
+    const auto result = installedParameters ? m_archive.extractChanged(zip.path, staged.folder(),
+                                                                       installedParameters->parent_path())
+                                            : m_archive.extract(zip.path, "*", staged.folder());
+    if (!isExtracted(zip, result))
         refuseDamaged(zip.path);
-    for (const auto file : usersFiles()) {
-        staged.leaveOut(file);
-        staged.leaveOut(std::string(file).append(base::unfinishedEnding));
-    }
+}
+
+void CatalogZips::finish(const Zip& zip, const StagedFolder& staged) const {
+    staged.leaveOut([](const std::string& name) {
+        return base::holdsName(usersFiles(), base::withoutUnfinishedEnding(name));
+    });
     const bool isWhole = std::all_of(dataFiles.begin(), dataFiles.end(),
                                      [&](std::string_view file) { return staged.comingFile(file); });
-    if (!isWhole || !areParametersWhole(staged.folder()))
+    if (!isWhole || !areParametersWhole(*staged.comingFile(catalog::parametersFile)))
         refuseDamaged(zip.path);
     addLogo(zip, staged);
 }
 
 bool CatalogZips::extract(const Zip& zip, std::string_view mask, const fs::path& folder) {
-    switch (m_archive.extract(zip.path, mask, folder)) {
+    return isExtracted(zip, m_archive.extract(zip.path, mask, folder));
+}
+
+bool CatalogZips::isExtracted(const Zip& zip, platform::Archive::Result result) {
+    switch (result) {
     case platform::Archive::Result::extracted:
         return true;
     case platform::Archive::Result::nothingMatched:

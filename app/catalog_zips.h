@@ -26,7 +26,7 @@ public:
 
     /// Puts an installation that was interrupted back to what it was and goes on with an interrupted
     /// removal, then takes the zips one by one.
-    /// Throws base::Quit when the user closes the window meanwhile.
+    /// Throws base::Quit when the user closes the window meanwhile. What has been replaced is deleted later.
     void installAll();
 
     /// The next `installAll` takes this zip even if it has seen one of that name.
@@ -45,8 +45,11 @@ private:
                                 StagedFolder& staged);
     [[nodiscard]] bool isWanted(const CatalogIdentity& offered, const CatalogIdentity& installed);
     void moveIn(const Zip& zip, StagedFolder& staged, bool isInstalled);
-    void unpackInto(const Zip& zip, std::string_view status, StagedFolder& staged);
+    void unpackInto(const Zip& zip, const std::optional<std::filesystem::path>& installedParameters,
+                    const StagedFolder& staged);
+    void finish(const Zip& zip, const StagedFolder& staged) const;
     [[nodiscard]] bool extract(const Zip& zip, std::string_view mask, const std::filesystem::path& folder);
+    [[nodiscard]] static bool isExtracted(const Zip& zip, platform::Archive::Result result);
     void addLogo(const Zip& zip, const StagedFolder& staged) const;
     void complain(std::string_view text);
 

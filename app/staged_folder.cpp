@@ -1,5 +1,6 @@
 #include "app/staged_folder.h"
 
+#include "app/discarded_files.h"
 #include "app/supplier_removal.h"
 #include "base/caseless_tree.h"
 #include "base/code_page.h"
@@ -8,6 +9,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <set>
 #include <system_error>
 
 namespace app {
@@ -107,6 +109,15 @@ bool takeBack(const fs::path& area, const fs::path& program) {
     return !error;
 }
 
+/// The path in the program folder, and those of all that is in it.
+void addWithContents(const fs::path& path, const fs::path& place, std::vector<fs::path>& added) {
+    added.push_back(place);
+    if (!isFolder(path))
+        return;
+    for (const auto& entry : fs::recursive_directory_iterator(path))
+        added.push_back(place / entry.path().lexically_relative(path));
+}
+
 bool clear(const fs::path& area, const fs::path& program) {
     std::error_code error;
     if (!takeBack(area, program))
@@ -136,10 +147,11 @@ StagedFolder::~StagedFolder() {
         fs::remove(m_area.parent_path(), ignored); // unless others are in it
 }
 
-void StagedFolder::leaveOut(std::string_view name) const {
+void StagedFolder::leaveOut(const std::function<bool(const std::string& name)>& isUnwanted) const {
     std::error_code ignored;
-    for (const auto& entry : entriesNamed(m_folder, name))
-        fs::remove_all(entry, ignored);
+    for (const auto& entry : entriesOf(m_folder))
+        if (isUnwanted(base::textOf(entry.filename())))
+            fs::remove_all(entry, ignored);
 }
 
 void StagedFolder::leaveOutFolder() const {
@@ -148,17 +160,30 @@ void StagedFolder::leaveOutFolder() const {
 }
 
 std::optional<fs::path> StagedFolder::comingFile(std::string_view name) const {
-    const auto found = entriesNamed(m_folder, name);
-    if (found.empty())
+    const auto found = base::CaselessTree(m_folder).find(base::pathOf(name));
+    if (found.type == fs::file_type::not_found)
         return base::findFile(m_target, name);
-    return isFolder(found.front()) ? std::nullopt : std::optional(found.front());
+    return found.type == fs::file_type::directory ? std::nullopt : std::optional(found.path);
 }
+
+/// What is moved, in this order, and what stood nowhere before.
+struct StagedFolder::Plan {
+    struct Move {
+        fs::path from;
+        fs::path to;
+        bool replaces; ///< something stands there
+        int rank;
+    };
+
+    std::vector<Move> moves;
+    std::vector<fs::path> added; ///< in `ProgramFolder`, folders before what is in them
+};
 
 void StagedFolder::moveIn(std::string_view last) {
     try {
-        const auto all = moves(last);
+        const auto all = plan(last);
         writeJournal(all);
-        moveEntries(all);
+        carryOut(all, last);
         return;
     } catch (const fs::filesystem_error&) { // what it left is undone below
     } catch (const base::FileError&) {
@@ -167,62 +192,72 @@ void StagedFolder::moveIn(std::string_view last) {
     failWriting(m_target);
 }
 
-std::vector<StagedFolder::Move> StagedFolder::moves(std::string_view last) const {
-    const auto rank = [&](const fs::path& entry) {
-        if (!entry.has_parent_path())
-            return fs::is_directory(m_new / entry) ? 0 : 2;
-        return base::equalIgnoringCase(base::textOf(entry), base::textOf(m_folder.filename() / last)) ? 1 : 0;
-    };
-    std::vector<fs::path> entries;
-    for (const auto& entry : fs::recursive_directory_iterator(m_new))
-        entries.push_back(entry.path().lexically_relative(m_new));
-    std::stable_sort(entries.begin(), entries.end(),
-                     [&](const fs::path& a, const fs::path& b) { return rank(a) < rank(b); });
-    std::vector<Move> found;
+// The supplier's folder itself may be a link to one elsewhere, and stays it. A folder in whose place none
+// stands is moved as a whole: with all that it holds it is one step for the disk.
+StagedFolder::Plan StagedFolder::plan(std::string_view last) const {
+    enum Rank { inFolder, lastInFolder, besideFolder };
+
+    Plan plan;
     base::CaselessTree places(m_program);
-    for (const auto& entry : entries)
-        found.push_back({m_new / entry, places.place(entry)});
-    return found;
+    for (fs::recursive_directory_iterator it(m_new), end; it != end; ++it) {
+        const auto relative = it->path().lexically_relative(m_new);
+        const auto place = places.find(relative);
+        const bool standsFolder = place.type == fs::file_type::directory ||
+                                  (place.path == m_target && fs::is_directory(place.path));
+        if (it->is_directory() && standsFolder)
+            continue; // what is in it goes by itself
+        const bool isNew = place.type == fs::file_type::not_found;
+        const bool isInFolder = relative.has_parent_path() || it->is_directory();
+        const bool isLast =
+            base::equalIgnoringCase(base::textOf(relative), base::textOf(m_folder.filename() / last));
+        plan.moves.push_back({it->path(), place.path, !isNew,
+                              isLast       ? lastInFolder
+                              : isInFolder ? inFolder
+                                           : besideFolder});
+        if (isNew)
+            addWithContents(it->path(), place.path.lexically_relative(m_program), plan.added);
+        if (it->is_directory())
+            it.disable_recursion_pending();
+    }
+    std::stable_sort(plan.moves.begin(), plan.moves.end(),
+                     [](const auto& a, const auto& b) { return a.rank < b.rank; });
+    return plan;
 }
 
-void StagedFolder::writeJournal(const std::vector<Move>& moves) const {
+void StagedFolder::writeJournal(const Plan& plan) const {
     std::u8string added;
-    for (const auto& move : moves)
-        if (!isThere(move.to))
-            added += move.to.lexically_relative(m_program).u8string() + u8'\n';
+    for (const auto& path : plan.added)
+        added += path.u8string() + u8'\n';
     base::replaceFileDurably(m_area / journalName, std::string(added.begin(), added.end()));
 }
 
-void StagedFolder::moveEntries(const std::vector<Move>& moves) const {
-    for (const auto& move : moves)
-        put(move);
+void StagedFolder::carryOut(const Plan& plan, std::string_view last) const {
+    std::set<fs::path> keeping; // folders that are there to keep files in
+    for (const auto& move : plan.moves) {
+        const auto kept = m_area / oldName / move.to.lexically_relative(m_program);
+        if (move.replaces && keeping.insert(kept.parent_path()).second)
+            fs::create_directories(kept.parent_path());
+        if (move.replaces)
+            fs::rename(move.to, kept);
+        fs::rename(move.from, move.to);
+    }
+    const auto found = entriesNamed(m_target, last);
+    if (std::any_of(found.begin(), found.end(), isFolder))
+        failWriting(m_target); // no catalogue
     fs::remove(m_area / journalName);
 }
 
-// The supplier's folder itself may be a link to one elsewhere, and stays it.
-void StagedFolder::put(const Move& move) const {
-    const auto& [from, to] = move;
-    if (isFolder(from) && (isFolder(to) || (to == m_target && fs::is_directory(to))))
-        return;
-    if (isThere(to))
-        keepOld(to);
-    if (isFolder(from))
-        fs::create_directory(to);
-    else
-        fs::rename(from, to);
-}
-
-void StagedFolder::keepOld(const fs::path& path) const {
-    const auto kept = m_area / oldName / path.lexically_relative(m_program);
-    fs::create_directories(kept.parent_path());
-    fs::rename(path, kept);
+void StagedFolder::discardOld() const {
+    if (isThere(m_area / oldName) && !isThere(m_area / journalName))
+        static_cast<void>(discard(m_program, m_area));
 }
 
 std::vector<std::string> StagedFolder::recover(const fs::path& programFolder) {
     const auto areas = programFolder / area;
     std::vector<std::string> failed;
     for (const auto& supplier : entriesOf(areas))
-        if (!isThere(supplier / removalMark) && !clear(supplier, programFolder))
+        if (supplier.filename() != discardedName && !isThere(supplier / removalMark) &&
+            !clear(supplier, programFolder))
             failed.push_back(base::textOf(supplier.filename()));
     std::error_code ignored;
     fs::remove(areas, ignored);

@@ -3,6 +3,7 @@
 #include "catalog/program_folders.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,9 +12,10 @@
 namespace app {
 
 /// A catalogue on its way into `ProgramFolder`, all or nothing: its folder, its marker and its logo
-/// (docs/supplier-folders.md, "Installing"). It is unpacked beside them first and then moved in file by file;
-/// the files it replaces are kept until the last one is in. What has to be undone is known from the disk
-/// alone, so it makes no difference whether this object or the next start does it.
+/// (docs/supplier-folders.md, "Installing"). It is unpacked beside them first and then moved in, a folder
+/// that is new as a whole and anything else file by file; the files it replaces are kept until the last one
+/// is in. What has to be undone is known from the disk alone, so it makes no difference whether this object
+/// or the next start does it.
 class StagedFolder {
 public:
     /// Under `ProgramFolder`; no supplier's folder has this name.
@@ -31,8 +33,8 @@ public:
     /// Where to put the files that go beside it, into `ProgramFolder` itself.
     [[nodiscard]] const std::filesystem::path& besideFolder() const { return m_new; }
 
-    /// Takes files and folders of this name, in any letter case, out of what was unpacked.
-    void leaveOut(std::string_view name) const;
+    /// Takes files and folders of such names out of what was unpacked.
+    void leaveOut(const std::function<bool(const std::string& name)>& isUnwanted) const;
 
     /// Leaves only what goes beside the supplier's folder.
     void leaveOutFolder() const;
@@ -42,25 +44,25 @@ public:
     [[nodiscard]] std::optional<std::filesystem::path> comingFile(std::string_view name) const;
 
     /// Moves everything to its place, over what stands there in any letter case; `last`, a file of the
-    /// supplier's folder, behind all others in it, and what goes beside the folder after that. On failure
-    /// everything is put back to what it was, and base::FileError is thrown. May be called once.
+    /// supplier's folder, behind all others in it, and what goes beside the folder after that. On failure, or
+    /// where `last` comes as a folder, everything is put back to what it was, and base::FileError is thrown.
+    /// May be called once.
     void moveIn(std::string_view last);
+
+    /// After `moveIn`: what it has replaced leaves the area for where it waits to be deleted, which takes
+    /// long (discarded_files.h). Where it cannot, the destructor deletes it.
+    void discardOld() const;
 
     /// Undoes installations that did not come to their end, and clears the area. Answers with the suppliers
     /// for which that failed; it is tried again at the next start.
     [[nodiscard]] static std::vector<std::string> recover(const std::filesystem::path& programFolder);
 
 private:
-    struct Move {
-        std::filesystem::path from;
-        std::filesystem::path to;
-    };
+    struct Plan;
 
-    [[nodiscard]] std::vector<Move> moves(std::string_view last) const;
-    void writeJournal(const std::vector<Move>& moves) const;
-    void moveEntries(const std::vector<Move>& moves) const;
-    void put(const Move& move) const;
-    void keepOld(const std::filesystem::path& path) const;
+    [[nodiscard]] Plan plan(std::string_view last) const;
+    void writeJournal(const Plan& plan) const;
+    void carryOut(const Plan& plan, std::string_view last) const;
 
     std::filesystem::path m_program;
     std::filesystem::path m_area;

@@ -3,6 +3,7 @@
 #include "app/session.h"
 
 #include <functional>
+#include <stop_token>
 #include <string_view>
 
 namespace app {
@@ -27,6 +28,11 @@ public:
     /// Does work with many files on a thread of its own and waits for its end; the window stays alive
     /// meanwhile and takes no keys or clicks. What the work throws is thrown here.
     virtual void waitFor(const std::function<void()>& work) = 0;
+
+    /// Takes work that nobody waits for, in the place of any such work before: it is done on a thread of its
+    /// own once a page is up or the main window opens. It may be told to stop and be begun again, and be
+    /// left when the program ends. A window that has no time of its own does it at once.
+    virtual void later(const std::function<void(const std::stop_token&)>& work) { work({}); }
 
     /// Shows `lbPassword` with this prompt, `txtPassword` and `cbNext` 0. Both entries are empty, and
     /// what belongs to setting a password is hidden, whatever was shown for another supplier before.

@@ -3,9 +3,14 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <utility>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 // The loops below are written so that the compiler makes vector instructions of them; here it makes them
 // twice, and the processor's better ones are chosen when the program starts.
@@ -66,6 +71,28 @@ std::size_t lastBlockEnd(const Compared& at, std::size_t blocks) {
     return blocks;
 }
 
+/// Places of a block, a bit each, the first one lowest.
+using Places = std::array<std::uint64_t, blockLength / 64>;
+
+#ifdef __SSE2__
+std::uint64_t placesAmong64(const Byte* flags) {
+    std::uint64_t places = 0;
+    for (unsigned i = 0; i < 64; i += sizeof(__m128i)) {
+        const auto sixteen = _mm_loadu_si128(reinterpret_cast<const __m128i*>(flags + i));
+        const auto isSet = _mm_movemask_epi8(_mm_sub_epi8(_mm_setzero_si128(), sixteen)); // the highest bits
+        places |= std::uint64_t{static_cast<unsigned>(isSet)} << i;
+    }
+    return places;
+}
+#else
+std::uint64_t placesAmong64(const Byte* flags) {
+    std::uint64_t places = 0;
+    for (unsigned i = 0; i < 64; ++i)
+        places |= std::uint64_t{flags[i]} << i;
+    return places;
+}
+#endif
+
 using Flags = std::array<Byte, blockLength>;
 
 // 1 for each place of the block where the phrase may stand, 0 for the others.
@@ -75,6 +102,12 @@ Flags flagsOf(const Compared& at) {
     for (std::size_t i = 0; i < blockLength; ++i)
         flags[i] = mayStandAt(at, i);
     return flags;
+}
+
+// Where the phrase may stand in the block.
+Places placesOf(const Compared& at) {
+    const auto flags = flagsOf(at);
+    return {placesAmong64(flags.data()), placesAmong64(flags.data() + 64)};
 }
 
 // How often each character stands in a few pieces of the text.
@@ -141,23 +174,24 @@ struct CaselessFinder::Comparison : Compared {
 };
 
 std::size_t CaselessFinder::firstInBlock(std::size_t begin, const Judge& counts) const {
-    const auto flags = flagsOf(Comparison(*this, begin));
-    for (std::size_t i = 0; i < blockLength; ++i) {
-        const auto* at = std::memchr(flags.data() + i, 1, blockLength - i);
-        if (!at)
-            break;
-        i = static_cast<std::size_t>(static_cast<const Byte*>(at) - flags.data());
-        if (standsAt(begin + i) && counts(begin + i))
-            return begin + i;
-    }
+    const auto places = placesOf(Comparison(*this, begin));
+    for (std::size_t word = 0; word < places.size(); ++word)
+        for (auto rest = places[word]; rest != 0; rest &= rest - 1) {
+            const auto position = begin + word * 64 + static_cast<std::size_t>(std::countr_zero(rest));
+            if (standsAt(position) && counts(position))
+                return position;
+        }
     return std::string_view::npos;
 }
 
 std::size_t CaselessFinder::lastInBlock(std::size_t begin, const Judge& counts) const {
-    const auto flags = flagsOf(Comparison(*this, begin));
-    for (std::size_t i = blockLength; i-- > 0;)
-        if (flags[i] != 0 && standsAt(begin + i) && counts(begin + i))
-            return begin + i;
+    const auto places = placesOf(Comparison(*this, begin));
+    for (std::size_t word = places.size(); word-- > 0;)
+        for (auto rest = places[word]; rest != 0; rest = std::bit_floor(rest) ^ rest) {
+            const auto position = begin + word * 64 + static_cast<std::size_t>(std::bit_width(rest)) - 1;
+            if (standsAt(position) && counts(position))
+                return position;
+        }
     return std::string_view::npos;
 }
 

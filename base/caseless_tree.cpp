@@ -8,28 +8,64 @@
 namespace base {
 namespace fs = std::filesystem;
 
-fs::path CaselessTree::place(const fs::path& relative) {
-    auto at = m_root;
-    for (const auto& part : relative)
-        at = spelled(at, part);
-    return at;
-}
+namespace {
 
-fs::path CaselessTree::spelled(const fs::path& folder, const fs::path& name) {
-    auto exact = folder / name;
+// What the listing itself tells costs no question to the disk.
+fs::file_type typeOf(const fs::directory_entry& entry) {
     std::error_code ignored;
-    if (fs::exists(fs::symlink_status(exact, ignored)))
-        return exact;
-    return folder / namesIn(folder).try_emplace(upper(textOf(name)), name).first->second;
+    if (entry.is_symlink(ignored))
+        return fs::file_type::symlink;
+    if (entry.is_directory(ignored))
+        return fs::file_type::directory;
+    return entry.is_regular_file(ignored) ? fs::file_type::regular : fs::file_type::unknown;
 }
 
-CaselessTree::Names& CaselessTree::namesIn(const fs::path& folder) {
-    const auto [entry, isNew] = m_folders.try_emplace(folder);
+}
+
+CaselessTree::Place CaselessTree::find(const fs::path& relative) {
+    return findIn(folderFor(relative.parent_path()), relative.filename());
+}
+
+CaselessTree::Folder& CaselessTree::folderFor(const fs::path& relative) {
+    const auto [known, isNew] = m_parents.try_emplace(relative.native());
+    if (isNew) {
+        auto path = relative.empty() ? m_root : find(relative).path;
+        auto& folder = m_folders[path.native()];
+        folder.path = std::move(path);
+        known->second = &folder;
+    }
+    return *known->second;
+}
+
+CaselessTree::Place CaselessTree::findIn(Folder& folder, const fs::path& name) {
+    auto exact = folder.path / name;
+    if (folder.asked++ > 0)
+        list(folder);
+    if (!folder.isListed) {
+        std::error_code ignored;
+        const auto type = fs::symlink_status(exact, ignored).type();
+        if (type != fs::file_type::not_found && type != fs::file_type::none)
+            return {std::move(exact), type};
+        list(folder);
+    }
+    if (const auto found = folder.names.find(name.native()); found != folder.names.end())
+        return {std::move(exact), found->second};
+    const auto& spelling = folder.spellings.try_emplace(upper(textOf(name)), name.native()).first->second;
+    const auto found = folder.names.find(spelling);
+    return {folder.path / spelling, found != folder.names.end() ? found->second : fs::file_type::not_found};
+}
+
+// One that cannot be listed is asked for every name.
+void CaselessTree::list(Folder& folder) {
+    if (folder.isListed)
+        return;
     std::error_code error;
-    if (isNew)
-        for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
-            entry->second.try_emplace(upper(textOf(it->path().filename())), it->path().filename());
-    return entry->second;
+    for (fs::directory_iterator it(folder.path, error), end; !error && it != end; it.increment(error)) {
+        const auto name = it->path().filename();
+        folder.names.try_emplace(name.native(), typeOf(*it));
+        folder.spellings.try_emplace(upper(textOf(name)), name.native());
+    }
+    folder.isListed = !error || error == std::errc::no_such_file_or_directory;
 }
 
 fs::path folderPath(const fs::path& parent, std::string_view name) {

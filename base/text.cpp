@@ -1,37 +1,13 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <array>
 
 namespace base {
-namespace {
-
-constexpr std::array<unsigned char, 256> upperTable() {
-    std::array<unsigned char, 256> table{};
-    for (unsigned i = 0; i < 256; ++i) {
-        const bool letter = (i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7);
-        table[i] = static_cast<unsigned char>(letter ? i - 0x20 : i);
-    }
-    table[0x9A] = 0x8A; // š
-    table[0x9C] = 0x8C; // œ
-    table[0x9E] = 0x8E; // ž
-    table[0xFF] = 0x9F; // ÿ
-    return table;
-}
-
-constexpr auto upperOf = upperTable();
-
-}
-
 std::string_view trim(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos)
         return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-char upper(char character) {
-    return static_cast<char>(upperOf[static_cast<unsigned char>(character)]);
 }
 
 std::string upper(std::string_view text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/letter_case.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -13,7 +15,6 @@ namespace base {
 [[nodiscard]] std::string_view trim(std::string_view text);
 
 /// Upper case inside the code page, one byte for one byte: é gives É, ÿ gives Ÿ; ß and µ stay.
-[[nodiscard]] char upper(char character);
 [[nodiscard]] std::string upper(std::string_view text);
 
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);

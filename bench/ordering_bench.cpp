@@ -242,9 +242,7 @@ void takeList(benchmark::State& state) {
     }
 }
 
-void updateLine(benchmark::State& state) {
-    const auto count = static_cast<std::int32_t>(state.range(0));
-    FullBasket full(count);
+void updateLines(benchmark::State& state, order::Basket& basket, std::int32_t count) {
     const auto products = shuffledProducts(count);
     std::size_t at = 0, round = 0;
     for (auto _ : state) {
@@ -254,6 +252,12 @@ void updateLine(benchmark::State& state) {
             ++round;
         }
     }
+}
+
+void updateLine(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    FullBasket full(count);
+    updateLines(state, full.basket, count);
     if (!full.isWritten())
         state.SkipWithError("not written");
 }
@@ -262,15 +266,7 @@ void updateLine(benchmark::State& state) {
 void updateKeptLine(benchmark::State& state) {
     const auto count = static_cast<std::int32_t>(state.range(0));
     KeptBasket full(count);
-    const auto products = shuffledProducts(count);
-    std::size_t at = 0, round = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(full.basket.update(products[at], static_cast<float>(2 + round % 2)));
-        if (++at == products.size()) {
-            at = 0;
-            ++round;
-        }
-    }
+    updateLines(state, full.basket, count);
     full.keep();
     if (!full.isWritten())
         state.SkipWithError("not written");

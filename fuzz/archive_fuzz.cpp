@@ -29,6 +29,11 @@ public:
     Result extract(const fs::path& archive, std::string_view mask, const fs::path& folder) override {
         return ui::system::ZipExtractor().extract(archive, mask, folder);
     }
+
+    Result extractChanged(const fs::path& archive, const fs::path& folder,
+                          const fs::path& installed) override {
+        return ui::system::ZipExtractor().extractChanged(archive, folder, installed);
+    }
 };
 
 class SilentBox final : public platform::MessageBox {

@@ -36,6 +36,14 @@ public:
     /// The caller waits; the windows stay alive meanwhile.
     virtual Result extract(const std::filesystem::path& archive, std::string_view mask,
                            const std::filesystem::path& folder) = 0;
+
+    /// As `extract` with "*", but leaves out what an update need not replace: files that stand in `installed`
+    /// under the same path, in whatever letter case and through no link, with the same size and check sum. An
+    /// archive that cannot compare extracts everything.
+    virtual Result extractChanged(const std::filesystem::path& archive, const std::filesystem::path& folder,
+                                  const std::filesystem::path& /*installed*/) {
+        return extract(archive, "*", folder);
+    }
 };
 
 }

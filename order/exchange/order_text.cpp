@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/files.h"
+#include "base/html.h"
 #include "base/text.h"
 #include "order/exchange/list_quantity.h"
 #include "order/exchange/plain_text.h"
@@ -45,9 +46,7 @@ std::string delimited(const OrderTable& table, char delimiter, std::string_view 
 }
 
 std::string escaped(const std::string& text) {
-    auto result = base::replaceAll(text, "&", "&amp;");
-    result = base::replaceAll(result, "<", "&lt;");
-    return base::replaceAll(result, "\"", "&quot;");
+    return base::asHtml(base::shownAsUtf8(guardedText(text)));
 }
 
 std::string_view numberFormatOf(CellKind kind) {
@@ -58,8 +57,7 @@ std::string_view numberFormatOf(CellKind kind) {
 // leave the zeros in front of a text that is marked as one.
 std::string htmlCell(const std::string& text, CellKind kind) {
     if (kind == CellKind::text)
-        return "<td sdnum=\"1033;0;@\" style=\"mso-number-format:'\\@'\">" + escaped(guardedText(text)) +
-               "</td>";
+        return "<td sdnum=\"1033;0;@\" style=\"mso-number-format:'\\@'\">" + escaped(text) + "</td>";
     if (text.empty())
         return "<td></td>";
     return "<td align=\"right\" sdval=\"" + text + "\" sdnum=\"1033;0;" + std::string(numberFormatOf(kind)) +
@@ -81,7 +79,7 @@ std::string orderAsTableHtml(const OrderTable& table) {
         "<html xmlns:x=\"urn:schemas-microsoft-com:office:excel\"><head><meta charset=\"utf-8\">"
         "</head><body><table><tr>";
     for (const auto& column : table.columns)
-        html += "<th>" + escaped(guardedText(column.heading)) + "</th>";
+        html += "<th>" + escaped(column.heading) + "</th>";
     html += "</tr>\n";
     for (const auto& row : table.rows) {
         html += "<tr>";
@@ -89,7 +87,7 @@ std::string orderAsTableHtml(const OrderTable& table) {
             html += htmlCell(row[i], table.columns[i].kind);
         html += "</tr>\n";
     }
-    return base::toUtf8(html + "</table></body></html>\n");
+    return html + "</table></body></html>\n";
 }
 
 }

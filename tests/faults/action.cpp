@@ -33,6 +33,11 @@ struct Zips : platform::Archive {
     Result extract(const fs::path& archive, std::string_view mask, const fs::path& folder) override {
         return ui::system::ZipExtractor().extract(archive, mask, folder);
     }
+
+    Result extractChanged(const fs::path& archive, const fs::path& folder,
+                          const fs::path& installed) override {
+        return ui::system::ZipExtractor().extractChanged(archive, folder, installed);
+    }
 };
 
 struct Machine : platform::InstanceLock, platform::ProgramFile, platform::Screen {
@@ -87,6 +92,7 @@ Files catalogFiles(const std::string& N, const std::string& version, const fs::p
     files["Welcome.ECT"] = "Welcome " + version;
     files["logo.jpg"] = "logo " + version;
     files["pics/a.jpg"] = std::string(5000, version.back());
+    files["pics/same.jpg"] = "the same";
     if (version == "00001") {
         files["turn"] = "a file";
         files["back/inside.txt"] = "a folder";

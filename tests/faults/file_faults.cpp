@@ -25,6 +25,11 @@ bool isCounting = false;
 bool struck = false;
 int count = 0;
 int strikesAt = 0;
+faults::FolderCalls asked;
+
+void noteFolderCall() {
+    asked.all += isCounting ? 1 : 0;
+}
 
 /// Whether this call may go through; else errno is set.
 bool mayPass(Needs needs) {
@@ -75,12 +80,14 @@ Needs needsOf(const char* path, bool creates) {
 using Open = int(const char*, int, ...);
 
 int openNext(const char* name, const char* path, int flags, unsigned mode) {
+    noteFolderCall();
     if (changes(flags) && !mayPass(needsOf(path, (flags & O_CREAT) != 0)))
         return -1;
     return next<Open>(name)(path, flags, mode);
 }
 
 std::FILE* openNext(const char* name, const char* path, const char* mode) {
+    noteFolderCall();
     if (changes(mode) && !mayPass(needsOf(path, std::strpbrk(mode, "wa") != nullptr)))
         return nullptr;
     return next<std::FILE*(const char*, const char*)>(name)(path, mode);
@@ -95,12 +102,17 @@ void begin(Fault which, int at) {
     strikesAt = at;
     count = 0;
     struck = false;
+    asked = {};
     isCounting = true;
 }
 
 int end() {
     isCounting = false;
     return count;
+}
+
+FolderCalls folderCalls() {
+    return asked;
 }
 
 bool hasStruck() {
@@ -177,31 +189,49 @@ int fchmod(int file, mode_t mode) noexcept {
 }
 
 int rename(const char* from, const char* to) noexcept {
+    noteFolderCall();
+    asked.renames += isCounting ? 1 : 0;
     return mayPass(Needs::nothing) ? next<int(const char*, const char*)>("rename")(from, to) : -1;
 }
 
 int link(const char* from, const char* to) noexcept {
+    noteFolderCall();
     return mayPass(Needs::room) ? next<int(const char*, const char*)>("link")(from, to) : -1;
 }
 
 int remove(const char* path) noexcept {
+    noteFolderCall();
     return mayPass(Needs::nothing) ? next<int(const char*)>("remove")(path) : -1;
 }
 
 int unlink(const char* path) noexcept {
+    noteFolderCall();
     return mayPass(Needs::nothing) ? next<int(const char*)>("unlink")(path) : -1;
 }
 
 int unlinkat(int folder, const char* path, int flags) noexcept {
+    noteFolderCall();
     return mayPass(Needs::nothing) ? next<int(int, const char*, int)>("unlinkat")(folder, path, flags) : -1;
 }
 
 int rmdir(const char* path) noexcept {
+    noteFolderCall();
     return mayPass(Needs::nothing) ? next<int(const char*)>("rmdir")(path) : -1;
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
+    noteFolderCall();
     return mayPass(Needs::room) ? next<int(const char*, mode_t)>("mkdir")(path, mode) : -1;
+}
+
+int stat(const char* path, struct stat* found) noexcept {
+    noteFolderCall();
+    return next<int(const char*, struct stat*)>("stat")(path, found);
+}
+
+int lstat(const char* path, struct stat* found) noexcept {
+    noteFolderCall();
+    return next<int(const char*, struct stat*)>("lstat")(path, found);
 }
 
 int truncate(const char* path, off_t size) noexcept {

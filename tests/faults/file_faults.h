@@ -20,6 +20,15 @@ void begin(Fault fault, int at = 0);
 /// From now on nothing fails any more. Answers with the calls since `begin`.
 int end();
 
+/// What has been asked of folders since `begin`: to find a name, to make, rename or delete one. Files that
+/// are opened for reading and questions that change nothing count here too.
+struct FolderCalls {
+    int all = 0;
+    int renames = 0;
+};
+
+[[nodiscard]] FolderCalls folderCalls();
+
 /// Whether the fault has come.
 [[nodiscard]] bool hasStruck();
 

@@ -19,8 +19,10 @@
 #include <QSettings>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <numeric>
 #include <vector>
 
@@ -70,37 +72,47 @@ private:
     static constexpr std::array<const char*, 3> schemes{"http", "https", "mailto"};
 };
 
-/// Prints the memory once a minute. What pages take of it comes and goes, so the averages of five minutes
-/// are compared: those up to the tenth minute and the last ones.
+/// What pages take of the memory comes and goes within seconds, so it is looked at six times a minute, and
+/// the averages of five minutes are compared: those up to the tenth minute and the last ones.
 class Ledger {
 public:
-    void note(std::size_t actions) {
-        const auto kinds = tour::memoryByKind();
-        m_totals.push_back(static_cast<double>(tour::total(kinds)) / 1024);
-        std::printf("minute %zu: %zu actions, %.0f MB (", m_totals.size(), actions, m_totals.back());
-        for (const auto& [kind, kilobytes] : kinds)
+    static constexpr std::chrono::seconds interval{10};
+
+    void look() {
+        m_kinds = tour::memoryByKind();
+        m_totals.push_back(static_cast<double>(tour::total(m_kinds)) / 1024);
+    }
+
+    [[nodiscard]] bool minuteIsFull() const { return m_totals.size() % looksAMinute == 0; }
+
+    void print(std::size_t actions) const {
+        std::printf("minute %zu: %zu actions, %.0f MB, at last (", minute(), actions,
+                    averageUntil(minute(), 1));
+        for (const auto& [kind, kilobytes] : m_kinds)
             std::printf(" %s %zu", kind.c_str(), kilobytes / 1024);
         std::printf(" )\n");
         static_cast<void>(std::fflush(stdout));
     }
 
-    [[nodiscard]] std::size_t minute() const { return m_totals.size(); }
+    [[nodiscard]] std::size_t minute() const { return m_totals.size() / looksAMinute; }
 
     /// 0 in the first ten minutes.
     [[nodiscard]] double growth() const {
-        return minute() <= warmUp ? 0 : averageUntil(minute()) / averageUntil(warmUp) - 1;
+        return minute() <= warmUp ? 0 : averageUntil(minute(), 5) / averageUntil(warmUp, 5) - 1;
     }
 
 private:
     static constexpr std::size_t warmUp = 10;
+    static constexpr std::size_t looksAMinute = std::chrono::minutes(1) / interval;
 
-    [[nodiscard]] double averageUntil(std::size_t end) const {
-        constexpr std::size_t span = 5;
-        const auto last = m_totals.begin() + static_cast<std::ptrdiff_t>(end);
-        return std::accumulate(last - span, last, 0.0) / span;
+    [[nodiscard]] double averageUntil(std::size_t end, std::size_t minutes) const {
+        const auto count = static_cast<std::ptrdiff_t>(minutes * looksAMinute);
+        const auto last = m_totals.begin() + static_cast<std::ptrdiff_t>(end * looksAMinute);
+        return std::accumulate(last - count, last, 0.0) / static_cast<double>(count);
     }
 
-    std::vector<double> m_totals; // in MB, one a minute
+    std::map<std::string, std::size_t> m_kinds; // in KB, at the last look
+    std::vector<double> m_totals;               // in MB, one a look
 };
 
 bool endure(const Arguments& wanted) {
@@ -112,13 +124,15 @@ bool endure(const Arguments& wanted) {
     Ledger ledger;
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] {
-        ledger.note(customer.actions());
+        ledger.look();
+        if (ledger.minuteIsFull())
+            ledger.print(customer.actions());
         if (ledger.minute() >= wanted.minutes) {
             customer.stop();
             QApplication::exit(42);
         }
     });
-    clock.start(std::chrono::minutes(1));
+    clock.start(Ledger::interval);
     customer.start();
     const bool lasted = QApplication::exec() == 42;
     for (const auto& pause : heartbeat.pauses())
@@ -133,6 +147,7 @@ bool endure(const Arguments& wanted) {
 }
 
 int main(int argc, char* argv[]) {
+    ui::system::keepToFewHeaps();
     ui::system::returnFreedMemory();
     ui::system::prepareBrowser();
     QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);

@@ -141,6 +141,7 @@ void Form1::connectControls() {
     connect(&m_totals->exempt(), &QCheckBox::toggled, this, m_guard([this] { chargeTax(); }));
     connect(&m_catalogDesk, &CatalogDesk::backChanged, this, &Form1::enableBack);
     connect(&m_orderScreen, &OrderScreen::toolbarChanged, this, &Form1::showToolbar);
+    connect(&m_moreDesk, &MoreDesk::stateChanged, this, &Form1::showToolbar);
     connect(&m_moreDesk, &MoreDesk::articleChosen, this,
             m_guard([this](std::int32_t record) { showArticle(record); }));
     addShortcuts();

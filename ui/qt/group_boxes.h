@@ -4,6 +4,7 @@
 
 #include <QAbstractListModel>
 #include <QComboBox>
+#include <QFontMetricsF>
 #include <QWidget>
 
 #include <array>
@@ -20,6 +21,9 @@ public:
     void setEntries(const std::vector<pages::GroupEntry>& entries);
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+    /// The room that the widest text takes; rather too much than too little.
+    [[nodiscard]] double widest(const QFontMetricsF& metrics) const;
 
 private:
     std::vector<pages::GroupEntry> m_entries;
@@ -44,6 +48,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void makeRoomForTexts();
+
     GroupEntriesModel* m_entries;
 };
 

@@ -7,11 +7,14 @@
 #include "ui/system/running_program_file.h"
 
 #include <QApplication>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 
 int main(int argc, char* argv[]) {
-    ui::system::returnFreedMemory();
+    constexpr std::chrono::seconds startTakes{5};
+    ui::system::keepToFewHeaps();
     if (ui::system::browserRefusesThisUser()) {
         std::fputs(ui::system::refusalOfThisUser, stderr);
         return 1;
@@ -31,5 +34,6 @@ int main(int argc, char* argv[]) {
     ui::qt::Program program(
         {programFile, screen, instanceLock, ui::system::ownFolder(), ui::system::keptFolder()});
     program.start();
+    QTimer::singleShot(startTakes, &ui::system::returnFreedMemory);
     return QApplication::exec();
 }

@@ -44,6 +44,8 @@ void MoreDesk::opened() {
 }
 
 void MoreDesk::offerNews() {
+    m_news.look();
+    emit stateChanged();
     if (m_news.offered())
         m_around.offers.offer({.sentence = "The catalogue has changed since " + m_news.since() + ".",
                                .choices = {{"OfferNews", "What is new", [this] { m_news.show(); }}},

@@ -60,6 +60,9 @@ public:
     void leave();
 
 signals:
+    /// What `state` returns may have changed.
+    void stateChanged();
+
     /// In one of the windows.
     void articleChosen(std::int32_t record);
 

@@ -82,6 +82,7 @@ Welcome::Welcome(Guard& guard)
     m_memory.restore(*this);
     connect(m_browser, &PageBrowser::loaded, this, [this] {
         m_stack->setCurrentIndex(pagesPanel);
+        m_later.start();
         if (std::exchange(m_focusPassword, false))
             m_password->setFocus();
     });
@@ -208,8 +209,14 @@ void Welcome::setStatus(std::string_view text) {
     m_status->repaint();
 }
 
+// What is done later may be about the same files.
 void Welcome::waitFor(const std::function<void()>& work) {
+    m_later.stop();
     system::runInBackground(work, QEventLoop::ExcludeUserInputEvents);
+}
+
+void Welcome::later(const std::function<void(const std::stop_token&)>& work) {
+    m_later.set(work);
 }
 
 void Welcome::setConfirming(bool on) {
@@ -257,6 +264,7 @@ void Welcome::retryPasswordAndConfirmation() {
 
 void Welcome::openMainWindow(const app::Session& session) {
     m_openMainWindow(session);
+    m_later.start();
     m_memory.save(*this);
     hide();
 }
@@ -280,6 +288,7 @@ void Welcome::dropEvent(QDropEvent* event) {
 void Welcome::installDropped(const std::vector<std::filesystem::path>& zips) {
     if (m_stack->currentIndex() != pagesPanel)
         return;
+    m_later.stop();
     m_stack->setCurrentIndex(workPanelIndex);
     const auto back = qScopeGuard([this] {
         hideProgress();

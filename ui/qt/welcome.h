@@ -5,6 +5,7 @@
 #include "ui/qt/browser/page_browser.h"
 #include "ui/qt/widgets/guard.h"
 #include "ui/qt/widgets/window_memory.h"
+#include "ui/system/later_work.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -50,6 +51,7 @@ public:
     void setCaption(std::string_view caption) override;
     void setStatus(std::string_view text) override;
     void waitFor(const std::function<void()>& work) override;
+    void later(const std::function<void(const std::stop_token&)>& work) override;
     void showPasswordEntry(std::string_view prompt) override;
     void offerSupplierList(bool offered) override;
     void hidePasswordEntry() override;
@@ -93,6 +95,7 @@ private:
     QPushButton* m_suppliers;
     std::function<void(const app::Session&)> m_openMainWindow;
     std::function<void(const std::vector<std::filesystem::path>&)> m_installZips;
+    system::LaterWork m_later;
     bool m_painted = false;
     bool m_focusPassword = false;
 };

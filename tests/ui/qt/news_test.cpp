@@ -28,7 +28,7 @@ protected:
     }
 
     std::unique_ptr<ui::qt::NewsDesk> newDesk() {
-        return std::make_unique<ui::qt::NewsDesk>(
+        auto desk = std::make_unique<ui::qt::NewsDesk>(
             ui::qt::NewsDesk::Surroundings{*now,
                                            {folder, folder / "ACME", folder / "ACME"},
                                            {folder / "kept", "ACME", folder / "ACME"},
@@ -36,6 +36,8 @@ protected:
                                            window,
                                            [] { return std::vector<std::string>{"B"}; },
                                            [this](std::int32_t record) { chosen = record; }});
+        desk->look();
+        return desk;
     }
 
     static QWebEngineView* page() { return visible<QWebEngineView>("NewsPage"); }

@@ -118,6 +118,8 @@ TEST_F(SupplierTest, InstallsAZipDroppedOnTheWindowAndGoesBackToTheList) {
     script.when(
         "the welcome page", [] { return takesKeys(visibleWidget("txtPassword")); },
         [] { QTest::keyClick(visibleWidget("Welcome"), Qt::Key_Escape); });
+    script.when(
+        "what is done with is deleted", [this] { return !exists("Install.tmp"); }, [] {});
     expectList([] { visibleWidget("Welcome")->close(); });
     EXPECT_TRUE(play());
 }

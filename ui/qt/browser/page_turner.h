@@ -11,7 +11,8 @@
 namespace ui::qt {
 
 /// Turns pages as the grid's row changes. While a page is being loaded, or the event that changed the row
-/// goes on, rows are only noted; of a burst the last one is shown. So the grid never waits for a page.
+/// goes on, rows are only noted; of a burst the last one is shown. So the grid never waits for a page. Nor
+/// does a page wait for the grid to come to rest, which a key that is held may never let it.
 class PageTurner final : public QObject {
     Q_OBJECT
 
@@ -30,7 +31,8 @@ private:
 
     PageBrowser& m_browser;
     std::function<void(int)> m_show;
-    QTimer m_timer;
+    QTimer m_rest;    // comes when nothing else is left to do
+    QTimer m_longest; // comes all the same
     std::optional<int> m_row;
     bool m_started = false;
 };

@@ -1,11 +1,7 @@
 #include "ui/qt/entry/text_table.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
-#include <QKeyEvent>
 
-#include <algorithm>
 #include <utility>
 
 namespace ui::qt {
@@ -53,29 +49,14 @@ private:
     TextTable::Cell m_cell;
 };
 
-// A tab or a line feed would end the cell.
-QString oneCell(QString text) {
-    return text.replace('\t', ' ').replace('\r', ' ').replace('\n', ' ');
-}
-
 }
 
 TextTable::TextTable(const QString& name, const QString& accessibleName, std::vector<Column> columns,
                      QWidget* parent)
-    : QTableView(parent), m_columns(std::move(columns)) {
-    setObjectName(name);
-    setAccessibleName(accessibleName);
-    setSelectionBehavior(SelectRows);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    : RowTable(name, accessibleName, parent), m_columns(std::move(columns)) {
     horizontalHeader()->setResizeContentsPrecision(measuredRows);
     horizontalHeader()->setMaximumSectionSize(fontMetrics().averageCharWidth() * widestColumn);
     horizontalHeader()->setStretchLastSection(true);
-    horizontalHeader()->setHighlightSections(false);
     setMinimumHeight(fontMetrics().height() * fewestLines);
 }
 
@@ -84,27 +65,6 @@ void TextTable::fill(std::size_t rows, Cell cell) {
     setModel(new TextModel(m_columns, rows, std::move(cell), this));
     delete former;
     resizeColumnsToContents();
-}
-
-void TextTable::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy))
-        copySelection();
-    else
-        QTableView::keyPressEvent(event);
-}
-
-// The selection comes as ranges: a list of its cells would be long.
-void TextTable::copySelection() const {
-    auto ranges = selectionModel()->selection();
-    std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.top() < b.top(); });
-    QString copied;
-    for (const auto& range : std::as_const(ranges))
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            for (int column = 0; column < model()->columnCount(); ++column)
-                copied += oneCell(model()->index(row, column).data().toString()) +
-                          (column + 1 < model()->columnCount() ? '\t' : '\n');
-    if (!copied.isEmpty())
-        QApplication::clipboard()->setText(copied);
 }
 
 }

@@ -1,15 +1,16 @@
 #pragma once
 
+#include "ui/qt/widgets/row_table.h"
+
 #include <QAbstractTableModel>
 #include <QStringList>
-#include <QTableView>
 
 #include <functional>
 
 namespace ui::qt {
 
-/// A table to be read, of any length: its cells are asked for when they are painted or copied.
-class TextTable final : public QTableView {
+/// A table of any length: its cells are asked for when they are painted or copied.
+class TextTable final : public RowTable {
     Q_OBJECT
 
 public:
@@ -26,12 +27,7 @@ public:
 
     void fill(std::size_t rows, Cell cell);
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
-    void copySelection() const;
-
     std::vector<Column> m_columns;
 };
 

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int quantityColumn = 0;
 constexpr int mostRowsAsText = 20'000;
+constexpr int paintPauseMs = 33;
 
 // A sign too: without it the digits behind it would be another quantity.
 bool startsQuantity(const QKeyEvent& event) {
@@ -44,6 +45,11 @@ Grid::Grid(const QString& name, const QString& accessibleName, QWidget* parent) 
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsMovable(false);
     horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    m_paintPause.setSingleShot(true);
+    connect(&m_paintPause, &QTimer::timeout, this, [this] {
+        setUpdatesEnabled(true);
+        repaint(); // at once: the next key would come before
+    });
     fit();
 }
 
@@ -147,8 +153,20 @@ void Grid::keyPressEvent(QKeyEvent* event) {
         pasteQuantities();
     else if (startsQuantity(*event) || event->key() == Qt::Key_F2)
         startQuantity(event);
-    else
+    else {
+        if (event->isAutoRepeat())
+            paintSeldom();
         QTableView::keyPressEvent(event);
+    }
+}
+
+// The browser, which shares this thread, does one small thing each time that the event loop comes round. Were
+// the window painted for every row that a held key passes, no page would come up meanwhile.
+void Grid::paintSeldom() {
+    if (m_paintPause.isActive())
+        return;
+    setUpdatesEnabled(false);
+    m_paintPause.start(paintPauseMs);
 }
 
 // The key that starts the edit is its first character; F2 edits what is there.

@@ -6,6 +6,7 @@
 #include "ui/qt/widgets/hint.h"
 
 #include <QTableView>
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -70,6 +71,7 @@ protected:
 
 private:
     void fit();
+    void paintSeldom();
     void startQuantity(QKeyEvent* event);
     bool pasteQuantity(int row, const QString& quantity);
     void hint(const QString& text, const QRect& cell);
@@ -83,6 +85,7 @@ private:
     CellDelegate* m_cells = nullptr;
     Hint* m_hint = nullptr;           // from its first use on
     ColumnWidths* m_widths = nullptr; // with the model
+    QTimer m_paintPause;
 };
 
 }

@@ -100,21 +100,21 @@ void OfferBar::choose(std::size_t choice) {
     showNext();
 }
 
-void OfferBar::closeCurrent() {
+void OfferBar::endCurrent() {
     const auto onClosed = std::exchange(m_offers.front().onClosed, nullptr);
     m_offers.pop_front();
     if (onClosed)
         onClosed();
+}
+
+void OfferBar::closeCurrent() {
+    endCurrent();
     showNext();
 }
 
 void OfferBar::closeAll() {
-    while (!m_offers.empty()) {
-        const auto onClosed = std::exchange(m_offers.front().onClosed, nullptr);
-        m_offers.pop_front();
-        if (onClosed)
-            onClosed();
-    }
+    while (!m_offers.empty())
+        endCurrent();
     hide();
 }
 

@@ -48,6 +48,7 @@ private:
     void showNext();
     void showCurrent();
     void choose(std::size_t choice);
+    void endCurrent();
     void closeCurrent();
 
     Guard& m_guard;

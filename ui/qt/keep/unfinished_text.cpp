@@ -10,12 +10,6 @@ namespace {
 
 constexpr int daysWithNames = 6;
 
-QDateTime localTime(std::chrono::system_clock::time_point time) {
-    using std::chrono::duration_cast;
-    return QDateTime::fromMSecsSinceEpoch(
-        duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count());
-}
-
 }
 
 // A clock that went back leaves times that are still to come.

@@ -42,10 +42,13 @@ std::string comparedPage(const catalog::Catalog& now, const std::filesystem::pat
 
 }
 
-NewsDesk::NewsDesk(Surroundings surroundings)
-    : m_around(std::move(surroundings)), m_folder(m_around.previous.folder()) {}
+NewsDesk::NewsDesk(Surroundings surroundings) : m_around(std::move(surroundings)) {}
 
 NewsDesk::~NewsDesk() = default;
+
+void NewsDesk::look() {
+    m_folder = m_around.previous.folder();
+}
 
 QString NewsDesk::since() const {
     if (!m_folder)

@@ -39,6 +39,9 @@ public:
     explicit NewsDesk(Surroundings surroundings);
     ~NewsDesk() override;
 
+    /// Looks for a catalogue of before; until then there is none.
+    void look();
+
     /// A catalogue of before is there to compare with.
     [[nodiscard]] bool available() const { return m_folder.has_value(); }
 

@@ -84,8 +84,7 @@ QString departureText(const order::KeptOrder& order) {
 }
 
 QString momentText(std::chrono::system_clock::time_point moment) {
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(moment.time_since_epoch()).count();
-    const auto local = QDateTime::fromSecsSinceEpoch(seconds);
+    const auto local = localTime(moment);
     return shortDate(local.date()) + " " + shortTime(local.time());
 }
 

@@ -1,5 +1,7 @@
 #include "ui/qt/orders/order_table.h"
 
+#include "ui/qt/widgets/row_table.h"
+
 #include <QHeaderView>
 
 namespace ui::qt {
@@ -11,21 +13,11 @@ constexpr int narrowest = 12; // average characters
 
 QTableView* orderTable(const QString& name, const QString& accessibleName, QAbstractItemModel* model,
                        QWidget* parent) {
-    auto* table = new QTableView(parent);
-    table->setObjectName(name);
-    table->setAccessibleName(accessibleName);
+    auto* table = new RowTable(name, accessibleName, parent);
     table->setModel(model);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setTabKeyNavigation(false);
-    table->setWordWrap(false);
     table->setShowGrid(false);
     table->setAlternatingRowColors(true);
     table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 3 / 2);
-    table->horizontalHeader()->setHighlightSections(false);
     return table;
 }
 

@@ -6,8 +6,7 @@
 
 namespace ui::qt {
 
-/// A table to read and to choose whole rows in, whose rows are of one height, so that ten thousand of them
-/// cost no more than ten. Tab leaves it.
+/// A `RowTable` in the look of the window "Orders".
 [[nodiscard]] QTableView* orderTable(const QString& name, const QString& accessibleName,
                                      QAbstractItemModel* model, QWidget* parent);
 

@@ -38,6 +38,12 @@ QString shortDate(const QDate& date) {
                : system.toString(date, QLocale::ShortFormat);
 }
 
+QDateTime localTime(std::chrono::system_clock::time_point time) {
+    using std::chrono::duration_cast;
+    return QDateTime::fromMSecsSinceEpoch(
+        duration_cast<std::chrono::milliseconds>(time.time_since_epoch()).count());
+}
+
 QString pathToQt(const std::filesystem::path& path) {
     return QString::fromStdU16String(path.u16string());
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QDate>
+#include <QDateTime>
 #include <QString>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ namespace ui::qt {
 
 /// In the system's short form.
 [[nodiscard]] QString shortDate(const QDate& date);
+
+/// As a clock on the wall shows it, to the thousandth of a second.
+[[nodiscard]] QDateTime localTime(std::chrono::system_clock::time_point time);
 
 [[nodiscard]] QString pathToQt(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path pathFromQt(const QString& path);

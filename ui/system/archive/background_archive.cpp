@@ -5,11 +5,14 @@
 #include <QElapsedTimer>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <string>
+#include <thread>
 #include <utility>
 
 #ifdef __linux__
 #include <fcntl.h>
+#include <sched.h>
 #include <unistd.h>
 #endif
 
@@ -17,6 +20,17 @@ namespace ui::system {
 namespace {
 
 constexpr qint64 reportIntervalMs = 50;
+constexpr unsigned mostWorkers = 2; // a third one finds the disk busy
+
+// Those that this process may use.
+unsigned processors() {
+#ifdef __linux__
+    cpu_set_t set;
+    if (sched_getaffinity(0, sizeof set, &set) == 0)
+        return static_cast<unsigned>(CPU_COUNT(&set));
+#endif
+    return std::max(std::thread::hardware_concurrency(), 1U);
+}
 
 /// Passes progress on, not more often than a person can see it.
 class ThrottledProgress final : public ExtractionProgress {
@@ -62,13 +76,29 @@ BackgroundArchive::topLevelFiles(const std::filesystem::path& archive) {
 platform::Archive::Result BackgroundArchive::extract(const std::filesystem::path& archive,
                                                      std::string_view mask,
                                                      const std::filesystem::path& folder) {
+    return run(folder, [&, wanted = std::string(mask)](const auto& extractor, auto& progress) {
+        return extractor.extract(archive, wanted, folder, &progress);
+    });
+}
+
+platform::Archive::Result BackgroundArchive::extractChanged(const std::filesystem::path& archive,
+                                                            const std::filesystem::path& folder,
+                                                            const std::filesystem::path& installed) {
+    return run(folder, [&](const auto& extractor, auto& progress) {
+        return extractor.extractChanged(archive, folder, installed, &progress);
+    });
+}
+
+platform::Archive::Result BackgroundArchive::run(const std::filesystem::path& folder,
+                                                 const Extract& extract) {
     if (m_cancelled)
         return Result::cancelled;
     ThrottledProgress reports(m_cancelled,
                               [this](quint64 done, quint64 total) { emit progress(done, total); });
+    const ZipExtractor extractor({}, std::min(processors(), mostWorkers));
     Result result = Result::failed;
-    whileBusy([&, wanted = std::string(mask)] {
-        result = m_extractor.extract(archive, wanted, folder, &reports);
+    whileBusy([&] {
+        result = extract(extractor, reports);
         flush(folder);
     });
     return result;

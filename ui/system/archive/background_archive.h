@@ -10,8 +10,9 @@
 
 namespace ui::system {
 
-/// Unpacks on a thread of its own while the caller waits in an event loop, so that windows stay alive. What
-/// is extracted has reached the disk, where the system has a call for that.
+/// Unpacks on threads of its own, two where there are two processors, while the caller waits in an event
+/// loop, so that windows stay alive. What is extracted has reached the disk, where the system has a call for
+/// that.
 class BackgroundArchive final : public QObject, public platform::Archive {
     Q_OBJECT
 
@@ -19,6 +20,8 @@ public:
     std::optional<std::vector<std::string>> topLevelFiles(const std::filesystem::path& archive) override;
     Result extract(const std::filesystem::path& archive, std::string_view mask,
                    const std::filesystem::path& folder) override;
+    Result extractChanged(const std::filesystem::path& archive, const std::filesystem::path& folder,
+                          const std::filesystem::path& installed) override;
 
     [[nodiscard]] bool busy() const { return m_busy; }
 
@@ -30,9 +33,11 @@ signals:
     void progress(quint64 done, quint64 total);
 
 private:
+    using Extract = std::function<Result(const ZipExtractor& extractor, ExtractionProgress& progress)>;
+
+    Result run(const std::filesystem::path& folder, const Extract& extract);
     void whileBusy(const std::function<void()>& work);
 
-    ZipExtractor m_extractor;
     std::atomic<bool> m_cancelled = false;
     bool m_busy = false;
 };

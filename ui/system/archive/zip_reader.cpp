@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "base/text.h"
+#include "ui/system/archive/archive_file.h"
 
 #include <zip.h>
 
@@ -34,19 +35,16 @@ struct Names {
     }
 };
 
-zip_source_t* openSource(const std::filesystem::path& path, zip_error_t& error) {
-    constexpr zip_int64_t toTheEnd = -1;
-#ifdef _WIN32
-    return zip_source_win32w_create(path.c_str(), 0, toTheEnd, &error);
-#else
-    return zip_source_file_create(path.c_str(), 0, toTheEnd, &error);
-#endif
+ZipEntry::Packing packingOf(zip_uint16_t method) {
+    if (method == ZIP_CM_STORE)
+        return ZipEntry::Packing::stored;
+    return method == ZIP_CM_DEFLATE ? ZipEntry::Packing::deflated : ZipEntry::Packing::other;
 }
 
 zip_t* openArchive(const std::filesystem::path& path) {
     zip_error_t error;
     zip_error_init(&error);
-    auto* source = openSource(path, error);
+    auto* source = openArchiveFile(path, error);
     auto* archive = source != nullptr ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr;
     if (archive == nullptr && source != nullptr)
         zip_source_free(source);
@@ -56,8 +54,8 @@ zip_t* openArchive(const std::filesystem::path& path) {
 
 }
 
-ZipEntryReader::ZipEntryReader(zip& archive, const ZipEntry& entry)
-    : m_file(zip_fopen_index(&archive, entry.index, 0)) {}
+ZipEntryReader::ZipEntryReader(zip& archive, const ZipEntry& entry, Form form)
+    : m_file(zip_fopen_index(&archive, entry.index, form == Form::packed ? ZIP_FL_COMPRESSED : 0)) {}
 
 ZipEntryReader::State ZipEntryReader::read(std::span<std::byte> buffer, std::size_t& count) {
     const auto got = m_file ? zip_fread(m_file.get(), buffer.data(), buffer.size()) : -1;
@@ -81,18 +79,11 @@ std::uint64_t ZipReader::entryCount() const {
     return static_cast<std::uint64_t>(zip_get_num_entries(m_archive.get(), 0));
 }
 
-std::uint64_t ZipReader::sizeOf(std::uint64_t index) const {
-    zip_stat_t stat;
-    const bool known =
-        zip_stat_index(m_archive.get(), index, 0, &stat) == 0 && (stat.valid & ZIP_STAT_SIZE) != 0;
-    return known ? stat.size : 0;
-}
-
 std::uint64_t ZipReader::unpackedSize() const {
     constexpr auto most = std::numeric_limits<std::uint64_t>::max();
     std::uint64_t total = 0;
     for (std::uint64_t index = 0; index < entryCount(); ++index) {
-        const auto size = sizeOf(index);
+        const auto size = describe(index).size;
         total = size > most - total ? most : total + size;
     }
     return total;
@@ -113,18 +104,32 @@ bool ZipReader::isPlain(std::uint64_t index) const {
     return type == 0 || type == regularFile || type == folder;
 }
 
+ZipReader::Description ZipReader::describe(std::uint64_t index) const {
+    zip_stat_t stat;
+    if (zip_stat_index(m_archive.get(), index, 0, &stat) != 0)
+        return {};
+    const auto ifKnown = [&](zip_uint64_t part, auto value) {
+        return (stat.valid & part) != 0 ? std::optional(value) : std::nullopt;
+    };
+    const bool isOpen = stat.encryption_method == ZIP_EM_NONE;
+    return {.size = ifKnown(ZIP_STAT_SIZE, stat.size).value_or(0),
+            .packedSize = ifKnown(ZIP_STAT_COMP_SIZE, stat.comp_size).value_or(0),
+            .checkSum = ifKnown(ZIP_STAT_CRC, stat.crc),
+            .packing = isOpen ? packingOf(stat.comp_method) : ZipEntry::Packing::other,
+            .isOpen = isOpen,
+            .isCommon = packingOf(stat.comp_method) != ZipEntry::Packing::other};
+}
+
 std::vector<ZipListing> ZipReader::listing() const {
     std::vector<ZipListing> found;
     found.reserve(entryCount());
     for (std::uint64_t index = 0; index < entryCount(); ++index) {
         const auto* name = zip_get_name(m_archive.get(), index, ZIP_FL_ENC_GUESS);
-        zip_stat_t stat;
-        const bool known = zip_stat_index(m_archive.get(), index, 0, &stat) == 0;
-        found.push_back(
-            {.name = name != nullptr ? name : "",
-             .isPlain = isPlain(index),
-             .isOpen = !known || stat.encryption_method == ZIP_EM_NONE,
-             .isCommon = !known || stat.comp_method == ZIP_CM_STORE || stat.comp_method == ZIP_CM_DEFLATE});
+        const auto what = describe(index);
+        found.push_back({.name = name != nullptr ? name : "",
+                         .isPlain = isPlain(index),
+                         .isOpen = what.isOpen,
+                         .isCommon = what.isCommon});
     }
     return found;
 }
@@ -141,7 +146,8 @@ std::vector<ZipEntry> ZipReader::entries(std::string_view mask) const {
         const auto [place, isNew] = places.try_emplace(key, found.size());
         if (isNew)
             found.emplace_back();
-        found[place->second] = {index, sizeOf(index), *where};
+        const auto what = describe(index);
+        found[place->second] = {index, what.size, *where, what.packing, what.packedSize, what.checkSum};
     }
     return found;
 }

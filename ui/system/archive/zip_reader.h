@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -17,9 +18,14 @@ namespace ui::system {
 
 /// An entry that may be extracted.
 struct ZipEntry {
+    enum class Packing : std::uint8_t { stored, deflated, other }; ///< encrypted is other too
+
     std::uint64_t index = 0;
     std::uint64_t size = 0; ///< unpacked, as the archive says, which may be a lie
     EntryPath where;
+    Packing packing = Packing::other;
+    std::uint64_t packedSize = 0;            ///< as the archive says
+    std::optional<std::uint32_t> checkSum{}; ///< CRC-32 of the contents, as the archive says
 };
 
 /// What an archive says of an entry, whether it may be extracted or not.
@@ -35,7 +41,9 @@ class ZipEntryReader {
 public:
     enum class State { more, end, damaged };
 
-    ZipEntryReader(zip& archive, const ZipEntry& entry);
+    enum class Form { contents, packed };
+
+    ZipEntryReader(zip& archive, const ZipEntry& entry, Form form);
 
     /// Fills the front of the buffer; `count` tells how much of it. At the end of the entry its
     /// check sum has been compared.
@@ -74,17 +82,32 @@ public:
     /// folder too, in any letter case, and no more than so many folders.
     [[nodiscard]] bool isSound(std::uint64_t mostFolders) const;
 
-    [[nodiscard]] ZipEntryReader open(const ZipEntry& entry) const { return {*m_archive, entry}; }
+    [[nodiscard]] ZipEntryReader open(const ZipEntry& entry) const {
+        return {*m_archive, entry, ZipEntryReader::Form::contents};
+    }
+
+    /// Its bytes as they stand in the archive, of which nothing is checked.
+    [[nodiscard]] ZipEntryReader openPacked(const ZipEntry& entry) const {
+        return {*m_archive, entry, ZipEntryReader::Form::packed};
+    }
 
 private:
     struct Close {
         void operator()(zip* archive) const;
     };
 
-    [[nodiscard]] std::uint64_t sizeOf(std::uint64_t index) const;
+    struct Description {
+        std::uint64_t size = 0;
+        std::uint64_t packedSize = 0;
+        std::optional<std::uint32_t> checkSum{};
+        ZipEntry::Packing packing = ZipEntry::Packing::other;
+        bool isOpen = true;
+        bool isCommon = true;
+    };
+
+    [[nodiscard]] Description describe(std::uint64_t index) const;
     [[nodiscard]] bool isPlain(std::uint64_t index) const;
 
     std::unique_ptr<zip, Close> m_archive;
 };
-
 }

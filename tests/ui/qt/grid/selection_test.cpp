@@ -42,6 +42,18 @@ private:
     int m_rows;
 };
 
+TEST(Grid, ReadsOnlyRowsThatAreSeen) {
+    ui::qt::Grid grid("grid", "Grid", nullptr);
+    auto* model = new CountedModel(999'999);
+    grid.open(model);
+    grid.resize(400, 300);
+    (void)grid.grab();
+    grid.setCurrentIndex(model->index(999'998, 1));
+    (void)grid.grab();
+    EXPECT_GT(model->written, 0);
+    EXPECT_LT(model->written, 1000);
+}
+
 TEST(Selection, OfAllRowsAsksOnlyThoseThatAreSeen) {
     ui::qt::Grid grid("grid", "Grid", nullptr);
     auto* model = new CountedModel(999'999);

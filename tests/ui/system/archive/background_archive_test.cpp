@@ -5,12 +5,14 @@
 #include "ui/system/archive/background_archive.h"
 #include "ui/system/archive/zip_delivery.h"
 #include "ui/system/background_work.h"
+#include "ui/system/later_work.h"
 
 #include <QCoreApplication>
 #include <QTimer>
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <string>
 #include <thread>
 #include <vector>
@@ -79,6 +81,30 @@ TEST_F(BackgroundArchive, TwoUnpackingIntoFoldersOfTheirOwnDoNotDisturbEachOther
         EXPECT_EQ(results.at(i), Result::extracted);
         EXPECT_EQ(base::readFile(targets.at(i) / "b"), "bb");
     }
+}
+
+// Stopped, it is begun again; at its end, it is over.
+TEST(LaterWork, IsDoneInPiecesUntilItHasComeToItsEnd) {
+    std::atomic<int> begun = 0;
+    std::atomic<bool> isToEnd = false;
+    ui::system::LaterWork later;
+    later.start();
+    later.set([&](const std::stop_token& stop) {
+        ++begun;
+        while (!stop.stop_requested() && !isToEnd)
+            std::this_thread::yield();
+    });
+    EXPECT_EQ(begun, 0);
+    for (const int times : {1, 2}) {
+        later.start();
+        while (begun < times)
+            std::this_thread::yield();
+        if (times == 1)
+            later.stop();
+    }
+    later.start();
+    isToEnd = true;
+    EXPECT_EQ(begun, 2);
 }
 
 TEST_F(BackgroundArchive, DeliversACopyWhileEventsAreHandled) {
