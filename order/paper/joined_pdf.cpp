@@ -15,7 +15,10 @@ namespace order {
 
 class JoinedPdf::Document {
 public:
-    explicit Document(Wanted wanted) : m_wanted(std::move(wanted)) { m_pdf.emptyPDF(); }
+    explicit Document(Wanted wanted) : m_wanted(std::move(wanted)) {
+        m_pdf.setSuppressWarnings(true);
+        m_pdf.emptyPDF();
+    }
 
     bool add(std::string_view bytes, int leaveAtStart, int leaveAtEnd) {
         QPDF piece;
@@ -31,7 +34,7 @@ public:
         for (auto& page : pages)
             if (m_wanted(++m_pages))
                 QPDFPageDocumentHelper(m_pdf).addPage(page, false);
-        return true;
+        return !piece.anyWarnings() && !m_pdf.anyWarnings(); // else what is missing has been guessed
     }
 
     [[nodiscard]] int pages() const { return m_pages; }

@@ -20,8 +20,8 @@ public:
     ~JoinedPdf();
 
     /// Adds the pages but for so many at its beginning and at its end. False where that cannot be: for bytes
-    /// that are no PDF, for one without a page more, for pages that are shrunk more or less than those
-    /// before. Nothing can be added then.
+    /// that are no PDF or a damaged one, for one without a page more, for pages that are shrunk more or less
+    /// than those before. Nothing can be added then.
     [[nodiscard]] bool add(std::string_view pdf, int leaveAtStart, int leaveAtEnd);
 
     /// How many have been added, those included that nobody wanted.

@@ -48,7 +48,7 @@ std::string_view PaperPieces::between(std::size_t from, std::size_t to) const {
 PaperPiece PaperPieces::piece(std::size_t number) const {
     const auto from = m_cuts[number];
     const auto to = m_cuts[number + 1];
-    PaperPiece piece{{}, to - from, number > 0, to < sheets(), to};
+    PaperPiece piece{{}, to - from, to - from, number > 0, to < sheets(), to};
     if (piece.repeatsFirst)
         piece.text = between(0, 1);
     else

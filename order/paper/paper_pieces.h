@@ -10,7 +10,8 @@ namespace order {
 /// A part of an order's page that can be printed by itself.
 struct PaperPiece {
     std::string text;
-    std::size_t breaks;  ///< how often a new sheet begins in it
+    std::size_t breaks; ///< how often a new sheet begins in it
+    std::size_t ownSheets;
     bool repeatsFirst;   ///< begins with the page's first sheet, which an earlier piece has too
     bool hasEnd;         ///< ends with a sheet that is none of the page's
     std::size_t through; ///< up to which sheet the page is on paper with it, counted from 1
