@@ -2,6 +2,7 @@
 
 #include "base/errors.h"
 
+#include <exception>
 #include <utility>
 
 namespace ui::qt {
@@ -29,10 +30,18 @@ void OrderPaper::load(const std::filesystem::path& file, std::string_view bytes)
 
 void OrderPaper::makePdf(const QPageLayout& layout, const QPageRanges& ranges) {
     m_job = Job{layout, ranges, std::make_unique<order::JoinedPdf>(wantedOf(ranges))};
-    if (m_page && (isWhole() || m_number == 0))
-        whenReady();
-    else
-        openPiece(0);
+    attempt([this] { m_page && (isWhole() || m_number == 0) ? whenReady() : openPiece(0); });
+}
+
+// Nobody is there to catch what a slot throws, and who asks for a PDF hears of all failures in one way.
+void OrderPaper::attempt(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const base::FileError& error) {
+        giveUpFor(QString::fromUtf8(error.what()));
+    } catch (const std::exception&) { // its words are no person's
+        giveUp();
+    }
 }
 
 // What a page says comes once its own work is over, when it may be put away.
@@ -41,14 +50,14 @@ void OrderPaper::open(std::string_view bytes, PaperPage::Scripts scripts) {
     const auto on = [this, opened = ++m_opened](auto signal, auto slot) {
         const auto unlessPutAway = [this, opened, slot](const auto&... what) {
             if (opened == m_opened)
-                (this->*slot)(what...);
+                attempt([&] { (this->*slot)(what...); });
         };
         connect(m_page.get(), signal, this, unlessPutAway, Qt::QueuedConnection);
     };
     on(&PaperPage::loaded, &OrderPaper::whenLoaded);
     on(&PaperPage::surroundings, &OrderPaper::judge);
     on(&PaperPage::made, &OrderPaper::take);
-    on(&PaperPage::failed, &OrderPaper::failed);
+    on(&PaperPage::failed, &OrderPaper::giveUp);
     m_page->load(m_file, bytes);
 }
 
@@ -96,11 +105,9 @@ void OrderPaper::take(const QByteArray& pdf) {
 }
 
 void OrderPaper::join(const QByteArray& pdf) {
-    auto& joined = *m_job->joined;
-    const bool fits = joined.add({pdf.constData(), static_cast<std::size_t>(pdf.size())},
-                                 m_piece.repeatsFirst ? m_firstPages : 0, m_piece.hasEnd ? 1 : 0);
-    if (!fits)
+    if (!add(pdf))
         return openWhole();
+    auto& joined = *m_job->joined;
     if (m_number == 0)
         m_firstPages = joined.pages();
     if (m_number + 1 == m_pieces->count()) {
@@ -111,12 +118,30 @@ void OrderPaper::join(const QByteArray& pdf) {
     openPiece(m_number + 1);
 }
 
+// A sheet takes a page at least, wherever it is printed.
+bool OrderPaper::add(const QByteArray& pdf) {
+    auto& joined = *m_job->joined;
+    const int before = joined.pages();
+    return joined.add({pdf.constData(), static_cast<std::size_t>(pdf.size())},
+                      m_piece.repeatsFirst ? m_firstPages : 0, m_piece.hasEnd ? 1 : 0) &&
+           joined.pages() - before >= static_cast<int>(m_piece.ownSheets);
+}
+
 void OrderPaper::finish(const QByteArray& pdf) {
-    m_job.reset();
     if (pdf.isEmpty())
-        emit failed();
-    else
-        emit made(pdf);
+        return giveUp();
+    m_job.reset();
+    emit made(pdf);
+}
+
+void OrderPaper::giveUp() {
+    giveUpFor({});
+}
+
+void OrderPaper::giveUpFor(const QString& why) {
+    ++m_opened; // nothing more is heard of what is in work
+    m_job.reset();
+    emit failed(why);
 }
 
 }

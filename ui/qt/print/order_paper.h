@@ -4,6 +4,7 @@
 #include "order/paper/paper_pieces.h"
 #include "ui/qt/print/paper_page.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -23,7 +24,7 @@ public:
     /// does.
     void load(const std::filesystem::path& file, std::string_view bytes);
 
-    /// Once it is loaded, and once at a time.
+    /// Once it is loaded, and once at a time. Throws nothing: what goes wrong is told by `failed`.
     void makePdf(const QPageLayout& layout, const QPageRanges& ranges);
 
 signals:
@@ -34,8 +35,9 @@ signals:
 
     void made(const QByteArray& pdf);
 
-    /// The page could not be loaded or made, or the browser's process has died.
-    void failed();
+    /// The page could not be loaded or made, or the browser's process has died. Why is a sentence for the
+    /// user, or empty where nothing can be said. Nothing comes after it.
+    void failed(const QString& why);
 
 private:
     /// What is to be made, once that has been asked for.
@@ -47,6 +49,7 @@ private:
 
     [[nodiscard]] bool isWhole() const { return !m_pieces; }
 
+    void attempt(const std::function<void()>& step);
     void open(std::string_view bytes, PaperPage::Scripts scripts);
     void openPiece(std::size_t number);
     void openWhole();
@@ -55,7 +58,10 @@ private:
     void whenReady();
     void take(const QByteArray& pdf);
     void join(const QByteArray& pdf);
+    [[nodiscard]] bool add(const QByteArray& pdf);
     void finish(const QByteArray& pdf);
+    void giveUp();
+    void giveUpFor(const QString& why);
 
     pages::PageFiles m_files;
     std::filesystem::path m_file;

@@ -7,7 +7,6 @@
 #include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QLocale>
-#include <QPrintDialog>
 
 #include <utility>
 
@@ -45,6 +44,15 @@ void completeNamesWithoutReading(QPrintDialog& dialog) {
         model->setIconProvider(icons);
 }
 
+// Deaf to what a page has said before it was given up.
+template <typename Slot>
+auto unlessGivenUp(const OrderPaper& paper, Slot slot) {
+    return [paper = QPointer(&paper), slot = std::move(slot)](const auto&... what) {
+        if (paper)
+            slot(what...);
+    };
+}
+
 }
 
 OrderPrinter::OrderPrinter(pages::PageFiles pageFiles, platform::MessageBox& messages, Guard& guard,
@@ -80,10 +88,8 @@ void OrderPrinter::start(const std::filesystem::path& file, std::string_view byt
     connect(m_paper.get(), &OrderPaper::loaded, &m_timer2, qOverload<>(&QTimer::start));
     connect(m_paper.get(), &OrderPaper::progress, this,
             m_guard([this](int sheets, int of) { showProgress(sheets, of); }));
-    connect(m_paper.get(), &OrderPaper::failed, this, m_guard([this] {
-                end();
-                tell("The order could not be prepared for printing. Please try again.");
-            }),
+    connect(m_paper.get(), &OrderPaper::failed, this,
+            m_guard(unlessGivenUp(*m_paper, [this](const QString& why) { fail(why); })),
             Qt::QueuedConnection);
     m_paper->load(file, bytes);
     setBusy(true);
@@ -97,6 +103,7 @@ void OrderPrinter::ask() {
     setBusy(false);
     proposeFile(m_printer);
     auto* dialog = new QPrintDialog(&m_printer, windowInFront());
+    m_dialog = dialog;
     dialog->setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
                        QPrintDialog::PrintShowPageSize | QPrintDialog::PrintCollateCopies);
     completeNamesWithoutReading(*dialog);
@@ -114,7 +121,7 @@ void OrderPrinter::makePreview() {
 
 void OrderPrinter::makePdf(const QPageRanges& ranges, std::function<void(const QByteArray&)> then) {
     setBusy(true);
-    connect(m_paper.get(), &OrderPaper::made, this, m_guard(std::move(then)),
+    connect(m_paper.get(), &OrderPaper::made, this, m_guard(unlessGivenUp(*m_paper, std::move(then))),
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     m_paper->makePdf(m_printer.pageLayout(), ranges);
 }
@@ -171,6 +178,7 @@ void OrderPrinter::setBusy(bool busy) {
     m_progress->setObjectName("Printing");
     m_progress->setWindowTitle("Print order");
     m_progress->setMinimumDuration(longPreparationMs);
+    m_progress->setAutoReset(false); // it stays when counting is given up
     connect(m_progress, &QProgressDialog::canceled, this, m_guard([this] { end(); }));
     m_progress->setValue(0); // counts from now until it shows itself
 }
@@ -182,6 +190,11 @@ void OrderPrinter::showProgress(int sheets, int of) {
     m_progress->setLabelText(of == 0 ? preparing : preparing + page);
     m_progress->setMaximum(of);
     m_progress->setValue(sheets);
+}
+
+void OrderPrinter::fail(const QString& why) {
+    end();
+    tell(why.isEmpty() ? "The order could not be prepared for printing. Please try again." : why);
 }
 
 void OrderPrinter::tell(const QString& failure) {
@@ -196,10 +209,14 @@ void OrderPrinter::endUnlessPreviewed() {
         end();
 }
 
-// A preview goes with the page that it would print.
+// A preview goes with the page that it would print, and so does a dialog that asks where to.
 void OrderPrinter::end() {
     m_timer2.stop();
     m_paper.reset();
+    if (m_dialog && m_dialog->isVisible()) {
+        m_dialog->disconnect(this);
+        m_dialog->reject();
+    }
     if (m_preview) {
         m_preview->disconnect(this);
         m_preview->close();

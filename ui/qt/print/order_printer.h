@@ -6,6 +6,7 @@
 #include "ui/qt/widgets/guard.h"
 
 #include <QPointer>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QTimer>
@@ -65,6 +66,7 @@ private:
     void tellWhereTo();
     void setBusy(bool busy);
     void showProgress(int sheets, int of);
+    void fail(const QString& why);
     void tell(const QString& failure);
     void endUnlessPreviewed();
     void end();
@@ -76,6 +78,7 @@ private:
     QPrinter m_printer;
     QTimer m_timer2;                      // `Timer2`: prints once the event that loaded the page is over
     QPointer<QProgressDialog> m_progress; // while busy
+    QPointer<QPrintDialog> m_dialog;      // while it is open
     QPointer<PrintPreview> m_preview;     // while it is open
     std::unique_ptr<OrderPaper> m_paper;  // while an order is in work
     Step m_whenLoaded = nullptr;
