@@ -1,15 +1,19 @@
 #include "order/order_writer.h"
 #include "tests/support/test_folder.h"
 #include "ui/qt/print/order_paper.h"
+#include "ui/system/end_process.h"
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <tuple>
 
@@ -58,6 +62,22 @@ private:
     std::mt19937 m_random;
 };
 
+std::vector<int> childrenOf(const fs::path& process) {
+    std::vector<int> ids;
+    for (const auto& task : fs::directory_iterator(process / "task")) {
+        std::ifstream children(task.path() / "children");
+        ids.insert(ids.end(), std::istream_iterator<int>(children), {});
+    }
+    return ids;
+}
+
+// The processes of pages are children of one that makes them.
+void endPages() {
+    for (const int maker : childrenOf("/proc/self"))
+        for (const int page : childrenOf("/proc/" + std::to_string(maker)))
+            ui::system::endProcess(page);
+}
+
 class OrderPaperTest : public testing::Test {
 protected:
     fs::path folder = support::testFolder();
@@ -89,6 +109,19 @@ protected:
     QByteArray whole(const std::string& page, const QPageRanges& ranges = {}) {
         ui::qt::PaperPage paper(files, ui::qt::PaperPage::Scripts::on, nullptr);
         return made(paper, page, ranges);
+    }
+
+    // How making it ends, with this done once some of its sheets are on paper.
+    std::vector<std::string> endOf(const std::string& page, const std::function<void()>& meanwhile) {
+        ui::qt::OrderPaper paper(files, nullptr);
+        std::vector<std::string> ends;
+        QObject::connect(&paper, &ui::qt::OrderPaper::failed, &paper,
+                         [&](const QString& why) { ends.push_back("failed: " + why.toStdString()); });
+        QObject::connect(&paper, &ui::qt::OrderPaper::progress, &paper, meanwhile);
+        if (!made(paper, page).isEmpty())
+            ends.emplace_back("made");
+        QCoreApplication::processEvents();
+        return ends;
     }
 
     // `pieces` is 1 more than what came before the last, or 0 for a page that was made whole in the end.
@@ -222,6 +255,28 @@ TEST_F(OrderPaperTest, NothingIsLeftOfWhatIsGivenUp) {
     EXPECT_GT(sheetsDone, 0);
     EXPECT_LT(sheetsDone, 60);
     EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(OrderPaperTest, APageWhoseProcessDiesInTheMiddleFailsOnce) {
+    QTimer often;
+    QObject::connect(&often, &QTimer::timeout, endPages);
+    EXPECT_THAT(endOf(RandomOrder(9).page(60), [&] { often.start(10); }), testing::ElementsAre("failed: "));
+    EXPECT_TRUE(fs::is_empty(folder));
+}
+
+// Nobody is there to catch what is thrown in the middle. The last sheet is too long to be handed over from
+// memory.
+TEST_F(OrderPaperTest, ACopyThatCannotBeWrittenInTheMiddleIsToldInWords) {
+    fs::create_directories(folder / "Tmp.print.htm" / "in the way");
+    for (const char* style : {"", "body { column-count: 2 }"}) {
+        SCOPED_TRACE(style);
+        RandomOrder order(10);
+        order.style = style;
+        order.lastRow = "<!--" + std::string(700'000, 'x') + "-->";
+        EXPECT_THAT(endOf(order.page(30), [] {}),
+                    testing::ElementsAre(testing::AllOf(testing::StartsWith("failed: "),
+                                                        testing::HasSubstr("Tmp.print.htm"))));
+    }
 }
 
 }
