@@ -6,13 +6,17 @@
 #include "order/print_command.h"
 #include "pages/browse/page_files.h"
 #include "ui/document_rows.h"
-#include "ui/qt/print/paper_page.h"
+#include "ui/qt/browser/page_scripts.h"
+#include "ui/qt/print/order_paper.h"
 #include "ui/qt/print/pdf_output.h"
 #include "ui/qt/widgets/message_boxes.h"
 #include "ui/system/browser_start.h"
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineScriptCollection>
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -51,19 +55,37 @@ public:
     }
 
     void makePdf() {
-        ui::qt::PaperPage paper(pages::pageFilesOf(m_sample.session.folders), nullptr);
+        ui::qt::OrderPaper paper(pages::pageFilesOf(m_sample.session.folders), nullptr);
         QEventLoop loop;
-        QObject::connect(&paper, &ui::qt::PaperPage::loaded, &paper,
+        QObject::connect(&paper, &ui::qt::OrderPaper::loaded, &paper,
                          [&] { paper.makePdf(m_printer.pageLayout(), {}); });
-        QObject::connect(&paper, &ui::qt::PaperPage::failed, &loop, &QEventLoop::quit);
+        QObject::connect(&paper, &ui::qt::OrderPaper::failed, &loop, &QEventLoop::quit);
         QObject::connect(
-            &paper, &ui::qt::PaperPage::made, &paper,
+            &paper, &ui::qt::OrderPaper::made, &paper,
             [&](const QByteArray& pdf) {
                 m_pdf = pdf;
                 loop.quit();
             },
             Qt::QueuedConnection);
         paper.load(m_page.file, m_page.bytes);
+        loop.exec();
+    }
+
+    // The same page in one piece, by a browser that nothing confines.
+    void makeWhole() {
+        QWebEngineProfile profile;
+        profile.scripts()->insert(ui::qt::pageBreakScript());
+        QWebEnginePage page(&profile);
+        QEventLoop loop;
+        QObject::connect(&page, &QWebEnginePage::loadFinished, &loop, [&] {
+            page.printToPdf(
+                [&](const QByteArray& pdf) {
+                    m_pdf = pdf;
+                    loop.quit();
+                },
+                m_printer.pageLayout());
+        });
+        page.load(QUrl::fromLocalFile(QString::fromStdString(m_page.file.string())));
         loop.exec();
     }
 
@@ -97,17 +119,25 @@ void program(benchmark::State& state) {
     }
 }
 
-void browser(benchmark::State& state) {
-    Printing printing(state.range(0));
+void pdf(benchmark::State& state, std::int64_t lines, void (Printing::*make)()) {
+    Printing printing(lines);
     printing.writePage();
     for (auto _ : state)
-        printing.makePdf();
+        (printing.*make)();
     if (!printing.writePdf())
         state.SkipWithError("no PDF");
 }
 
 BENCHMARK(program)->Arg(1000)->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(browser)->Arg(1000)->UseRealTime()->Unit(benchmark::kMillisecond);
+#define PDF_BENCHMARK(name, lines, make)                                                                     \
+    BENCHMARK_CAPTURE(pdf, make, lines, &Printing::make)                                                     \
+        ->Name(name)                                                                                         \
+        ->UseRealTime()                                                                                      \
+        ->Unit(benchmark::kMillisecond)
+PDF_BENCHMARK("pdf/1000", 1000, makePdf);
+PDF_BENCHMARK("pdf/1000/browser", 1000, makeWhole);
+PDF_BENCHMARK("pdf/10000", 10'000, makePdf);
+PDF_BENCHMARK("pdf/10000/browser", 10'000, makeWhole);
 
 }
 

@@ -61,7 +61,7 @@ MarkedText takePageBreak(MarkedText& header, RenderGuard& guard) {
     if (at != MarkedText::npos) {
         auto pageHeader = header.substr(at + start.size());
         removeEvery(pageHeader, end, guard);
-        pageBreak = u"</table> <br style=\"page-break-before:always;\">" + pageHeader;
+        pageBreak = u"</table> " + MarkedText(sheetBreak.begin(), sheetBreak.end()) + pageHeader;
     }
     removeEvery(header, start, guard);
     removeEvery(header, end, guard);

@@ -13,6 +13,9 @@
 
 namespace order {
 
+/// What begins a new sheet in an order's page.
+inline constexpr std::string_view sheetBreak = "<br style=\"page-break-before:always;\">";
+
 /// "PrtOrd.ect" or "EmlOrd.ect"; with "_NT" where no tax is charged.
 [[nodiscard]] std::string_view orderTemplateName(OutputKind kind, bool chargesTax, TaxStatus status);
 

@@ -71,13 +71,12 @@ constexpr auto darkDesktop = R"JS(
 
 // A line break begins no page, whatever its style says; a block does.
 constexpr auto pageBreaks = R"JS(
-(function () {
-    document.querySelectorAll("br[style*='page-break']").forEach(function (mark) {
-        var block = document.createElement("div");
-        block.style.breakBefore = "page";
-        mark.replaceWith(block);
-    });
-})();
+window.pageBreaks = Array.from(document.querySelectorAll("br[style*='page-break']"), function (mark) {
+    var block = document.createElement("div");
+    block.style.breakBefore = "page";
+    mark.replaceWith(block);
+    return block;
+});
 )JS";
 
 QWebEngineScript scriptAtCreation(const QString& name, const QString& source) {

@@ -18,7 +18,8 @@ namespace ui::qt {
 [[nodiscard]] QWebEngineScript darkDesktopScript();
 
 /// Makes the mark that order pages carry, a line break with a "page-break" style, begin a new page on
-/// paper, which the browser alone passes over.
+/// paper, which the browser alone passes over. What has taken their place is `window.pageBreaks` then, in
+/// the scripts' own world.
 [[nodiscard]] QWebEngineScript pageBreakScript();
 
 }

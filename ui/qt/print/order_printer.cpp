@@ -7,13 +7,13 @@
 #include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QLocale>
-#include <QPrintDialog>
 
 #include <utility>
 
 namespace ui::qt {
 namespace {
 
+constexpr auto preparing = "Preparing the order for printing...";
 constexpr int longPreparationMs = 400;
 constexpr double marginMm = 12;
 
@@ -42,6 +42,15 @@ void completeNamesWithoutReading(QPrintDialog& dialog) {
     auto* icons = new KindIcons(&dialog);
     for (auto* model : dialog.findChildren<QFileSystemModel*>())
         model->setIconProvider(icons);
+}
+
+// Deaf to what a page has said before it was given up.
+template <typename Slot>
+auto unlessGivenUp(const OrderPaper& paper, Slot slot) {
+    return [paper = QPointer(&paper), slot = std::move(slot)](const auto&... what) {
+        if (paper)
+            slot(what...);
+    };
 }
 
 }
@@ -75,14 +84,14 @@ void OrderPrinter::start(const std::filesystem::path& file, std::string_view byt
         return showBusy();
     m_whenLoaded = whenLoaded;
     m_printer.setDocName(title);
-    m_page = std::make_unique<PaperPage>(m_pageFiles, this);
-    connect(m_page.get(), &PaperPage::loaded, &m_timer2, qOverload<>(&QTimer::start));
-    connect(m_page.get(), &PaperPage::failed, this, m_guard([this] {
-                end();
-                tell("The order could not be prepared for printing. Please try again.");
-            }),
+    m_paper = std::make_unique<OrderPaper>(m_pageFiles, this);
+    connect(m_paper.get(), &OrderPaper::loaded, &m_timer2, qOverload<>(&QTimer::start));
+    connect(m_paper.get(), &OrderPaper::progress, this,
+            m_guard([this](int sheets, int of) { showProgress(sheets, of); }));
+    connect(m_paper.get(), &OrderPaper::failed, this,
+            m_guard(unlessGivenUp(*m_paper, [this](const QString& why) { fail(why); })),
             Qt::QueuedConnection);
-    m_page->load(file, bytes);
+    m_paper->load(file, bytes);
     setBusy(true);
 }
 
@@ -94,6 +103,7 @@ void OrderPrinter::ask() {
     setBusy(false);
     proposeFile(m_printer);
     auto* dialog = new QPrintDialog(&m_printer, windowInFront());
+    m_dialog = dialog;
     dialog->setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange |
                        QPrintDialog::PrintShowPageSize | QPrintDialog::PrintCollateCopies);
     completeNamesWithoutReading(*dialog);
@@ -111,9 +121,9 @@ void OrderPrinter::makePreview() {
 
 void OrderPrinter::makePdf(const QPageRanges& ranges, std::function<void(const QByteArray&)> then) {
     setBusy(true);
-    connect(m_page.get(), &PaperPage::made, this, m_guard(std::move(then)),
+    connect(m_paper.get(), &OrderPaper::made, this, m_guard(unlessGivenUp(*m_paper, std::move(then))),
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-    m_page->makePdf(m_printer.pageLayout(), ranges);
+    m_paper->makePdf(m_printer.pageLayout(), ranges);
 }
 
 void OrderPrinter::showPreview(const QByteArray& pdf) {
@@ -164,12 +174,27 @@ void OrderPrinter::setBusy(bool busy) {
     }
     if (!busy)
         return;
-    m_progress = new QProgressDialog("Preparing the order for printing...", "Cancel", 0, 0, windowInFront());
+    m_progress = new QProgressDialog(preparing, "Cancel", 0, 0, windowInFront());
     m_progress->setObjectName("Printing");
     m_progress->setWindowTitle("Print order");
     m_progress->setMinimumDuration(longPreparationMs);
+    m_progress->setAutoReset(false); // it stays when counting is given up
     connect(m_progress, &QProgressDialog::canceled, this, m_guard([this] { end(); }));
     m_progress->setValue(0); // counts from now until it shows itself
+}
+
+void OrderPrinter::showProgress(int sheets, int of) {
+    if (!m_progress)
+        return;
+    const auto page = QString("\nPage %1 of %2").arg(sheets).arg(of);
+    m_progress->setLabelText(of == 0 ? preparing : preparing + page);
+    m_progress->setMaximum(of);
+    m_progress->setValue(sheets);
+}
+
+void OrderPrinter::fail(const QString& why) {
+    end();
+    tell(why.isEmpty() ? "The order could not be prepared for printing. Please try again." : why);
 }
 
 void OrderPrinter::tell(const QString& failure) {
@@ -184,10 +209,14 @@ void OrderPrinter::endUnlessPreviewed() {
         end();
 }
 
-// A preview goes with the page that it would print.
+// A preview goes with the page that it would print, and so does a dialog that asks where to.
 void OrderPrinter::end() {
     m_timer2.stop();
-    m_page.reset();
+    m_paper.reset();
+    if (m_dialog && m_dialog->isVisible()) {
+        m_dialog->disconnect(this);
+        m_dialog->reject();
+    }
     if (m_preview) {
         m_preview->disconnect(this);
         m_preview->close();

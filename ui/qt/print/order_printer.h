@@ -1,11 +1,12 @@
 #pragma once
 
 #include "platform/message_box.h"
-#include "ui/qt/print/paper_page.h"
+#include "ui/qt/print/order_paper.h"
 #include "ui/qt/print/print_preview.h"
 #include "ui/qt/widgets/guard.h"
 
 #include <QPointer>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QTimer>
@@ -64,6 +65,8 @@ private:
     void deliver(const QByteArray& pdf);
     void tellWhereTo();
     void setBusy(bool busy);
+    void showProgress(int sheets, int of);
+    void fail(const QString& why);
     void tell(const QString& failure);
     void endUnlessPreviewed();
     void end();
@@ -75,8 +78,9 @@ private:
     QPrinter m_printer;
     QTimer m_timer2;                      // `Timer2`: prints once the event that loaded the page is over
     QPointer<QProgressDialog> m_progress; // while busy
+    QPointer<QPrintDialog> m_dialog;      // while it is open
     QPointer<PrintPreview> m_preview;     // while it is open
-    std::unique_ptr<PaperPage> m_page;    // while an order is in work
+    std::unique_ptr<OrderPaper> m_paper;  // while an order is in work
     Step m_whenLoaded = nullptr;
     bool m_busy = false;
 };

@@ -7,6 +7,7 @@
 #include <QPageLayout>
 #include <QPageRanges>
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -23,17 +24,25 @@ class PaperPage final : public QObject {
     Q_OBJECT
 
 public:
-    PaperPage(pages::PageFiles files, QObject* parent);
+    /// Whether the page's own scripts run.
+    enum class Scripts { on, off };
+
+    PaperPage(pages::PageFiles files, Scripts scripts, QObject* parent);
     ~PaperPage() override;
 
     /// Loads bytes under the address of their file. Throws base::FileError as PageLoader does.
     void load(const std::filesystem::path& file, std::string_view bytes);
+
+    /// Once the page is loaded: asks in what surroundings its sheets stand, so many of which begin with a
+    /// break mark (see piece_check.h).
+    void askSurroundings(std::size_t breaks);
 
     /// Once the page is loaded, and once at a time.
     void makePdf(const QPageLayout& layout, const QPageRanges& ranges);
 
 signals:
     void loaded();
+    void surroundings(const QString& tags);
     void made(const QByteArray& pdf);
 
     /// The page could not be loaded or made, or the browser's process has died.
