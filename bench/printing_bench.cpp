@@ -1,10 +1,12 @@
 // Printing an order to a PDF: what the program does by itself (the rows' texts, the order page, the scratch
 // page, the PDF file), and what the browser does (loading the page, making the PDF). Needs a display or
 // QT_QPA_PLATFORM=offscreen.
+#include "bench/busy_watch.h"
 #include "bench/sample_catalog.h"
 #include "catalog/catalog.h"
 #include "order/print_command.h"
 #include "pages/browse/page_files.h"
+#include "tour/customer/process_memory.h"
 #include "ui/document_rows.h"
 #include "ui/qt/browser/page_scripts.h"
 #include "ui/qt/print/order_paper.h"
@@ -19,7 +21,10 @@
 #include <QWebEngineScriptCollection>
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -32,6 +37,26 @@ struct KeptPage final : order::PrintTarget {
 
     std::filesystem::path file;
     std::string bytes;
+};
+
+/// The most memory that the program and the browser's processes have taken at a time, looked at from a thread
+/// of its own so that the window's is not held up.
+class MostMemory {
+public:
+    [[nodiscard]] double mb() {
+        m_watching.request_stop();
+        m_watching.join();
+        return static_cast<double>(m_most) / 1024;
+    }
+
+private:
+    static constexpr std::chrono::milliseconds pause{200};
+
+    std::size_t m_most = 0;
+    std::jthread m_watching{[this](const std::stop_token& stop) {
+        for (; !stop.stop_requested(); std::this_thread::sleep_for(pause))
+            m_most = std::max(m_most, tour::total(tour::memoryByKind()));
+    }};
 };
 
 /// An order of so many lines of the sample's articles.
@@ -122,8 +147,12 @@ void program(benchmark::State& state) {
 void pdf(benchmark::State& state, std::int64_t lines, void (Printing::*make)()) {
     Printing printing(lines);
     printing.writePage();
+    MostMemory memory;
+    bench::BusyWatch busy;
     for (auto _ : state)
         (printing.*make)();
+    state.counters["frozen_ms"] = busy.longestMs();
+    state.counters["memory_mb"] = memory.mb();
     if (!printing.writePdf())
         state.SkipWithError("no PDF");
 }
