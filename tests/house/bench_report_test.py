@@ -23,7 +23,7 @@ def registered():
     """What the benchmarks' sources register, each up to its arguments."""
     text = "\n".join(path.read_text() for path in sorted((SOURCE / "bench").glob("*.cpp")))
     captured = ("/".join(names) for names in re.findall(r"BENCHMARK_CAPTURE\(\s*(\w+),\s*(\w+)", text))
-    return {*re.findall(r"BENCHMARK\(\s*(\w+)", text), *captured, *re.findall(r'"(\w{4,}[\w/ -]*)"', text)}
+    return {*re.findall(r"BENCHMARK\(\s*(\w+)", text), *captured, *re.findall(r'"(\w{3,}[\w/ -]*)"', text)}
 
 
 def sitting(ours, peer):
