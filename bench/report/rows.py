@@ -158,6 +158,8 @@ ROWS = (
         "groupList/20000", "groupList/20000/peer", "bare list", "50 ms", by="clock"),
     Row("row change to the loaded page", "browsing_bench",
         "rowChange", "rowChange/peer", "bare load", "1.0 x", by="clock"),
+    Row("a page, 30 keys a second being held", "browsing_bench",
+        "heldKey/30", "heldKey/30/peer", "bare view", "1.01 x", by="clock"),
     Row("a page, 200 keys a second being held", "browsing_bench",
         "heldKey/200", "heldKey/200/peer", "bare view", "1.0 x", by="clock"),
 
