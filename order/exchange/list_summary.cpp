@@ -51,7 +51,9 @@ std::string summaryOf(const ListSource& source, const OrderList& list, const tab
     auto text = "Read " + counted(list.lines.size(), "line", "lines") + " of " + source.name;
     if (!source.sheet.empty())
         text += ", sheet \"" + base::fromUtf8(source.sheet) + "\"";
-    text += source.isLoose ? "." : ": " + columnTexts(table, columns, !source.sheet.empty()) + ".";
+    if (!source.isLoose && table.count() > 0)
+        text += ": " + columnTexts(table, columns, !source.sheet.empty());
+    text += ".";
     if (list.passedOver > 0)
         text += " " + counted(list.passedOver, "row", "rows") + " without a quantity " +
                 (list.passedOver == 1 ? "was" : "were") + " passed over.";

@@ -35,6 +35,8 @@ struct Reading {
 };
 
 Reading readingOf(tables::TableFile file, const IsCode& isCode) {
+    if (file.tables.empty()) // of a spreadsheet without any text
+        file.tables.push_back({{}, std::make_unique<tables::DelimitedText>(std::string_view(), byLines)});
     Reading best{std::move(file)};
     for (std::size_t i = 0; i < best.file.tables.size(); ++i) {
         const auto columns = findListColumns(*best.file.tables[i].table, isCode);

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "order/exchange/order_list.h"
 #include "tests/support/test_folder.h"
+#include "tests/support/zip_builder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 const std::set<std::string, std::less<>> catalogue{"AB 12", "AB", "X-1", "X-2",      "00123",
                                                    "5",     "7",  "=A",  "M\xDCLLER"};
@@ -105,6 +107,17 @@ TEST(OrderList, ThousandsAreNotGuessed) {
         EXPECT_EQ(list.lines[0].quantity, quantity);
         EXPECT_EQ(list.lines[0].unclear, "");
     }
+}
+
+TEST(OrderList, OneWithoutAnyTextHasNothingInIt) {
+    const auto file = support::testFolder() / "list.ods";
+    for (const char* content : {"<c/>", "<c xmlns:table='t'><table:table table:name='A'/></c>"}) {
+        support::ZipBuilder().add("META-INF/manifest.xml", "<m/>").add("content.xml", content).writeTo(file);
+        const auto list = order::readOrderList(file, isCode);
+        EXPECT_THAT(list.lines, IsEmpty());
+        EXPECT_EQ(list.summary, "Read 0 lines of \"list.ods\".");
+    }
+    EXPECT_EQ(order::readOrderText("\n", isCode).summary, "Read 0 lines of the clipboard.");
 }
 
 TEST(OrderList, WhatIsNoListIsRefusedInASentence) {
