@@ -74,7 +74,9 @@ void Grid::open(GridModel* model) {
 }
 
 void Grid::fit() {
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    const auto height = fontMetrics().height() * 3 / 2;
+    if (verticalHeader()->defaultSectionSize() != height) // the header goes through all rows for it
+        verticalHeader()->setDefaultSectionSize(height);
     if (m_widths)
         m_widths->fit(viewport()->width());
 }
