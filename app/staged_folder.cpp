@@ -195,7 +195,7 @@ void StagedFolder::moveIn(std::string_view last) {
 // The supplier's folder itself may be a link to one elsewhere, and stays it. A folder in whose place none
 // stands is moved as a whole: with all that it holds it is one step for the disk.
 StagedFolder::Plan StagedFolder::plan(std::string_view last) const {
-    enum Rank { inFolder, lastInFolder, besideFolder };
+    enum Rank { ofFolder, lastOfFolder, besideIt };
 
     Plan plan;
     base::CaselessTree places(m_program);
@@ -211,9 +211,9 @@ StagedFolder::Plan StagedFolder::plan(std::string_view last) const {
         const bool isLast =
             base::equalIgnoringCase(base::textOf(relative), base::textOf(m_folder.filename() / last));
         plan.moves.push_back({it->path(), place.path, !isNew,
-                              isLast       ? lastInFolder
-                              : isInFolder ? inFolder
-                                           : besideFolder});
+                              isLast       ? lastOfFolder
+                              : isInFolder ? ofFolder
+                                           : besideIt});
         if (isNew)
             addWithContents(it->path(), place.path.lexically_relative(m_program), plan.added);
         if (it->is_directory())
