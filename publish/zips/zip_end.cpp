@@ -13,9 +13,14 @@ using namespace std::string_view_literals;
 // The end of a zip may be followed by a comment.
 constexpr std::streamoff longestEnd = 22 + 65535 + 20;
 
+// Three records in this order: the long end with its count, anywhere before the locator that says where it
+// is, and right behind that the end that every zip has.
+constexpr auto longEnd = "PK\x06\x06"sv;
+constexpr std::size_t countInLongEnd = 32;
 constexpr auto locator = "PK\x06\x07"sv;
 constexpr std::size_t placeInLocator = 8;
-constexpr std::uint64_t countInEnd = 32;
+constexpr std::size_t locatorSize = 20;
+constexpr auto shortEnd = "PK\x05\x06"sv;
 
 std::string bytesAt(std::ifstream& file, std::uint64_t offset, std::size_t count) {
     std::string bytes(count, '\0');
@@ -45,10 +50,15 @@ std::uint64_t claimedEntries(const std::filesystem::path& zip) {
         bytesAt(file, static_cast<std::uint64_t>(size - length), static_cast<std::size_t>(length));
     std::uint64_t most = 0;
     for (auto at = end.find(locator); at != std::string::npos; at = end.find(locator, at + 1)) {
-        const auto place =
-            numberIn(std::string_view(end).substr(at).substr(std::min(placeInLocator, end.size() - at)));
-        if (place < static_cast<std::uint64_t>(size))
-            most = std::max(most, numberIn(bytesAt(file, place + countInEnd, sizeof(most))));
+        const auto rest = std::string_view(end).substr(at);
+        if (rest.size() < locatorSize || !rest.substr(locatorSize).starts_with(shortEnd))
+            continue; // the bytes are part of some file
+        const auto place = numberIn(rest.substr(placeInLocator));
+        if (place >= static_cast<std::uint64_t>(size))
+            continue;
+        const auto found = bytesAt(file, place, countInLongEnd + sizeof(most));
+        if (found.size() > countInLongEnd && found.starts_with(longEnd))
+            most = std::max(most, numberIn(std::string_view(found).substr(countInLongEnd)));
     }
     return most;
 }
