@@ -6,15 +6,25 @@
 #include "ui/system/archive/zip_delivery.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace ui::qt {
 namespace {
 
 constexpr int retryMs = 10;
+
+// The style keeps a picture of each heading and box in every width it ever had. As many as are on a screen at
+// once take less than this.
+void limitKeptPictures() {
+    constexpr double kilobytes = 3072; // on a screen that is not scaled
+    const auto enough = kilobytes * qApp->devicePixelRatio() * qApp->devicePixelRatio();
+    QPixmapCache::setCacheLimit(std::min(QPixmapCache::cacheLimit(), static_cast<int>(enough)));
+}
 
 }
 
@@ -40,6 +50,7 @@ Program::Program(const Machine& machine)
 }
 
 void Program::start() {
+    limitKeptPictures();
     m_welcome.show();
 }
 
