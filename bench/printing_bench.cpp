@@ -55,7 +55,7 @@ private:
     std::size_t m_most = 0;
     std::jthread m_watching{[this](const std::stop_token& stop) {
         for (; !stop.stop_requested(); std::this_thread::sleep_for(pause))
-            m_most = std::max(m_most, tour::total(tour::memoryByKind()));
+            m_most = std::max(m_most, tour::total(tour::memoryByKind()).withoutFiles);
     }};
 };
 

@@ -80,39 +80,47 @@ public:
 
     void look() {
         m_kinds = tour::memoryByKind();
-        m_totals.push_back(static_cast<double>(tour::total(m_kinds)) / 1024);
+        const auto total = tour::total(m_kinds);
+        m_all.push_back(static_cast<double>(total.all) / 1024);
+        m_withoutFiles.push_back(static_cast<double>(total.withoutFiles) / 1024);
     }
 
-    [[nodiscard]] bool minuteIsFull() const { return m_totals.size() % looksAMinute == 0; }
+    [[nodiscard]] bool minuteIsFull() const { return m_all.size() % looksAMinute == 0; }
 
     void print(std::size_t actions) const {
-        std::printf("minute %zu: %zu actions, %.0f MB, at last (", minute(), actions,
-                    averageUntil(minute(), 1));
-        for (const auto& [kind, kilobytes] : m_kinds)
-            std::printf(" %s %zu", kind.c_str(), kilobytes / 1024);
+        std::printf("minute %zu: %zu actions, %.0f MB, without files %.0f MB, at last (", minute(), actions,
+                    averageUntil(m_all, minute(), 1), averageUntil(m_withoutFiles, minute(), 1));
+        for (const auto& [kind, memory] : m_kinds)
+            std::printf(" %s %zu", kind.c_str(), memory.withoutFiles / 1024);
         std::printf(" )\n");
         static_cast<void>(std::fflush(stdout));
     }
 
-    [[nodiscard]] std::size_t minute() const { return m_totals.size() / looksAMinute; }
+    [[nodiscard]] std::size_t minute() const { return m_all.size() / looksAMinute; }
 
     /// 0 in the first ten minutes.
-    [[nodiscard]] double growth() const {
-        return minute() <= warmUp ? 0 : averageUntil(minute(), 5) / averageUntil(warmUp, 5) - 1;
-    }
+    [[nodiscard]] double growth() const { return growthOf(m_all); }
+
+    [[nodiscard]] double growthWithoutFiles() const { return growthOf(m_withoutFiles); }
 
 private:
     static constexpr std::size_t warmUp = 10;
     static constexpr std::size_t looksAMinute = std::chrono::minutes(1) / interval;
 
-    [[nodiscard]] double averageUntil(std::size_t end, std::size_t minutes) const {
+    [[nodiscard]] double growthOf(const std::vector<double>& looks) const {
+        return minute() <= warmUp ? 0 : averageUntil(looks, minute(), 5) / averageUntil(looks, warmUp, 5) - 1;
+    }
+
+    [[nodiscard]] static double averageUntil(const std::vector<double>& looks, std::size_t end,
+                                             std::size_t minutes) {
         const auto count = static_cast<std::ptrdiff_t>(minutes * looksAMinute);
-        const auto last = m_totals.begin() + static_cast<std::ptrdiff_t>(end * looksAMinute);
+        const auto last = looks.begin() + static_cast<std::ptrdiff_t>(end * looksAMinute);
         return std::accumulate(last - count, last, 0.0) / static_cast<double>(count);
     }
 
-    std::map<std::string, std::size_t> m_kinds; // in KB, at the last look
-    std::vector<double> m_totals;               // in MB, one a look
+    std::map<std::string, tour::Memory> m_kinds; // at the last look
+    std::vector<double> m_all;                   // in MB, one a look
+    std::vector<double> m_withoutFiles;
 };
 
 bool endure(const Arguments& wanted) {
@@ -138,9 +146,11 @@ bool endure(const Arguments& wanted) {
     for (const auto& pause : heartbeat.pauses())
         std::printf("stood still for %lld ms while %s\n", static_cast<long long>(pause.length.count()),
                     pause.doing.c_str());
-    std::printf("%s after %zu minutes and %zu actions; %zu faults, longest pause %lld ms, memory %+.1f %%\n",
+    std::printf("%s after %zu minutes and %zu actions; %zu faults, longest pause %lld ms, memory %+.1f %% "
+                "(without files %+.1f %%)\n",
                 lasted ? "over" : "THE PROGRAM ENDED", ledger.minute(), customer.actions(), customer.faults(),
-                static_cast<long long>(heartbeat.longest().count()), ledger.growth() * 100);
+                static_cast<long long>(heartbeat.longest().count()), ledger.growth() * 100,
+                ledger.growthWithoutFiles() * 100);
     return lasted && customer.faults() == 0 && heartbeat.pauses().empty() && ledger.growth() <= mostGrowth;
 }
 

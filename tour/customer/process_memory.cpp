@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <numeric>
 #include <set>
 #include <sstream>
 #include <unistd.h>
@@ -74,31 +73,33 @@ std::string kindOf(int id) {
     return kind.substr(0, kind.find_first_of(std::string_view(" \0", 2)));
 }
 
-// Code that was read from the disk is left out: it stays in memory as long as there is room, and what is
-// shared of it changes with everything else that runs.
-std::size_t memoryOf(int id) {
+Memory memoryOf(int id) {
     std::istringstream lines(textOf("/proc/" + std::to_string(id) + "/smaps_rollup"));
-    std::size_t sum = 0;
+    Memory sum;
     for (std::string word; lines >> word;) {
         std::size_t kilobytes = 0;
-        if ((word == "Pss_Anon:" || word == "Pss_Shmem:") && lines >> kilobytes)
-            sum += kilobytes;
+        if (word == "Pss:" && lines >> kilobytes)
+            sum.all += kilobytes;
+        else if ((word == "Pss_Anon:" || word == "Pss_Shmem:") && lines >> kilobytes)
+            sum.withoutFiles += kilobytes;
     }
     return sum;
 }
 
 }
 
-std::map<std::string, std::size_t> memoryByKind() {
-    std::map<std::string, std::size_t> kinds;
+std::map<std::string, Memory> memoryByKind() {
+    std::map<std::string, Memory> kinds;
     for (const int id : family())
         kinds[kindOf(id)] += memoryOf(id);
     return kinds;
 }
 
-std::size_t total(const std::map<std::string, std::size_t>& byKind) {
-    return std::accumulate(byKind.begin(), byKind.end(), std::size_t{0},
-                           [](std::size_t sum, const auto& kind) { return sum + kind.second; });
+Memory total(const std::map<std::string, Memory>& byKind) {
+    Memory sum;
+    for (const auto& [kind, memory] : byKind)
+        sum += memory;
+    return sum;
 }
 
 }

@@ -6,11 +6,23 @@
 
 namespace tour {
 
-/// What this process and all that it has started have asked for of the memory, in KB, by the kind of process;
-/// what several share is counted in parts. Libraries' code, which the system drops when it needs room, does
-/// not count (Linux).
-[[nodiscard]] std::map<std::string, std::size_t> memoryByKind();
+/// In KB; what several processes share is counted in parts.
+struct Memory {
+    std::size_t all = 0;
+    /// Without what was read from files, code above all: that stays in memory as long as there is room, and
+    /// the part of it that counts here changes with everything else that runs.
+    std::size_t withoutFiles = 0;
 
-[[nodiscard]] std::size_t total(const std::map<std::string, std::size_t>& byKind);
+    Memory& operator+=(const Memory& other) {
+        all += other.all;
+        withoutFiles += other.withoutFiles;
+        return *this;
+    }
+};
+
+/// Of this process and all that it has started, by the kind of process (Linux).
+[[nodiscard]] std::map<std::string, Memory> memoryByKind();
+
+[[nodiscard]] Memory total(const std::map<std::string, Memory>& byKind);
 
 }
